@@ -1,0 +1,33 @@
+# What every target of the project is compiled with, and vexa_library(), by which each room of
+# src/ becomes one.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(vexa_settings INTERFACE)
+target_compile_options(vexa_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(VEXA_WARNINGS_AS_ERRORS)
+    target_compile_options(vexa_settings INTERFACE -Werror)
+endif()
+target_compile_definitions(vexa_settings INTERFACE
+    QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
+if(VEXA_SANITIZE)
+    target_compile_options(vexa_settings INTERFACE
+        -fsanitize=${VEXA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(vexa_settings INTERFACE -fsanitize=${VEXA_SANITIZE})
+endif()
+
+# vexa_library(NAME SOURCES file… [LINKS target…]): the static library vexa_NAME, alias vexa::NAME.
+# What a room may include is what it links.
+function(vexa_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+    add_library(vexa_${name} STATIC ${arg_SOURCES})
+    add_library(vexa::${name} ALIAS vexa_${name})
+    target_include_directories(vexa_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(vexa_${name} PUBLIC vexa_settings ${arg_LINKS})
+    if(arg_LINKS MATCHES "Qt6::")
+        set_target_properties(vexa_${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    endif()
+endfunction()

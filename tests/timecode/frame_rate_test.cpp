@@ -1,0 +1,36 @@
+#include "timecode/frame_rate.h"
+
+#include <gtest/gtest.h>
+
+using namespace vexa;
+
+struct RateCase {
+    std::uint64_t code;
+    const char* name;
+    double count;
+    double interval;
+    bool drop;
+};
+
+class FrameRateTable : public testing::TestWithParam<RateCase> {};
+
+TEST_P(FrameRateTable, GivesTheConstantsOfTheCode) {
+    const auto& expected = GetParam();
+    const auto& rate = frameRateForCode(expected.code);
+    EXPECT_EQ(rate.name, expected.name);
+    EXPECT_EQ(rate.frameCount, expected.count);
+    EXPECT_EQ(rate.frameInterval, expected.interval);
+    EXPECT_EQ(rate.dropFrame, expected.drop);
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, FrameRateTable,
+                         testing::Values(RateCase{0, "24 fps", 24.0, 1.0 / 24, false},
+                                         RateCase{1, "25 fps", 25.0, 1.0 / 25, false},
+                                         RateCase{2, "30 fps", 30.0, 1.0 / 30, false},
+                                         RateCase{3, "30 df", 30.0, 0.033366700033366704, true},
+                                         RateCase{4, "30 fps", 30.0, 1.0 / 30, false},
+                                         RateCase{UINT64_MAX, "30 fps", 30.0, 1.0 / 30, false}));
+
+TEST(FrameRate, TheDropFrameIntervalIsThatOf2997) {
+    EXPECT_DOUBLE_EQ(frameRateForCode(rate::fps30Drop).frameInterval, 1 / 29.97);
+}
