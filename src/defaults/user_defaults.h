@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace vexa {
+
+/// The settings that outlive a run, under the keys below, in an INI file below
+/// $XDG_CONFIG_HOME. Every write is on disk when the call returns; a file that cannot be read
+/// counts as empty, and one that cannot be written keeps what it held. Main thread only.
+namespace defaults {
+
+inline constexpr auto delayKey = "vexadelay";           ///< seconds, real
+inline constexpr auto frameRateKey = "vexadefaultrate"; ///< frame-rate code
+inline constexpr auto syncTypeKey = "vexadefaulttype";  ///< sync-type code
+inline constexpr auto pauseForReelKey = "vexapauseforreel";
+inline constexpr auto midiDestinationKey = "vexamididest"; ///< unique ID, signed 32 bits
+
+/// The value under a key as a number, or nothing when the key is absent. A present value that is
+/// no number counts as its leading number ("7 seconds" is 7), "true" and "yes" as 1, all else
+/// as 0.
+std::optional<double> number(const char* key);
+
+/// The same, truncated towards zero. Codes and IDs of either sign pass unharmed.
+std::optional<std::int64_t> integer(const char* key);
+
+void setReal(const char* key, double value);
+void setInteger(const char* key, std::int64_t value);
+void setBoolean(const char* key, bool value);
+
+} // namespace defaults
+} // namespace vexa

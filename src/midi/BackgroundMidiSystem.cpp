@@ -1,0 +1,182 @@
+#include "midi/BackgroundMidiSystem.h"
+
+#include "midi/port_list.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <future>
+#include <mutex>
+#include <thread>
+
+namespace vexa {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto openingTime = 2s;   // to reach a MIDI system at start-up
+constexpr auto answerTime = 250ms; // to read a list
+constexpr auto farewellTime = 1s;  // for the last messages
+constexpr auto maintenanceInterval = 2s;
+
+// An endpoint, the entity that holds nothing but it, and the device it stands for as the first
+// listed of its ports share one number and differ in these bits.
+constexpr MidiObjectRef entityBit = 0x40000000;
+constexpr MidiObjectRef deviceBit = 0x80000000;
+
+} // namespace
+
+/// The driver's thread and its tasks, which it does in order. Lives on as long as the thread
+/// does, which may be longer than the system that started it.
+class BackgroundMidiSystem::Worker : public std::enable_shared_from_this<Worker> {
+public:
+    using Task = std::function<void(MidiDriver&)>;
+
+    void start(std::function<std::unique_ptr<MidiDriver>()> makeDriver) {
+        std::thread([self = shared_from_this(), makeDriver = std::move(makeDriver)] {
+            self->run(makeDriver);
+        }).detach();
+    }
+
+    void post(Task task) {
+        {
+            const std::lock_guard lock{m_mutex};
+            m_tasks.push_back(std::move(task));
+        }
+        m_changed.notify_all();
+    }
+
+    /// Lets the thread end once its tasks are done, and waits a while for that.
+    void finish() {
+        std::unique_lock lock{m_mutex};
+        m_finishing = true;
+        m_changed.notify_all();
+        m_changed.wait_for(lock, farewellTime, [this] { return m_ended; });
+    }
+
+private:
+    void run(const std::function<std::unique_ptr<MidiDriver>()>& makeDriver) {
+        auto driver = makeDriver();
+        while (const auto task = next())
+            task(*driver);
+        driver.reset();
+        const std::lock_guard lock{m_mutex};
+        m_ended = true;
+        m_changed.notify_all();
+    }
+
+    /// No task: the end.
+    Task next() {
+        std::unique_lock lock{m_mutex};
+        const auto due = [this] { return !m_tasks.empty() || m_finishing; };
+        if (!m_changed.wait_for(lock, maintenanceInterval, due))
+            return [](MidiDriver& driver) { driver.maintain(); };
+        if (m_tasks.empty())
+            return {};
+        auto task = std::move(m_tasks.front());
+        m_tasks.pop_front();
+        return task;
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<Task> m_tasks;
+    bool m_finishing = false;
+    bool m_ended = false;
+};
+
+BackgroundMidiSystem::BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver)
+    : m_worker(std::make_shared<Worker>()) {
+    m_worker->start(std::move(makeDriver));
+    const auto opened = std::make_shared<std::promise<void>>();
+    m_worker->post([opened](MidiDriver&) { opened->set_value(); });
+    opened->get_future().wait_for(openingTime);
+}
+
+BackgroundMidiSystem::~BackgroundMidiSystem() { m_worker->finish(); }
+
+void BackgroundMidiSystem::readPorts() {
+    const auto answer = std::make_shared<std::promise<std::vector<MidiPort>>>();
+    m_worker->post([answer](MidiDriver& driver) { answer->set_value(driver.ports()); });
+    auto future = answer->get_future();
+    if (future.wait_for(answerTime) != std::future_status::ready)
+        return;
+
+    const auto ports = future.get();
+    const auto ids = uniqueIds(ports);
+    m_listed.clear();
+    for (std::size_t i = 0; i < ports.size(); ++i) {
+        const auto [known, isNew] =
+            m_refs.try_emplace(ids[i], static_cast<MidiObjectRef>(m_endpoints.size() + 1));
+        if (isNew)
+            m_endpoints.emplace_back();
+        m_endpoints[known->second - 1] = {ports[i], ids[i]};
+        m_listed.push_back(known->second);
+    }
+}
+
+const BackgroundMidiSystem::Endpoint* BackgroundMidiSystem::endpoint(MidiObjectRef object) const {
+    const auto number = object & ~(entityBit | deviceBit);
+    return number >= 1 && number <= m_endpoints.size() ? &m_endpoints[number - 1] : nullptr;
+}
+
+std::size_t BackgroundMidiSystem::numberOfDestinations() {
+    readPorts();
+    return m_listed.size();
+}
+
+MidiObjectRef BackgroundMidiSystem::destination(std::size_t position) {
+    return position < m_listed.size() ? m_listed[position] : 0;
+}
+
+std::optional<MidiObject> BackgroundMidiSystem::findByUniqueId(MidiUniqueId id) {
+    readPorts();
+    const auto known = m_refs.find(id);
+    if (known == m_refs.end() || std::ranges::find(m_listed, known->second) == m_listed.end())
+        return {};
+    return MidiObject{known->second, MidiObjectType::Destination};
+}
+
+std::optional<std::string> BackgroundMidiSystem::name(MidiObjectRef object) {
+    const auto* found = endpoint(object);
+    if (!found || (object & entityBit))
+        return {};
+    return object & deviceBit ? found->port.deviceName : found->port.name;
+}
+
+std::optional<MidiUniqueId> BackgroundMidiSystem::uniqueId(MidiObjectRef object) {
+    const auto* found = endpoint(object);
+    return found ? std::optional{found->id} : std::nullopt;
+}
+
+MidiObjectRef BackgroundMidiSystem::entityOfEndpoint(MidiObjectRef object) {
+    const auto* found = endpoint(object);
+    return found && !found->port.device.empty() ? object | entityBit : 0;
+}
+
+MidiObjectRef BackgroundMidiSystem::deviceOfEntity(MidiObjectRef entity) {
+    return entity & entityBit ? (entity & ~entityBit) | deviceBit : 0;
+}
+
+std::size_t BackgroundMidiSystem::numberOfEntities(MidiObjectRef device) {
+    const auto* found = endpoint(device);
+    if (!found || !(device & deviceBit))
+        return 0;
+    return static_cast<std::size_t>(std::ranges::count_if(m_listed, [&](MidiObjectRef listed) {
+        return endpoint(listed)->port.device == found->port.device;
+    }));
+}
+
+void BackgroundMidiSystem::send(MidiObjectRef destination, std::span<const std::uint8_t> message) {
+    const auto* found = endpoint(destination);
+    if (!found)
+        return;
+    m_worker->post([identity = found->port.identity,
+                    bytes = std::vector(message.begin(), message.end())](MidiDriver& driver) {
+        driver.send(identity, bytes);
+    });
+}
+
+} // namespace vexa

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "midi/MidiDriver.h"
+#include "midi/MidiSystem.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace vexa {
+
+/// A MIDI system whose driver runs on a thread of its own, so that no call waits on a device: a
+/// message is queued and the call returns. Reading the list asks the thread and, should it be
+/// held up, makes do with the last reading.
+class BackgroundMidiSystem final : public MidiSystem {
+public:
+    /// Makes the driver on the new thread.
+    explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
+
+    /// Leaves the queued messages a second to go out. What then still holds up the driver, such
+    /// as the system draining a device, no longer holds up the caller.
+    ~BackgroundMidiSystem() override;
+
+    std::size_t numberOfDestinations() override;
+    MidiObjectRef destination(std::size_t position) override;
+    std::optional<MidiObject> findByUniqueId(MidiUniqueId id) override;
+    std::optional<std::string> name(MidiObjectRef object) override;
+    std::optional<MidiUniqueId> uniqueId(MidiObjectRef object) override;
+    /// Neither ALSA nor JACK knows what is cabled to a port.
+    std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef) override {
+        return {};
+    }
+    MidiObjectRef entityOfEndpoint(MidiObjectRef endpoint) override;
+    MidiObjectRef deviceOfEntity(MidiObjectRef entity) override;
+    std::size_t numberOfEntities(MidiObjectRef device) override;
+    void send(MidiObjectRef destination, std::span<const std::uint8_t> message) override;
+
+private:
+    struct Endpoint {
+        MidiPort port;
+        MidiUniqueId id = 0;
+    };
+    class Worker;
+
+    void readPorts();
+    const Endpoint* endpoint(MidiObjectRef object) const;
+
+    std::shared_ptr<Worker> m_worker;
+    std::map<MidiUniqueId, MidiObjectRef> m_refs;
+    std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1
+    std::vector<MidiObjectRef> m_listed; ///< the destinations of the last reading
+};
+
+} // namespace vexa

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vexa {
+
+/// Names an object of the MIDI system while the program runs; 0 is none. The reference of a
+/// destination that is unplugged stays its own, and works again once it is back.
+using MidiObjectRef = std::uint32_t;
+
+/// Names a destination across launches, replugging and renumbering; 0 is none.
+using MidiUniqueId = std::int32_t;
+
+enum class MidiObjectType : std::uint32_t {
+    Device = 0x00,
+    Entity = 0x01,
+    Source = 0x02,
+    Destination = 0x03,
+    ExternalDevice = 0x10,
+    ExternalEntity = 0x11,
+    ExternalSource = 0x12,
+    ExternalDestination = 0x13,
+};
+
+struct MidiObject {
+    MidiObjectRef ref = 0;
+    MidiObjectType type = MidiObjectType::Destination;
+};
+
+/// What the program asks of a MIDI system, whichever it is. Objects form a tree: a device has
+/// entities, an entity has endpoints; an endpoint of a program has neither. A property or object
+/// that is absent, or a reference that names nothing, gives nothing, never an error. Called on
+/// one thread; no call waits on a device.
+class MidiSystem {
+public:
+    virtual ~MidiSystem() = default;
+
+    /// Reads the system anew. Positions stand for this reading until the next.
+    virtual std::size_t numberOfDestinations() = 0;
+    virtual MidiObjectRef destination(std::size_t position) = 0;
+    /// Finds only what is there now.
+    virtual std::optional<MidiObject> findByUniqueId(MidiUniqueId id) = 0;
+
+    virtual std::optional<std::string> name(MidiObjectRef object) = 0;
+    virtual std::optional<MidiUniqueId> uniqueId(MidiObjectRef object) = 0;
+    /// Unique IDs of what is cabled to an endpoint, signed 32 bits each, most significant byte
+    /// first.
+    virtual std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef object) = 0;
+    virtual MidiObjectRef entityOfEndpoint(MidiObjectRef endpoint) = 0;
+    virtual MidiObjectRef deviceOfEntity(MidiObjectRef entity) = 0;
+    virtual std::size_t numberOfEntities(MidiObjectRef device) = 0;
+
+    /// Takes one whole message and returns. Messages reach a destination in the order of the
+    /// calls; to one that is not there, they are lost.
+    virtual void send(MidiObjectRef destination, std::span<const std::uint8_t> message) = 0;
+};
+
+} // namespace vexa

@@ -1,0 +1,92 @@
+#include "midi/Vexa_MIDI_Manager.h"
+
+#include "defaults/user_defaults.h"
+#include "midi/device_messages.h"
+#include "midi/display_name.h"
+
+namespace vexa {
+
+namespace {
+MidiSystem* currentSystem = nullptr;
+std::unique_ptr<Vexa_MIDI_Manager> sharedManager;
+} // namespace
+
+void Vexa_MIDI_Manager::setMidiSystem(MidiSystem* system) {
+    sharedManager.reset();
+    currentSystem = system;
+}
+
+Vexa_MIDI_Manager& Vexa_MIDI_Manager::sharedMidiManager() {
+    if (!sharedManager) {
+        sharedManager.reset(new Vexa_MIDI_Manager(*currentSystem));
+        sharedManager->chooseDestination();
+    }
+    return *sharedManager;
+}
+
+void Vexa_MIDI_Manager::chooseDestination() {
+    if (readPrefs()) {
+        const auto remembered = m_system.findByUniqueId(m_destID);
+        if (remembered)
+            m_dest = remembered->ref;
+        sendStopMessage();
+        if (remembered)
+            return;
+    }
+    // Not written to the defaults: the remembered device is chosen again once it is back.
+    m_destID = 0;
+    if (m_system.numberOfDestinations() == 0)
+        return;
+    m_dest = m_system.destination(0);
+    m_destID = m_system.uniqueId(m_dest).value_or(0);
+}
+
+void Vexa_MIDI_Manager::sendSetupMessageStart(double start, std::uint64_t frameRate,
+                                              std::uint64_t type) {
+    const auto time = static_cast<PackedTimecode>(static_cast<std::uint64_t>(start));
+    sendMessage(setupMessage(time, frameRate, type));
+    sendMessage(startMessage(time));
+}
+
+void Vexa_MIDI_Manager::sendStopMessage() { sendMessage(stopMessage()); }
+
+void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes) {
+    m_system.send(m_dest, bytes);
+}
+
+std::vector<std::string> Vexa_MIDI_Manager::destinationList() {
+    std::vector<std::string> names(m_system.numberOfDestinations());
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = destinationName(m_system, m_system.destination(i));
+    return names;
+}
+
+void Vexa_MIDI_Manager::connectToDestinationAtIndex(std::int64_t index) {
+    const bool inList =
+        index >= 0 && static_cast<std::uint64_t>(index) <
+                          static_cast<std::uint64_t>(m_system.numberOfDestinations());
+    m_dest = inList ? m_system.destination(static_cast<std::size_t>(index)) : 0;
+    m_destID = m_system.uniqueId(m_dest).value_or(m_destID);
+    sendStopMessage();
+}
+
+std::int32_t Vexa_MIDI_Manager::indexOfDestination() {
+    const auto count = m_system.numberOfDestinations();
+    for (std::size_t i = 0; i < count; ++i)
+        if (m_system.uniqueId(m_system.destination(i)) == m_destID)
+            return static_cast<std::int32_t>(i);
+    return 0;
+}
+
+bool Vexa_MIDI_Manager::readPrefs() {
+    const auto stored = defaults::integer(defaults::midiDestinationKey);
+    if (stored)
+        m_destID = static_cast<MidiUniqueId>(*stored);
+    return stored.has_value();
+}
+
+void Vexa_MIDI_Manager::writePrefs() {
+    defaults::setInteger(defaults::midiDestinationKey, m_destID);
+}
+
+} // namespace vexa

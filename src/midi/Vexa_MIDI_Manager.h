@@ -1,0 +1,66 @@
+#pragma once
+
+#include "midi/MidiSystem.h"
+#include "timecode/timecode.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vexa {
+
+/// The link to the generator: builds its messages and sends them to the one chosen destination.
+/// No failure is ever reported: a message to a destination that is missing is lost. Main thread
+/// only.
+class Vexa_MIDI_Manager {
+public:
+    /// The MIDI system to use. The shared manager of an earlier system is forgotten with it; the
+    /// new one is made on first use. The system must outlive its use here.
+    static void setMidiSystem(MidiSystem* system);
+
+    /// Made on first use: takes up the remembered destination and stops the generator there, or
+    /// else takes the first destination there is. setMidiSystem() must have been called.
+    static Vexa_MIDI_Manager& sharedMidiManager();
+
+    /// Sends the setup message and, at once, the start message. start is a packed timecode.
+    void sendSetupMessageStart(double start, std::uint64_t frameRate, std::uint64_t type);
+    /// Sends nothing: the start message has gone out with the setup. Kept as the place for
+    /// devices that want a start of their own.
+    void sendStartMessage() {}
+    void sendStopMessage();
+    void sendMessage(std::span<const std::uint8_t> bytes);
+
+    /// A name for each destination, in the system's order; names may be empty or alike.
+    std::vector<std::string> destinationList();
+    /// Makes the destination at a position of that order the current one and stops the generator
+    /// there. A position outside the list leaves no destination and keeps destID().
+    void connectToDestinationAtIndex(std::int64_t index);
+    /// The position of destID(), or 0 when it is not among the destinations.
+    std::int32_t indexOfDestination();
+
+    /// Takes the remembered destID(). False, and nothing taken, when none was ever remembered.
+    bool readPrefs();
+    void writePrefs();
+
+    MidiObjectRef dest() const { return m_dest; }
+    void setDest(MidiObjectRef dest) { m_dest = dest; }
+    MidiUniqueId destID() const { return m_destID; }
+    void setDestID(MidiUniqueId id) { m_destID = id; }
+
+    static std::uint64_t bcdToHour(PackedTimecode value) { return unpack(value).hours; }
+    static std::uint64_t bcdToMinute(PackedTimecode value) { return unpack(value).minutes; }
+    static std::uint64_t bcdToSecond(PackedTimecode value) { return unpack(value).seconds; }
+    static std::uint64_t bcdToFrame(PackedTimecode value) { return unpack(value).frames; }
+
+private:
+    explicit Vexa_MIDI_Manager(MidiSystem& system) : m_system(system) {}
+    void chooseDestination();
+
+    MidiSystem& m_system;
+    MidiObjectRef m_dest = 0;
+    MidiUniqueId m_destID = 0;
+};
+
+} // namespace vexa

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "midi/MidiDriver.h"
+
+#include <alsa/asoundlib.h>
+
+#include <memory>
+
+namespace vexa {
+
+/// The ALSA sequencer of the Linux kernel.
+class AlsaMidiDriver final : public MidiDriver {
+public:
+    /// Whether this machine has a sequencer that can be opened.
+    static bool isAvailable();
+
+    std::vector<MidiPort> ports() override;
+    void send(const std::string& identity, std::span<const std::uint8_t> message) override;
+    void maintain() override;
+
+private:
+    struct Closer {
+        void operator()(snd_seq_t* sequencer) const { snd_seq_close(sequencer); }
+    };
+    using Sequencer = std::unique_ptr<snd_seq_t, Closer>;
+
+    /// A client of ours whose output port is subscribed to one destination. The subscription is
+    /// what opens a hardware port; the system ends it when the destination goes away.
+    struct Link {
+        Sequencer sequencer;
+        int port = -1;
+        std::string identity;
+        snd_seq_addr_t destination{};
+    };
+
+    static Sequencer open();
+    bool isLinked() const;
+    void linkTo(const std::string& identity);
+
+    Sequencer m_lister; ///< a client of its own: listing is open to it while no link is
+    Link m_link;
+};
+
+} // namespace vexa

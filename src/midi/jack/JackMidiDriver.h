@@ -1,0 +1,29 @@
+#pragma once
+
+#include "midi/MidiDriver.h"
+#include "midi/jack/JackSession.h"
+
+#include <memory>
+
+namespace vexa {
+
+/// A JACK server that somebody else has started. When it goes away and a new one comes, that one
+/// is joined.
+class JackMidiDriver final : public MidiDriver {
+public:
+    /// Whether a server answers now.
+    static bool isAvailable() { return JackSession::open() != nullptr; }
+
+    std::vector<MidiPort> ports() override;
+    void send(const std::string& identity, std::span<const std::uint8_t> message) override;
+    void maintain() override;
+
+private:
+    bool join();
+    bool connectTo(const std::string& identity);
+
+    std::unique_ptr<JackSession> m_session;
+    std::string m_identity; ///< of the port that messages last went to
+};
+
+} // namespace vexa

@@ -1,0 +1,112 @@
+#include "midi/jack/JackSession.h"
+
+#include "midi/MidiDriver.h"
+
+#include <jack/midiport.h>
+
+#include <chrono>
+
+namespace vexa {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t queueBytes = 65536;
+constexpr auto longestPeriod = 250ms;
+
+void ignoreMessage(const char*) {}
+
+} // namespace
+
+std::unique_ptr<JackSession> JackSession::open() {
+    jack_set_error_function(ignoreMessage);
+    jack_set_info_function(ignoreMessage);
+    auto* client = jack_client_open(midiClientName, JackNoStartServer, nullptr);
+    if (!client)
+        return nullptr;
+    std::unique_ptr<JackSession> session(new JackSession(client));
+    if (!session->m_output || jack_activate(client) != 0)
+        return nullptr;
+    return session;
+}
+
+JackSession::JackSession(jack_client_t* client)
+    : m_client(client),
+      m_output(jack_port_register(client, midiOutputPortName, JACK_DEFAULT_MIDI_TYPE,
+                                  JackPortIsOutput, 0)),
+      m_queue(jack_ringbuffer_create(queueBytes)) {
+    // Both callbacks run on threads of the server's choosing and may neither wait nor allocate.
+    jack_set_process_callback(
+        client,
+        [](jack_nframes_t frames, void* self) {
+            return static_cast<JackSession*>(self)->process(frames);
+        },
+        this);
+    jack_on_shutdown(
+        client, [](void* self) { static_cast<JackSession*>(self)->m_serverGone = true; }, this);
+}
+
+JackSession::~JackSession() {
+    awaitEmptyQueue();
+    jack_client_close(m_client);
+}
+
+int JackSession::process(jack_nframes_t frames) {
+    void* buffer = jack_port_get_buffer(m_output, frames);
+    jack_midi_clear_buffer(buffer);
+    std::uint8_t length = 0;
+    while (jack_ringbuffer_peek(m_queue.get(), reinterpret_cast<char*>(&length), 1) == 1) {
+        if (jack_ringbuffer_read_space(m_queue.get()) < 1u + length)
+            break;
+        auto* event = jack_midi_event_reserve(buffer, 0, length);
+        if (!event)
+            break; // the period is full: the rest goes with the next
+        jack_ringbuffer_read_advance(m_queue.get(), 1);
+        jack_ringbuffer_read(m_queue.get(), reinterpret_cast<char*>(event), length);
+    }
+    if (m_periodAwaited.exchange(false))
+        m_period.release();
+    return 0;
+}
+
+void JackSession::awaitPeriods(int count) {
+    while (count-- > 0 && isAlive()) {
+        m_periodAwaited = true;
+        if (!m_period.try_acquire_for(longestPeriod))
+            return;
+    }
+}
+
+void JackSession::awaitEmptyQueue() {
+    for (int periods = 0; periods < 8; ++periods) {
+        if (!isAlive() || jack_ringbuffer_read_space(m_queue.get()) == 0)
+            break;
+        awaitPeriods(1);
+    }
+    awaitPeriods(1); // what left the queue last is delivered when its period ends
+}
+
+void JackSession::connectTo(const std::string& portName) {
+    if (portName == m_connected && jack_port_connected_to(m_output, portName.c_str()))
+        return;
+    const auto* ours = jack_port_name(m_output);
+    if (portName != m_connected && !m_connected.empty()) {
+        awaitEmptyQueue();
+        jack_disconnect(m_client, ours, m_connected.c_str());
+    }
+    m_connected = portName;
+    jack_connect(m_client, ours, portName.c_str());
+    // A connection made during one period carries events from the next but one at the latest.
+    awaitPeriods(2);
+}
+
+void JackSession::write(std::span<const std::uint8_t> message) {
+    const auto length = static_cast<std::uint8_t>(message.size());
+    if (jack_ringbuffer_write_space(m_queue.get()) < 1u + length)
+        return;
+    jack_ringbuffer_write(m_queue.get(), reinterpret_cast<const char*>(&length), 1);
+    jack_ringbuffer_write(m_queue.get(), reinterpret_cast<const char*>(message.data()), length);
+}
+
+} // namespace vexa
