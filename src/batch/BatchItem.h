@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace vexa {
+
+/// The keys of an item's fields: in the list file, and as the identifiers of the table's columns.
+namespace item_key {
+inline const QString reel = QStringLiteral("vexareel");
+inline const QString title = QStringLiteral("vexatitle");
+inline const QString start = QStringLiteral("vexastart");
+inline const QString stop = QStringLiteral("vexastop");
+inline const QString rate = QStringLiteral("vexarate");
+inline const QString type = QStringLiteral("vexatype");
+inline const QString id = QStringLiteral("vexaid");
+} // namespace item_key
+
+/// One tape reel to stripe. No value is out of range: numbers come from files unchecked.
+struct BatchItem {
+    std::uint64_t reel = 0;
+    QString title;           ///< null when the item has none
+    std::uint64_t start = 0; ///< packed timecode in the low 32 bits
+    std::uint64_t stop = 0;  ///< packed timecode in the low 32 bits
+    std::uint64_t rate = 0;  ///< frame-rate code
+    std::uint64_t type = 0;  ///< sync-type code
+    std::uint64_t id = 0;    ///< unique among the items made since the program started
+
+    bool operator==(const BatchItem&) const = default;
+};
+
+/// Items are shared: the list, the selection and the undo records hold the same objects. While an
+/// item is in the list only the list changes it.
+using BatchItemRef = std::shared_ptr<BatchItem>;
+using BatchItems = std::vector<BatchItemRef>;
+
+/// The order of the list: reel, start, title, stop, id, each ascending. Titles compare literally,
+/// by UTF-16 code unit. Items that differ in none of these are equivalent.
+bool comesBefore(const BatchItemRef& a, const BatchItemRef& b);
+
+} // namespace vexa

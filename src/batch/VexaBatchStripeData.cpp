@@ -1,0 +1,171 @@
+#include "batch/VexaBatchStripeData.h"
+
+#include "timecode/frame_rate.h"
+#include "timecode/sync_type.h"
+#include "timecode/timecode.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+VexaBatchStripeData* shared = nullptr;
+
+BatchItemRef itemAt(const BatchItems& items, std::uint64_t row) {
+    return row < items.size() ? items[row] : nullptr;
+}
+
+std::uint64_t number(const BatchItemRef& item, std::uint64_t BatchItem::*field) {
+    return item ? (*item).*field : 0;
+}
+
+QString text(std::string_view latin1) {
+    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
+}
+
+} // namespace
+
+VexaBatchStripeData* VexaBatchStripeData::sharedBatchData() { return shared; }
+
+VexaBatchStripeData::VexaBatchStripeData(Vexa_RemoteAppDelegate* owner) : m_owner(owner) {
+    shared = this;
+}
+
+VexaBatchStripeData::~VexaBatchStripeData() {
+    if (shared == this)
+        shared = nullptr;
+}
+
+BatchItemRef VexaBatchStripeData::addItemWithReel(std::uint64_t reel, const QString& title,
+                                                  std::uint64_t start, std::uint64_t stop,
+                                                  std::uint64_t rate, std::uint64_t type) {
+    auto item =
+        std::make_shared<BatchItem>(BatchItem{reel, title, start, stop, rate, type, nextItemID()});
+    addItem(item);
+    return item;
+}
+
+void VexaBatchStripeData::addItem(const BatchItemRef& item) {
+    sortUnlessInOrder();
+    m_batchList.insert(std::ranges::upper_bound(m_batchList, item, comesBefore), item);
+}
+
+void VexaBatchStripeData::addItems(BatchItems items) {
+    sortUnlessInOrder();
+    std::ranges::stable_sort(items, comesBefore);
+    const auto oldSize = std::ssize(m_batchList);
+    std::ranges::move(items, std::back_inserter(m_batchList));
+    std::ranges::inplace_merge(m_batchList, m_batchList.begin() + oldSize, comesBefore);
+}
+
+void VexaBatchStripeData::removeItem(const BatchItemRef& item) {
+    // By a copy of the fields: the reference may be to a row that is removed.
+    std::erase_if(m_batchList, [fields = *item](const auto& other) { return *other == fields; });
+}
+
+BatchItems VexaBatchStripeData::deleteIndexedItems(const RowIndexes& rows) {
+    BatchItems deleted;
+    deleted.reserve(rows.size());
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+        if (*row < m_batchList.size())
+            deleted.push_back(std::move(m_batchList[*row]));
+    std::erase(m_batchList, nullptr);
+    return deleted;
+}
+
+void VexaBatchStripeData::replaceBatchList(BatchItems items) {
+    m_batchList = std::move(items);
+    m_knownInOrder = false;
+}
+
+void VexaBatchStripeData::sortUnlessInOrder() {
+    if (!m_knownInOrder && !std::ranges::is_sorted(m_batchList, comesBefore))
+        std::ranges::stable_sort(m_batchList, comesBefore);
+    m_knownInOrder = true;
+}
+
+void VexaBatchStripeData::setSelection(const RowIndexes& rows) {
+    m_selectedItems.clear();
+    for (const auto row : rows)
+        if (row < m_batchList.size())
+            m_selectedItems.push_back(m_batchList[row]);
+}
+
+BatchItemRef VexaBatchStripeData::firstItem() {
+    m_curItem = 0;
+    return itemAt(m_batchList, m_curItem);
+}
+
+BatchItemRef VexaBatchStripeData::nextItem() { return itemAt(m_batchList, ++m_curItem); }
+
+BatchItemRef VexaBatchStripeData::firstSelectedItem() {
+    m_curItem = 0;
+    return itemAt(m_selectedItems, m_curItem);
+}
+
+BatchItemRef VexaBatchStripeData::nextSelectedItem() {
+    return itemAt(m_selectedItems, ++m_curItem);
+}
+
+std::uint64_t VexaBatchStripeData::reelOfItem(const BatchItemRef& item) {
+    return number(item, &BatchItem::reel);
+}
+
+QString VexaBatchStripeData::titleOfItem(const BatchItemRef& item) {
+    return item ? item->title : QString();
+}
+
+std::uint64_t VexaBatchStripeData::startOfItem(const BatchItemRef& item) {
+    return number(item, &BatchItem::start);
+}
+
+std::uint64_t VexaBatchStripeData::stopOfItem(const BatchItemRef& item) {
+    return number(item, &BatchItem::stop);
+}
+
+std::uint64_t VexaBatchStripeData::rateOfItem(const BatchItemRef& item) {
+    return number(item, &BatchItem::rate);
+}
+
+std::uint64_t VexaBatchStripeData::typeOfItem(const BatchItemRef& item) {
+    return number(item, &BatchItem::type);
+}
+
+std::uint64_t VexaBatchStripeData::idOfItem(const BatchItemRef& item) {
+    return number(item, &BatchItem::id);
+}
+
+QString VexaBatchStripeData::objectValueForTableColumn(QStringView column, std::size_t row) const {
+    const BatchItem& item = *m_batchList[row];
+    if (column == item_key::start)
+        return timecodeStringFromBCDNumber(item.start);
+    if (column == item_key::stop)
+        return timecodeStringFromBCDNumber(item.stop);
+    if (column == item_key::rate)
+        return text(frameRateForCode(item.rate).name);
+    if (column == item_key::type)
+        return text(syncTypeName(item.type));
+    if (column == item_key::reel)
+        return QString::number(item.reel);
+    if (column == item_key::id)
+        return QString::number(item.id);
+    return column == item_key::title ? item.title : QString();
+}
+
+void VexaBatchStripeData::setObjectValue(const QString& value, QStringView column,
+                                         std::size_t row) {
+    if (column != item_key::title)
+        return;
+    m_batchList[row]->title = value;
+    m_knownInOrder = false;
+}
+
+QString VexaBatchStripeData::timecodeStringFromBCDNumber(std::uint64_t number) {
+    return text(timecodeText(unpack(static_cast<PackedTimecode>(number))));
+}
+
+} // namespace vexa

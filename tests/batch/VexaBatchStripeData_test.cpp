@@ -1,0 +1,380 @@
+#include "batch/VexaBatchStripeData.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <random>
+
+using namespace vexa;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+BatchItemRef item(std::uint64_t reel, const QString& title = {}, std::uint64_t id = 0) {
+    return std::make_shared<BatchItem>(BatchItem{reel, title, 0, 0, 0, 0, id});
+}
+
+class BatchList : public testing::Test {
+protected:
+    VexaBatchStripeData data{nullptr};
+    const BatchItemRef a = item(1, u"A"_qs);
+    const BatchItemRef b = item(2, u"B"_qs);
+    const BatchItemRef c = item(3, u"C"_qs);
+};
+
+TEST_F(BatchList, IsEmptyAtFirst) {
+    EXPECT_EQ(data.numItems(), 0u);
+    EXPECT_EQ(data.numSelectedItems(), 0u);
+    EXPECT_EQ(data.numberOfRowsInTableView(), 0u);
+    EXPECT_EQ(data.curItem(), 0u);
+    EXPECT_FALSE(data.areMoreItemsAvailable());
+    EXPECT_FALSE(data.areMoreSelectedItemsAvailable());
+    EXPECT_EQ(data.firstItem(), nullptr);
+    EXPECT_EQ(data.firstSelectedItem(), nullptr);
+}
+
+TEST_F(BatchList, NumbersTheItemsItMakesFromZero) {
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5)->id, 0u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5)->id, 1u);
+    EXPECT_EQ(data.nextItemID(), 2u);
+    EXPECT_EQ(data.nextItemID(), 3u);
+    data.setNextItemID(10);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5)->id, 10u);
+}
+
+TEST_F(BatchList, MakesAnItemOfTheSixValues) {
+    const auto made = data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5);
+    EXPECT_EQ(*made, (BatchItem{1, u"x"_qs, 2, 3, 4, 5, 0}));
+    EXPECT_THAT(data.batchList(), ElementsAre(made));
+}
+
+TEST_F(BatchList, ClearingOrReplacingDoesNotResetTheNumbers) {
+    data.addItemWithReel(1, {}, 0, 0, 0, 0);
+    data.clearBatchList();
+    EXPECT_EQ(data.numItems(), 0u);
+    EXPECT_EQ(data.addItemWithReel(1, {}, 0, 0, 0, 0)->id, 1u);
+    data.replaceBatchList({item(1, {}, 77)});
+    EXPECT_EQ(data.addItemWithReel(1, {}, 0, 0, 0, 0)->id, 2u);
+}
+
+TEST_F(BatchList, SortsWhatIsAdded) {
+    data.addItem(b);
+    data.addItem(a);
+    EXPECT_THAT(data.batchList(), ElementsAre(a, b));
+    data.addItems({c, item(0)});
+    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(0)), a, b, c));
+}
+
+TEST_F(BatchList, PutsANewItemAfterItsEquals) {
+    const auto first = item(1, u"x"_qs);
+    const auto second = item(1, u"x"_qs);
+    const auto third = item(1, u"x"_qs);
+    const auto fourth = item(1, u"x"_qs);
+    data.addItem(first);
+    data.addItems({second, third});
+    data.addItem(fourth);
+    EXPECT_THAT(data.batchList(), ElementsAre(first, second, third, fourth));
+}
+
+TEST_F(BatchList, KeepsTheOrderOfAReplacedListUntilTheNextAddition) {
+    data.replaceBatchList({c, a});
+    EXPECT_THAT(data.batchList(), ElementsAre(c, a));
+    data.addItem(b);
+    EXPECT_THAT(data.batchList(), ElementsAre(a, b, c));
+    data.setBatchList({b, a});
+    EXPECT_THAT(data.batchList(), ElementsAre(b, a));
+    data.addItems({});
+    EXPECT_THAT(data.batchList(), ElementsAre(a, b));
+}
+
+TEST_F(BatchList, ReplacingLeavesCursorAndSelectionAlone) {
+    data.addItems({a, b});
+    data.setSelection({1});
+    data.setCurItem(1);
+    data.replaceBatchList({});
+    EXPECT_EQ(data.numItems(), 0u);
+    EXPECT_EQ(data.curItem(), 1u);
+    EXPECT_THAT(data.selectedItems(), ElementsAre(b));
+}
+
+TEST_F(BatchList, RemovesEveryEqualItem) {
+    data.addItems({a, b, item(1, u"A"_qs), item(1, u"A"_qs, 1)});
+    data.removeItem(item(1, u"A"_qs));
+    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(1, u"A"_qs, 1)), b));
+    data.removeItem(c);
+    EXPECT_EQ(data.numItems(), 2u);
+}
+
+TEST_F(BatchList, RemovesByAReferenceIntoItself) {
+    data.addItems({item(1), item(1), item(2)});
+    data.removeItem(data.batchList()[0]);
+    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(2))));
+}
+
+TEST_F(BatchList, DeletesRowsAndReturnsThemHighestFirst) {
+    data.addItems({a, b, c});
+    const auto deleted = data.deleteIndexedItems({0, 2});
+    EXPECT_THAT(data.batchList(), ElementsAre(b));
+    EXPECT_THAT(deleted, ElementsAre(c, a));
+    data.addItems(deleted);
+    EXPECT_THAT(data.batchList(), ElementsAre(a, b, c));
+}
+
+TEST_F(BatchList, PassesOverRowsThatDoNotExist) {
+    data.addItems({a, b});
+    data.setSelection({1, 2, 99});
+    EXPECT_THAT(data.selectedItems(), ElementsAre(b));
+    EXPECT_THAT(data.deleteIndexedItems({0, 2, SIZE_MAX}), ElementsAre(a));
+    EXPECT_THAT(data.deleteIndexedItems({}), IsEmpty());
+    EXPECT_THAT(data.batchList(), ElementsAre(b));
+}
+
+TEST_F(BatchList, WalksItsItems) {
+    data.addItems({a, b, c});
+    EXPECT_EQ(data.firstItem(), a);
+    EXPECT_TRUE(data.areMoreItemsAvailable());
+    EXPECT_EQ(data.nextItem(), b);
+    EXPECT_TRUE(data.areMoreItemsAvailable());
+    EXPECT_EQ(data.nextItem(), c);
+    EXPECT_FALSE(data.areMoreItemsAvailable());
+    EXPECT_EQ(data.nextItem(), nullptr);
+    EXPECT_EQ(data.curItem(), 3u);
+    EXPECT_EQ(data.firstItem(), a);
+    EXPECT_EQ(data.curItem(), 0u);
+}
+
+TEST_F(BatchList, WalksTheSelectionWithTheSameCursor) {
+    data.addItems({a, b, c});
+    data.setSelection({2, 0});
+    EXPECT_EQ(data.numSelectedItems(), 2u);
+    data.setCurItem(2);
+    EXPECT_EQ(data.firstSelectedItem(), a);
+    EXPECT_EQ(data.curItem(), 0u);
+    EXPECT_TRUE(data.areMoreSelectedItemsAvailable());
+    EXPECT_EQ(data.nextSelectedItem(), c);
+    EXPECT_FALSE(data.areMoreSelectedItemsAvailable());
+    EXPECT_TRUE(data.areMoreItemsAvailable());
+    EXPECT_EQ(data.nextSelectedItem(), nullptr);
+    EXPECT_EQ(data.curItem(), 2u);
+}
+
+TEST_F(BatchList, SelectingNothingEmptiesTheSelection) {
+    data.addItems({a, b});
+    data.setSelection({0});
+    data.setSelection({});
+    EXPECT_EQ(data.numSelectedItems(), 0u);
+    EXPECT_EQ(data.firstSelectedItem(), nullptr);
+}
+
+TEST_F(BatchList, TheSelectionOutlivesChangesOfTheList) {
+    data.addItems({a, b});
+    data.setSelection({0, 1});
+    data.deleteIndexedItems({0});
+    EXPECT_THAT(data.selectedItems(), ElementsAre(a, b));
+    data.setSelectedItems({b});
+    EXPECT_THAT(data.selectedItems(), ElementsAre(b));
+}
+
+TEST_F(BatchList, ReadsTheFieldsOfAnItemAndNothingOfNone) {
+    const auto full = std::make_shared<BatchItem>(BatchItem{1, u"t"_qs, 2, 3, 4, 5, 6});
+    EXPECT_EQ(data.reelOfItem(full), 1u);
+    EXPECT_EQ(data.titleOfItem(full), u"t"_qs);
+    EXPECT_EQ(data.startOfItem(full), 2u);
+    EXPECT_EQ(data.stopOfItem(full), 3u);
+    EXPECT_EQ(data.rateOfItem(full), 4u);
+    EXPECT_EQ(data.typeOfItem(full), 5u);
+    EXPECT_EQ(data.idOfItem(full), 6u);
+    for (const auto read : {data.reelOfItem, data.startOfItem, data.stopOfItem, data.rateOfItem,
+                            data.typeOfItem, data.idOfItem})
+        EXPECT_EQ(read(nullptr), 0u);
+    EXPECT_TRUE(data.titleOfItem(nullptr).isNull());
+}
+
+struct Cell {
+    QString column;
+    BatchItem item;
+    QString text;
+};
+
+class BatchListCell : public testing::TestWithParam<Cell> {};
+
+TEST_P(BatchListCell, Shows) {
+    VexaBatchStripeData data(nullptr);
+    data.addItem(std::make_shared<BatchItem>(GetParam().item));
+    EXPECT_EQ(data.objectValueForTableColumn(GetParam().column, 0).toStdString(),
+              GetParam().text.toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    AllColumns, BatchListCell,
+    testing::Values(Cell{u"vexareel"_qs, {12345, {}, 0, 0, 0, 0, 0}, u"12345"_qs},
+                    Cell{u"vexatitle"_qs, {0, u"Überblick 1"_qs, 0, 0, 0, 0, 0}, u"Überblick 1"_qs},
+                    Cell{u"vexatitle"_qs, {}, {}},
+                    Cell{u"vexastart"_qs, {0, {}, 0x01020304, 9, 0, 0, 0}, u"01:02:03:04"_qs},
+                    Cell{u"vexastart"_qs, {}, u"00:00:00:00"_qs},
+                    Cell{u"vexastop"_qs, {0, {}, 9, 0x01020304, 0, 0, 0}, u"01:02:03:04"_qs},
+                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 0, 9, 0}, u"24 fps"_qs},
+                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 1, 9, 0}, u"25 fps"_qs},
+                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 2, 9, 0}, u"30 fps"_qs},
+                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 3, 9, 0}, u"30 df"_qs},
+                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 4, 9, 0}, u"30 fps"_qs},
+                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 0, 0}, u"MTC"_qs},
+                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 1, 0}, u"DTL"_qs},
+                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 2, 0}, u"FSK"_qs},
+                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 3, 0}, u"MTC"_qs},
+                    Cell{u"vexaid"_qs, {0, {}, 0, 0, 0, 0, 42}, u"42"_qs},
+                    Cell{u"other"_qs, {1, u"t"_qs, 1, 1, 1, 1, 1}, {}}));
+
+TEST_F(BatchList, WritesTimecodesWithoutGuardingAgainstOddFields) {
+    EXPECT_EQ(data.timecodeStringFromBCDNumber(0x64000000), u":0:00:00:00"_qs);
+    EXPECT_EQ(data.timecodeStringFromBCDNumber(0xFF000000FF), u"00:00:00:I5"_qs);
+}
+
+TEST_F(BatchList, EditsATitleWhereItIs) {
+    data.addItems({item(1, u"A"_qs), item(1, u"B"_qs)});
+    const auto edited = data.batchList()[0];
+    data.setObjectValue(u"Z"_qs, item_key::title, 0);
+    EXPECT_THAT(data.batchList()[0], edited);
+    EXPECT_EQ(edited->title, u"Z"_qs);
+    EXPECT_EQ(data.batchList()[1]->title, u"B"_qs);
+    data.addItem(item(1, u"C"_qs));
+    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(1, u"B"_qs)),
+                                              testing::Pointee(*item(1, u"C"_qs)), edited));
+}
+
+TEST_F(BatchList, EditsNothingButTitles) {
+    data.addItem(a);
+    const BatchItem before = *a;
+    for (const auto& column : {item_key::reel, item_key::start, item_key::stop, item_key::rate,
+                               item_key::type, item_key::id, u"other"_qs})
+        data.setObjectValue(u"5"_qs, column, 0);
+    EXPECT_EQ(*a, before);
+}
+
+TEST(SharedBatchData, IsTheInstanceMadeLast) {
+    EXPECT_EQ(VexaBatchStripeData::sharedBatchData(), nullptr);
+    std::optional<VexaBatchStripeData> first(std::in_place, nullptr);
+    EXPECT_EQ(VexaBatchStripeData::sharedBatchData(), &*first);
+    std::optional<VexaBatchStripeData> second(std::in_place, nullptr);
+    EXPECT_EQ(VexaBatchStripeData::sharedBatchData(), &*second);
+    first.reset();
+    EXPECT_EQ(VexaBatchStripeData::sharedBatchData(), &*second);
+    second.reset();
+    EXPECT_EQ(VexaBatchStripeData::sharedBatchData(), nullptr);
+}
+
+TEST(SharedBatchData, KnowsTheOwnerThatMadeIt) {
+    auto* const owner = reinterpret_cast<Vexa_RemoteAppDelegate*>(0x10);
+    VexaBatchStripeData data(owner);
+    EXPECT_EQ(data.owner(), owner);
+    data.setOwner(nullptr);
+    EXPECT_EQ(data.owner(), nullptr);
+}
+
+/// The list as the plainest code would keep it.
+struct PlainList {
+    BatchItems items;
+
+    void add(const BatchItems& more) {
+        items.insert(items.end(), more.begin(), more.end());
+        std::ranges::stable_sort(items, comesBefore);
+    }
+    void removeEqual(const BatchItem& fields) {
+        std::erase_if(items, [&](const auto& other) { return *other == fields; });
+    }
+    BatchItems deleteRows(const RowIndexes& rows) {
+        BatchItems deleted;
+        for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+            deleted.push_back(items[*row]);
+            items.erase(items.begin() + static_cast<std::ptrdiff_t>(*row));
+        }
+        return deleted;
+    }
+};
+
+class RandomEdits : public testing::TestWithParam<std::uint32_t> {
+protected:
+    std::size_t upTo(std::size_t most) {
+        return std::uniform_int_distribution<std::size_t>(0, most)(m_random);
+    }
+    /// Few different values, so that equal items are many.
+    BatchItemRef someItem() {
+        return std::make_shared<BatchItem>(
+            BatchItem{upTo(2), someTitle(), upTo(1), upTo(1), upTo(3), upTo(2), upTo(1)});
+    }
+    QString someTitle() { return QString(QChar(u'a' + static_cast<char16_t>(upTo(2)))); }
+    BatchItems someItems() {
+        BatchItems items(upTo(8));
+        std::ranges::generate(items, [this] { return someItem(); });
+        return items;
+    }
+    RowIndexes someRows(std::size_t size) {
+        RowIndexes rows;
+        for (std::size_t row = 0; row < size; ++row)
+            if (upTo(2) == 0)
+                rows.insert(row);
+        return rows;
+    }
+
+    std::mt19937 m_random{GetParam()};
+};
+
+TEST_P(RandomEdits, GiveTheSameObjectsInTheSameOrderAsPlainCode) {
+    VexaBatchStripeData data(nullptr);
+    PlainList plain;
+    BatchItems deleted;
+    for (int step = 0; step < 500; ++step) {
+        const auto size = plain.items.size();
+        switch (upTo(6)) {
+        case 0:
+        case 1: {
+            const auto item = size && upTo(3) == 0 ? plain.items[upTo(size - 1)] : someItem();
+            data.addItem(item);
+            plain.add({item});
+            break;
+        }
+        case 2: {
+            const auto items = someItems();
+            data.addItems(items);
+            plain.add(items);
+            break;
+        }
+        case 3: {
+            const auto item = size ? plain.items[upTo(size - 1)] : someItem();
+            data.removeItem(item);
+            plain.removeEqual(*item);
+            break;
+        }
+        case 4: {
+            const auto rows = someRows(size);
+            deleted = plain.deleteRows(rows);
+            ASSERT_EQ(data.deleteIndexedItems(rows), deleted) << "step " << step;
+            if (upTo(1)) {
+                data.addItems(deleted);
+                plain.add(deleted);
+            }
+            break;
+        }
+        case 5:
+            if (size) {
+                const auto title = someTitle();
+                data.setObjectValue(title, item_key::title, upTo(size - 1));
+            }
+            break;
+        default:
+            if (upTo(9) == 0) {
+                plain.items = someItems();
+                data.replaceBatchList(plain.items);
+            }
+        }
+        ASSERT_EQ(data.batchList(), plain.items) << "step " << step;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, testing::Range(1u, 41u));
+
+} // namespace
