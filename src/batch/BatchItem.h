@@ -8,6 +8,8 @@
 
 namespace vexa {
 
+class PropertyList;
+
 /// The keys of an item's fields: in the list file, and as the identifiers of the table's columns.
 namespace item_key {
 inline const QString reel = QStringLiteral("vexareel");
@@ -29,7 +31,12 @@ struct BatchItem {
     std::uint64_t type = 0;  ///< sync-type code
     std::uint64_t id = 0;    ///< unique among the items made since the program started
 
-    bool operator==(const BatchItem&) const = default;
+    /// The list file's element that the item was read from, kept only where the fields do not tell
+    /// all of it.
+    std::shared_ptr<const PropertyList> original = nullptr;
+
+    /// Equal fields and, where kept, equal originals.
+    bool operator==(const BatchItem& other) const;
 };
 
 /// Items are shared: the list, the selection and the undo records hold the same objects. While an

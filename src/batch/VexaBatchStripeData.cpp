@@ -1,5 +1,6 @@
 #include "batch/VexaBatchStripeData.h"
 
+#include "batch/batch_item_codec.h"
 #include "timecode/frame_rate.h"
 #include "timecode/sync_type.h"
 #include "timecode/timecode.h"
@@ -149,11 +150,7 @@ QString VexaBatchStripeData::objectValueForTableColumn(QStringView column, std::
         return text(frameRateForCode(item.rate).name);
     if (column == item_key::type)
         return text(syncTypeName(item.type));
-    if (column == item_key::reel)
-        return QString::number(item.reel);
-    if (column == item_key::id)
-        return QString::number(item.id);
-    return column == item_key::title ? item.title : QString();
+    return storedText(item, column);
 }
 
 void VexaBatchStripeData::setObjectValue(const QString& value, QStringView column,
