@@ -41,9 +41,9 @@ void Vexa_MIDI_Manager::chooseDestination() {
     m_destID = m_system.uniqueId(m_dest).value_or(0);
 }
 
-void Vexa_MIDI_Manager::sendSetupMessageStart(double start, std::uint64_t frameRate,
+void Vexa_MIDI_Manager::sendSetupMessageStart(std::uint64_t start, std::uint64_t frameRate,
                                               std::uint64_t type) {
-    const auto time = static_cast<PackedTimecode>(static_cast<std::uint64_t>(start));
+    const auto time = static_cast<PackedTimecode>(start);
     sendMessage(setupMessage(time, frameRate, type));
     sendMessage(startMessage(time));
 }

@@ -24,8 +24,9 @@ public:
     /// else takes the first destination there is. setMidiSystem() must have been called.
     static Vexa_MIDI_Manager& sharedMidiManager();
 
-    /// Sends the setup message and, at once, the start message. start is a packed timecode.
-    void sendSetupMessageStart(double start, std::uint64_t frameRate, std::uint64_t type);
+    /// Sends the setup message and, at once, the start message. start is a packed timecode; what
+    /// it holds above its 32 bits is cut off.
+    void sendSetupMessageStart(std::uint64_t start, std::uint64_t frameRate, std::uint64_t type);
     /// Sends nothing: the start message has gone out with the setup. Kept as the place for
     /// devices that want a start of their own.
     void sendStartMessage() {}

@@ -1,0 +1,56 @@
+#include "controls/KelGrayTextMatrix.h"
+
+#include "controls/gray_caption.h"
+
+#include <QAbstractButton>
+#include <QVariant>
+
+#include <limits>
+
+namespace vexa {
+
+KelGrayTextMatrix::KelGrayTextMatrix(QWidget* parent) : QWidget(parent) {
+    connect(&m_cells, &QButtonGroup::idClicked, this, &KelGrayTextMatrix::action);
+}
+
+void KelGrayTextMatrix::awakeFromNib() {
+    for (auto* cell : findChildren<QAbstractButton*>()) {
+        const auto tag = cell->property("tag");
+        if (!tag.isValid())
+            continue;
+        m_cells.addButton(cell, tag.toInt());
+        if (!cell->property("transparent").toBool())
+            setGrayCaption(*cell);
+    }
+}
+
+QAbstractButton* KelGrayTextMatrix::cellWithTag(std::uint64_t tag) const {
+    // Any code may come in as a tag; cells are numbered by int, and -1 would mean "unnumbered".
+    return tag <= std::numeric_limits<int>::max() ? m_cells.button(static_cast<int>(tag)) : nullptr;
+}
+
+void KelGrayTextMatrix::selectCellWithTag(std::uint64_t tag) {
+    if (auto* cell = cellWithTag(tag))
+        cell->setChecked(true);
+}
+
+std::uint64_t KelGrayTextMatrix::selectedTag() const {
+    const int id = m_cells.checkedId();
+    return id >= 0 ? static_cast<std::uint64_t>(id) : 0;
+}
+
+void KelGrayTextMatrix::switchSelectedCellOff() {
+    auto* cell = m_cells.checkedButton();
+    if (!cell)
+        return;
+    m_cells.setExclusive(false); // an exclusive group does not let go of its last button
+    cell->setChecked(false);
+    m_cells.setExclusive(true);
+}
+
+void KelGrayTextMatrix::setCellEnabled(std::uint64_t tag, bool enabled) {
+    if (auto* cell = cellWithTag(tag))
+        cell->setEnabled(enabled);
+}
+
+} // namespace vexa

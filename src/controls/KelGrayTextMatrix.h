@@ -1,0 +1,38 @@
+#pragma once
+
+#include "engine/outlets.h"
+
+#include <QButtonGroup>
+#include <QWidget>
+
+namespace vexa {
+
+/// A group of buttons of which one is on, with gray captions. Its cells are the buttons inside it
+/// that have a "tag" property; one with a true "transparent" property keeps its colour.
+class KelGrayTextMatrix : public QWidget, public RadioMatrix {
+    Q_OBJECT
+
+public:
+    explicit KelGrayTextMatrix(QWidget* parent = nullptr);
+
+    /// Call once, when the window description has been loaded.
+    void awakeFromNib();
+
+    void selectCellWithTag(std::uint64_t tag) override;
+    std::uint64_t selectedTag() const override;
+    void switchSelectedCellOff() override;
+    void setMatrixEnabled(bool enabled) override { setEnabled(enabled); }
+    void setCellEnabled(std::uint64_t tag, bool enabled) override;
+
+    /// Null when there is no such cell.
+    QAbstractButton* cellWithTag(std::uint64_t tag) const;
+
+Q_SIGNALS:
+    /// The operator chose a cell, perhaps the one that was on already.
+    void action();
+
+private:
+    QButtonGroup m_cells;
+};
+
+} // namespace vexa

@@ -1,0 +1,89 @@
+#include "controls/TransportButton.h"
+
+#include "engine/transport_state.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace vexa {
+
+namespace {
+
+/// The sign in a square of side 1 around the origin.
+QPainterPath sign(std::uint64_t tag) {
+    QPainterPath path;
+    switch (tag) {
+    case transport::playing:
+        path.addPolygon(QPolygonF{{{-0.40, -0.5}, {0.5, 0}, {-0.40, 0.5}}});
+        path.closeSubpath();
+        break;
+    case transport::paused:
+        path.addRect(-0.42, -0.45, 0.28, 0.9);
+        path.addRect(0.14, -0.45, 0.28, 0.9);
+        break;
+    default:
+        path.addRect(-0.43, -0.43, 0.86, 0.86);
+    }
+    return path;
+}
+
+QColor signColor(std::uint64_t tag, bool on) {
+    if (!on)
+        return {0x50, 0x55, 0x58};
+    switch (tag) {
+    case transport::playing:
+        return {0x31, 0xdf, 0x1a};
+    case transport::paused:
+        return {0xff, 0xb3, 0x2e};
+    default:
+        return {0xf2, 0xf4, 0xf5};
+    }
+}
+
+} // namespace
+
+TransportButton::TransportButton(QWidget* parent) : QPushButton(parent) {
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QSize TransportButton::sizeHint() const { return {64, 52}; }
+
+void TransportButton::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+        focusNextPrevChild(false);
+        return;
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        focusNextPrevChild(true);
+        return;
+    default:
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+void TransportButton::paintEvent(QPaintEvent*) {
+    const auto tag = property("tag").toULongLong();
+    const bool on = isChecked();
+    const QColor ground = on ? QColor(0x2a, 0x2e, 0x30) : QColor(0xf1, 0xf2, 0xf3);
+    const QColor edge = hasFocus() ? QColor(0x2f, 0x80, 0xd0) : QColor(0xb4, 0xb9, 0xbc);
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(isDown() ? ground.darker(115) : underMouse() && !on ? Qt::white : ground);
+    painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);
+
+    const qreal side = 0.38 * std::min(width(), height());
+    painter.translate(QRectF(rect()).center());
+    painter.scale(side, side);
+    painter.fillPath(sign(tag), signColor(tag, on));
+}
+
+} // namespace vexa

@@ -1,0 +1,243 @@
+#include "controls/VexaTimecodeButton.h"
+
+#include "controls/timecode_well.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vexa {
+
+namespace {
+
+constexpr char16_t backspace = 0x08;
+constexpr char16_t deleteKey = 0x7F;
+constexpr char16_t enter = 0x03;
+constexpr char16_t tab = 0x09;
+constexpr char16_t carriageReturn = 0x0D;
+
+QString colonSeparated(const std::array<char16_t, 8>& digits) {
+    QString text;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i != 0 && i % 2 == 0)
+            text += QLatin1Char(':');
+        text += QChar(digits[i]);
+    }
+    return text;
+}
+
+} // namespace
+
+VexaTimecodeButton::VexaTimecodeButton(QWidget* parent) : KelGrayTextButton(parent) {
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setTitleFromTimeFields();
+    initInputBuffer();
+}
+
+void VexaTimecodeButton::awakeFromNib() {
+    m_normalColor = QColor::fromRgbF(0.541F, 0.541F, 0.541F);
+    m_hiliteColor = QColor::fromRgbF(0.192F, 0.875F, 0.102F);
+    setChecked(false);
+    initInputBuffer();
+    m_firstKey = true;
+}
+
+void VexaTimecodeButton::setState(int state) {
+    if (!isEnabled()) {
+        setChecked(state != 0);
+    } else if (state != 0) {
+        setChecked(true);
+        m_firstKey = true;
+        initInputBuffer();
+    } else if (validate()) {
+        setChecked(false);
+        setTitleFromTimeFields();
+        initInputBuffer();
+        owner()->timeChanged(*this);
+        m_firstKey = true;
+    }
+}
+
+void VexaTimecodeButton::nextCheckState() { setState(isChecked() ? 0 : 1); }
+
+void VexaTimecodeButton::checkStateSet() {
+    QPushButton::checkStateSet();
+    refresh();
+}
+
+bool VexaTimecodeButton::handleKey(const QString& characters) {
+    if (characters.size() != 1)
+        return false;
+    const auto character = characters.front().unicode();
+    switch (character) {
+    case backspace:
+    case deleteKey:
+        beginTyping();
+        return handleDelete();
+    case enter:
+    case tab:
+    case carriageReturn:
+        return validateAndResign();
+    default:
+        if (character < u'0' || character > u'9')
+            return false;
+        beginTyping();
+        return handleDigit(characters.front());
+    }
+}
+
+void VexaTimecodeButton::beginTyping() {
+    if (m_firstKey)
+        clearInputBuffer();
+    m_firstKey = false;
+}
+
+bool VexaTimecodeButton::handleDigit(QChar digit) {
+    std::shift_left(m_inputBuffer.begin(), m_inputBuffer.end(), 1);
+    m_inputBuffer.back() = digit.unicode();
+    displayInput();
+    return true;
+}
+
+bool VexaTimecodeButton::handleDelete() {
+    std::shift_right(m_inputBuffer.begin(), m_inputBuffer.end(), 1);
+    m_inputBuffer.front() = u'0';
+    displayInput();
+    return true;
+}
+
+void VexaTimecodeButton::paste() {
+    const auto text = QApplication::clipboard()->text().trimmed();
+    if (!timecodeFromText(text.toStdString()))
+        return;
+    beginTyping();
+    for (const QChar character : text)
+        if (character != QLatin1Char(':'))
+            handleDigit(character);
+}
+
+bool VexaTimecodeButton::validate() {
+    const auto pair = [this](std::size_t first) {
+        return 10u * (m_inputBuffer[first] - u'0') + (m_inputBuffer[first + 1] - u'0');
+    };
+    auto& time = timeFields();
+    const auto& rate = frameRateForCode(owner()->frameRate());
+    // Deliberately written as it goes: what a rejected entry held is what the fields hold.
+    if ((time.hours = pair(0)) > 23 || (time.minutes = pair(2)) > 59 ||
+        (time.seconds = pair(4)) > 59)
+        return false;
+    time.frames = pair(6);
+    return isValid(time, rate);
+}
+
+bool VexaTimecodeButton::validateAndResign() {
+    if (!validate())
+        return false;
+    setTitleFromTimeFields();
+    setState(0);
+    initInputBuffer();
+    owner()->timeChanged(*this);
+    return true;
+}
+
+void VexaTimecodeButton::clearInputBuffer() { m_inputBuffer.fill(u'0'); }
+
+void VexaTimecodeButton::initInputBuffer() {
+    const auto& time = timeFields();
+    std::size_t i = 0;
+    for (const auto field : {time.hours, time.minutes, time.seconds, time.frames}) {
+        m_inputBuffer[i++] = static_cast<char16_t>(u'0' + field / 10);
+        m_inputBuffer[i++] = static_cast<char16_t>(u'0' + field % 10);
+    }
+}
+
+void VexaTimecodeButton::displayInput() {
+    m_alternateTitle = colonSeparated(m_inputBuffer);
+    refresh();
+}
+
+void VexaTimecodeButton::setTitleFromTimeFields() {
+    m_title = QString::fromStdString(timecodeText(timeFields()));
+    m_alternateTitle = m_title;
+    refresh();
+}
+
+void VexaTimecodeButton::timeFieldsChanged() {
+    setTitleFromTimeFields();
+    initInputBuffer();
+}
+
+void VexaTimecodeButton::refresh() {
+    const auto& shown = shownText();
+    setAccessibleDescription(shown);
+    const TimecodeWell well(rect());
+    // The clock ticks thirty times a second: only the digits that changed are drawn again.
+    if (shown.size() != m_drawnText.size())
+        update();
+    else
+        for (qsizetype i = 0; i < shown.size(); ++i)
+            if (shown[i] != m_drawnText[i])
+                update(well.cell(i));
+    m_drawnText = shown;
+}
+
+bool VexaTimecodeButton::event(QEvent* event) {
+    // Tab would move the focus before keyPressEvent() saw it.
+    if (event->type() == QEvent::KeyPress && isEnabled() && isChecked()) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier &&
+            handleKey(key->text()))
+            return true;
+    }
+    return KelGrayTextButton::event(event);
+}
+
+void VexaTimecodeButton::keyPressEvent(QKeyEvent* event) {
+    if (isEnabled() && isChecked()) {
+        if (event->matches(QKeySequence::Paste)) {
+            paste();
+            return;
+        }
+        const bool isText =
+            !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+        if (isText && handleKey(event->text()))
+            return;
+    }
+    KelGrayTextButton::keyPressEvent(event);
+}
+
+void VexaTimecodeButton::focusInEvent(QFocusEvent* event) {
+    KelGrayTextButton::focusInEvent(event);
+    // A menu that closes, or another window that goes, gives back a focus that was never given up.
+    switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        return;
+    default:
+        m_firstKey = true;
+        initInputBuffer();
+    }
+}
+
+QSize VexaTimecodeButton::sizeHint() const { return TimecodeWell::sizeForDigits(font()); }
+QSize VexaTimecodeButton::minimumSizeHint() const { return sizeHint(); }
+
+void VexaTimecodeButton::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const TimecodeWell well(rect());
+    well.paintGround(painter, isChecked() ? m_hiliteColor : QColor(), hasFocus());
+    painter.setPen(isChecked() ? m_hiliteColor : m_normalColor);
+    const auto& text = shownText();
+    for (qsizetype i = 0; i < text.size(); ++i)
+        if (event->region().intersects(well.cell(i)))
+            well.paintCharacter(painter, i, text[i]);
+}
+
+} // namespace vexa

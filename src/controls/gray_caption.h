@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QColor>
+
+class QWidget;
+
+namespace vexa {
+
+/// The gray of every caption: 0.455 in each channel. It reads at 4.5:1 on grounds of at least
+/// 98.5 % white.
+QColor captionGray();
+
+/// Gives a control's caption that gray, whatever colour it had. Fonts stay as they are.
+void setGrayCaption(QWidget& control);
+
+} // namespace vexa

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "engine/outlets.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+
+namespace vexa {
+
+// The platform's widgets as the controller's outlets.
+
+class ButtonOutlet final : public Button {
+public:
+    explicit ButtonOutlet(QAbstractButton& button) : m_button(button) {}
+    void setState(bool on) override { m_button.setChecked(on); }
+    bool state() const override { return m_button.isChecked(); }
+    void setEnabled(bool enabled) override { m_button.setEnabled(enabled); }
+    void setHidden(bool hidden) override { m_button.setHidden(hidden); }
+    void setToolTip(const QString& text) override { m_button.setToolTip(text); }
+
+private:
+    QAbstractButton& m_button;
+};
+
+/// A label shows its text to assistive technology as its description; its name stays.
+class TextFieldOutlet final : public TextField {
+public:
+    explicit TextFieldOutlet(QLabel& label) : m_label(label) {}
+    void setStringValue(const QString& text) override {
+        m_label.setText(text);
+        m_label.setAccessibleDescription(text);
+    }
+
+private:
+    QLabel& m_label;
+};
+
+class WindowTitleOutlet final : public WindowTitle {
+public:
+    explicit WindowTitleOutlet(QWidget& window) : m_window(window) {}
+    void setTitle(const QString& title) override { m_window.setWindowTitle(title); }
+
+private:
+    QWidget& m_window;
+};
+
+} // namespace vexa

@@ -1,0 +1,79 @@
+#include "controls/timecode_well.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPalette>
+#include <QtMath>
+
+#include <algorithm>
+
+namespace vexa {
+
+namespace {
+
+constexpr int characters = 11;
+constexpr int colons = 3;
+constexpr qreal colonShare = 0.6; // of a digit's width
+constexpr qreal digitWidthPerSize = 0.64;
+constexpr qreal widthInDigits = (characters - colons) + colons * colonShare;
+constexpr qreal sizePerHeight = 0.66;
+constexpr qreal sideMargin = 0.9; // digit widths, both sides together
+
+qreal pixelSizeFor(const QSize& size) {
+    return std::min(size.height() * sizePerHeight,
+                    size.width() / (digitWidthPerSize * (widthInDigits + sideMargin)));
+}
+
+QFont digitFont(qreal pixelSize) {
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Liberation Mono"),
+                      QStringLiteral("monospace")});
+    font.setStyleHint(QFont::Monospace);
+    font.setPixelSize(std::max(1, qFloor(pixelSize)));
+    return font;
+}
+
+} // namespace
+
+TimecodeWell::TimecodeWell(const QRect& rectangle)
+    : m_rectangle(rectangle),
+      m_font(digitFont(pixelSizeFor(rectangle.size()))),
+      m_digitWidth(m_font.pixelSize() * digitWidthPerSize),
+      m_left(rectangle.x() + (rectangle.width() - m_digitWidth * widthInDigits) / 2) {}
+
+QSize TimecodeWell::sizeForDigits(const QFont& font) {
+    const qreal size = QFontMetrics(font).height();
+    return {qCeil(size * digitWidthPerSize * (widthInDigits + sideMargin)),
+            qCeil(size / sizePerHeight)};
+}
+
+QRect TimecodeWell::cell(qsizetype position) const {
+    const auto colonsBefore = static_cast<qreal>(position / 3);
+    const auto digitsBefore = static_cast<qreal>(position) - colonsBefore;
+    const bool isColon = position % 3 == 2;
+    const QRectF exact(m_left + m_digitWidth * (digitsBefore + colonsBefore * colonShare),
+                       m_rectangle.y(), m_digitWidth * (isColon ? colonShare : 1.0),
+                       m_rectangle.height());
+    return exact.toAlignedRect();
+}
+
+void TimecodeWell::paintGround(QPainter& painter, const QColor& edge, bool focused) const {
+    const QRectF frame = QRectF(m_rectangle).adjusted(1, 1, -1, -1);
+    const QColor ground(0x10, 0x12, 0x13);
+    const QColor restingEdge(0x3a, 0x3e, 0x40);
+    const QColor focusEdge(0x2f, 0x80, 0xd0);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(ground);
+    painter.setPen(QPen(edge.isValid() ? edge
+                        : focused      ? focusEdge
+                                       : restingEdge,
+                        edge.isValid() || focused ? 2.0 : 1.0));
+    painter.drawRoundedRect(frame, 5, 5);
+}
+
+void TimecodeWell::paintCharacter(QPainter& painter, qsizetype position, QChar character) const {
+    painter.setFont(m_font);
+    painter.drawText(cell(position), Qt::AlignCenter, character);
+}
+
+} // namespace vexa

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <QSize>
+
+class QPainter;
+
+namespace vexa {
+
+/// The look of a time display: a dark well with digits that keep their places whatever they are.
+/// The digits are as large as the rectangle allows.
+class TimecodeWell {
+public:
+    explicit TimecodeWell(const QRect& rectangle);
+
+    /// A size in which the digits are about as high as that font's capitals need.
+    static QSize sizeForDigits(const QFont& font);
+
+    /// Where the character at a position of "hh:mm:ss:ff" stands.
+    QRect cell(qsizetype position) const;
+
+    /// edge: the colour of the rim, none for the resting one.
+    void paintGround(QPainter& painter, const QColor& edge, bool focused) const;
+    void paintCharacter(QPainter& painter, qsizetype position, QChar character) const;
+
+private:
+    QRect m_rectangle;
+    QFont m_font;
+    qreal m_digitWidth;
+    qreal m_left;
+};
+
+} // namespace vexa

@@ -1,0 +1,37 @@
+#include "batch/VexaBatchStripeData.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+
+namespace vexa {
+
+void Vexa_RemoteAppDelegate::handleBatchControlEnabling() {
+    const bool rowsSelected = m_outlets.batchTable->hasSelectedRows();
+    const bool rows = m_batchStripeData->numItems() != 0;
+    m_outlets.removeFromBatchButton->setHidden(!rowsSelected);
+    if (rowsSelected || rows) {
+        m_outlets.batchRadios->setMatrixEnabled(true);
+        m_outlets.batchRadios->setCellEnabled(batchModeSelected, rowsSelected);
+        m_outlets.batchCheck->setEnabled(true);
+    }
+    if (!rowsSelected) {
+        m_batchMode = batchModeAll;
+        m_outlets.batchRadios->selectCellWithTag(batchModeAll);
+    }
+    if (!rowsSelected && !rows) {
+        m_useBatch = false;
+        m_outlets.batchCheck->setState(false);
+        m_outlets.batchCheck->setEnabled(false);
+    }
+    Q_EMIT stateChanged();
+}
+
+void Vexa_RemoteAppDelegate::handleFrameRateEnabling() {
+    if (m_syncType == sync::fsk) {
+        m_outlets.frameRateMatrix->switchSelectedCellOff();
+        m_outlets.frameRateMatrix->setMatrixEnabled(false);
+    } else {
+        m_outlets.frameRateMatrix->setMatrixEnabled(true);
+        m_outlets.frameRateMatrix->selectCellWithTag(m_frameRate);
+    }
+}
+
+} // namespace vexa

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "batch/VexaBatchStripeData.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <vector>
+
+namespace vexa {
+
+class TimecodeDisplay;
+
+// What the controller sees of its surroundings: a window's controls, or a terminal in their
+// place. Setting a control from here never triggers its action.
+
+/// Radio cells in a group, each with a tag.
+class RadioMatrix {
+public:
+    virtual ~RadioMatrix() = default;
+    /// Selects the cell and switches it on; with no such cell, nothing changes.
+    virtual void selectCellWithTag(std::uint64_t tag) = 0;
+    virtual std::uint64_t selectedTag() const = 0;
+    /// Leaves no cell on.
+    virtual void switchSelectedCellOff() = 0;
+    virtual void setMatrixEnabled(bool enabled) = 0;
+    virtual void setCellEnabled(std::uint64_t tag, bool enabled) = 0;
+};
+
+/// A push button or check box.
+class Button {
+public:
+    virtual ~Button() = default;
+    virtual void setState(bool on) = 0;
+    virtual bool state() const = 0;
+    virtual void setEnabled(bool enabled) = 0;
+    virtual void setHidden(bool hidden) = 0;
+    virtual void setToolTip(const QString& text) = 0;
+};
+
+class TextField {
+public:
+    virtual ~TextField() = default;
+    virtual void setStringValue(const QString& text) = 0;
+};
+
+class WindowTitle {
+public:
+    virtual ~WindowTitle() = default;
+    virtual void setTitle(const QString& title) = 0;
+};
+
+/// The batch list on screen.
+class BatchTable {
+public:
+    virtual ~BatchTable() = default;
+    /// Shows the list as it now is, with no row selected.
+    virtual void reloadData() = 0;
+    virtual bool hasSelectedRows() const = 0;
+    virtual RowIndexes selectedRowIndexes() const = 0;
+    /// What the columns show, from the left: keys of an item's fields.
+    virtual void setColumnIdentifiers(const QStringList& identifiers) = 0;
+    /// Replaces the platform's header by the list's own.
+    virtual void installHeader() = 0;
+    virtual void setIntercellSpacing(double width, double height) = 0;
+};
+
+/// A question with buttons; the first is the default.
+struct Alert {
+    QString message;
+    QString information;
+    std::vector<QString> buttons;
+};
+
+/// What an alert ends with: this for its first button, one more for each further one.
+inline constexpr int alertFirstButton = 1000;
+inline constexpr int alertSecondButton = 1001;
+inline constexpr int alertThirdButton = 1002;
+
+/// Asks the operator and returns when answered.
+class Alerts {
+public:
+    virtual ~Alerts() = default;
+    virtual int runModal(const Alert& alert) = 0;
+};
+
+/// All of them; each is set and outlives the controller.
+struct Outlets {
+    WindowTitle* window = nullptr;
+    RadioMatrix* transportMatrix = nullptr;
+    RadioMatrix* frameRateMatrix = nullptr;
+    RadioMatrix* syncTypeMatrix = nullptr;
+    RadioMatrix* batchRadios = nullptr;
+    TimecodeDisplay* currentTimeButton = nullptr;
+    TimecodeDisplay* startTimeButton = nullptr;
+    TimecodeDisplay* endTimeButton = nullptr;
+    Button* stopTimeCheck = nullptr;
+    Button* batchCheck = nullptr;
+    Button* addToBatchButton = nullptr;
+    Button* removeFromBatchButton = nullptr;
+    BatchTable* batchTable = nullptr;
+    TextField* currentStripeItemLabel = nullptr;
+    Alerts* alerts = nullptr;
+};
+
+} // namespace vexa

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "engine/TimecodeDisplay.h"
+#include "engine/outlets.h"
+
+#include <map>
+#include <optional>
+#include <set>
+
+namespace vexa {
+
+// Outlets that hold what they are told and show nothing: for a run without a window.
+
+class PlainRadioMatrix : public RadioMatrix {
+public:
+    explicit PlainRadioMatrix(std::uint64_t cells) : m_cells(cells) {}
+    void selectCellWithTag(std::uint64_t tag) override {
+        if (tag < m_cells)
+            m_selected = tag;
+    }
+    std::uint64_t selectedTag() const override { return m_selected.value_or(0); }
+    void switchSelectedCellOff() override { m_selected.reset(); }
+    void setMatrixEnabled(bool enabled) override { m_enabled = enabled; }
+    void setCellEnabled(std::uint64_t tag, bool enabled) override { m_cellEnabled[tag] = enabled; }
+
+    std::optional<std::uint64_t> cellOn() const { return m_selected; }
+    bool isEnabled() const { return m_enabled; }
+    bool isCellEnabled(std::uint64_t tag) const {
+        const auto cell = m_cellEnabled.find(tag);
+        return m_enabled && (cell == m_cellEnabled.end() || cell->second);
+    }
+
+private:
+    std::uint64_t m_cells;
+    std::optional<std::uint64_t> m_selected = 0;
+    bool m_enabled = true;
+    std::map<std::uint64_t, bool> m_cellEnabled;
+};
+
+class PlainButton : public Button {
+public:
+    void setState(bool on) override { m_on = on; }
+    bool state() const override { return m_on; }
+    void setEnabled(bool enabled) override { m_enabled = enabled; }
+    void setHidden(bool hidden) override { m_hidden = hidden; }
+    void setToolTip(const QString& text) override { m_toolTip = text; }
+
+    bool isEnabled() const { return m_enabled; }
+    bool isHidden() const { return m_hidden; }
+    const QString& toolTip() const { return m_toolTip; }
+
+private:
+    bool m_on = false;
+    bool m_enabled = true;
+    bool m_hidden = false;
+    QString m_toolTip;
+};
+
+class PlainTextField : public TextField {
+public:
+    void setStringValue(const QString& text) override { m_text = text; }
+    const QString& stringValue() const { return m_text; }
+
+private:
+    QString m_text;
+};
+
+class PlainWindowTitle : public WindowTitle {
+public:
+    void setTitle(const QString& title) override { m_title = title; }
+    const QString& title() const { return m_title; }
+
+private:
+    QString m_title;
+};
+
+class PlainBatchTable : public BatchTable {
+public:
+    void reloadData() override { m_selected.clear(); }
+    bool hasSelectedRows() const override { return !m_selected.empty(); }
+    RowIndexes selectedRowIndexes() const override { return m_selected; }
+    void setColumnIdentifiers(const QStringList& identifiers) override { m_columns = identifiers; }
+    void installHeader() override {}
+    void setIntercellSpacing(double, double) override {}
+
+    void selectRows(const RowIndexes& rows) { m_selected = rows; }
+    const QStringList& columnIdentifiers() const { return m_columns; }
+
+private:
+    RowIndexes m_selected;
+    QStringList m_columns;
+};
+
+/// A whole set of them, but for the alerts.
+struct PlainOutlets {
+    PlainWindowTitle window;
+    PlainRadioMatrix transportMatrix{3};
+    PlainRadioMatrix frameRateMatrix{rate::count};
+    PlainRadioMatrix syncTypeMatrix{3};
+    PlainRadioMatrix batchRadios{2};
+    TimecodeDisplay currentTimeButton{2};
+    TimecodeDisplay startTimeButton{0};
+    TimecodeDisplay endTimeButton{1};
+    PlainButton stopTimeCheck;
+    PlainButton batchCheck;
+    PlainButton addToBatchButton;
+    PlainButton removeFromBatchButton;
+    PlainBatchTable batchTable;
+    PlainTextField currentStripeItemLabel;
+
+    Outlets outlets(Alerts& alerts) {
+        return {&window,
+                &transportMatrix,
+                &frameRateMatrix,
+                &syncTypeMatrix,
+                &batchRadios,
+                &currentTimeButton,
+                &startTimeButton,
+                &endTimeButton,
+                &stopTimeCheck,
+                &batchCheck,
+                &addToBatchButton,
+                &removeFromBatchButton,
+                &batchTable,
+                &currentStripeItemLabel,
+                &alerts};
+    }
+};
+
+} // namespace vexa

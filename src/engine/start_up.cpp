@@ -1,0 +1,51 @@
+#include "batch/VexaBatchStripeData.h"
+#include "engine/TimecodeDisplay.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+
+namespace vexa {
+
+namespace {
+
+constexpr Timecode firstStartTime{1, 0, 0, 0};
+
+} // namespace
+
+Vexa_RemoteAppDelegate::Vexa_RemoteAppDelegate(const Outlets& outlets, RunLoop& runLoop)
+    : m_outlets(outlets), m_runLoop(runLoop) {
+    for (auto* display :
+         {outlets.currentTimeButton, outlets.startTimeButton, outlets.endTimeButton})
+        display->setOwner(this);
+}
+
+Vexa_RemoteAppDelegate::~Vexa_RemoteAppDelegate() = default;
+
+void Vexa_RemoteAppDelegate::applicationDidFinishLaunching() {
+    setTransportState(transport::stopped);
+    setFrameRate(rate::fps30);
+    m_startTime = pack(firstStartTime);
+    m_outlets.startTimeButton->setBcdValue(m_startTime);
+    m_stopTime = 0;
+    m_outlets.endTimeButton->setBcdValue(m_stopTime);
+    readPrefs();
+    setListTitle();
+
+    m_batchStripeData = std::make_unique<VexaBatchStripeData>(this);
+    m_outlets.batchTable->setColumnIdentifiers({item_key::reel, item_key::title, item_key::start,
+                                                item_key::stop, item_key::rate, item_key::type});
+    setFrameRate(m_defaultFrameRate);
+    m_syncType = m_defaultSyncType;
+    m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
+    handleFrameRateEnabling();
+    m_outlets.batchTable->installHeader();
+    m_outlets.batchTable->setIntercellSpacing(5.0, 2.0);
+
+    m_outlets.addToBatchButton->setToolTip(QStringLiteral("Add to Batch Stripe List"));
+    m_outlets.removeFromBatchButton->setToolTip(
+        QStringLiteral("Remove Selected Items from Batch Stripe List"));
+    m_outlets.stopTimeCheck->setToolTip(
+        QStringLiteral("Set a striping stop time-\n\n"
+                       "If Off, striping continues until the Stop or Pause button is pressed.\n\n"
+                       "If On, striping stops when the timecode reaches the Stop time"));
+}
+
+} // namespace vexa

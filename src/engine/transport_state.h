@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstdint>
+
+/// Transport state codes; the first three are also the tags of the transport's buttons.
+namespace vexa::transport {
+inline constexpr std::uint64_t stopped = 0;
+inline constexpr std::uint64_t playing = 1;
+inline constexpr std::uint64_t paused = 2;
+/// Between two items of a batch run, and from its second item on while that plays.
+inline constexpr std::uint64_t pausedBetweenItems = 3;
+} // namespace vexa::transport
