@@ -13,6 +13,10 @@ namespace vexa {
 
 namespace {
 
+constexpr int keyWidth = 68;
+constexpr int keyHeight = 56;
+constexpr int captionGap = 4;
+
 /// The sign in a square of side 1 around the origin.
 QPainterPath sign(std::uint64_t tag) {
     QPainterPath path;
@@ -51,7 +55,9 @@ TransportButton::TransportButton(QWidget* parent) : QPushButton(parent) {
     setFocusPolicy(Qt::StrongFocus);
 }
 
-QSize TransportButton::sizeHint() const { return {64, 52}; }
+QSize TransportButton::sizeHint() const {
+    return {keyWidth, keyHeight + fontMetrics().height() + captionGap};
+}
 
 void TransportButton::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
@@ -76,12 +82,17 @@ void TransportButton::paintEvent(QPaintEvent*) {
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(isDown() ? ground.darker(115) : underMouse() && !on ? Qt::white : ground);
-    painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);
+    const int captionHeight = fontMetrics().height();
+    painter.setPen(palette().color(QPalette::ButtonText));
+    painter.drawText(QRect(0, height() - captionHeight, width(), captionHeight), Qt::AlignCenter,
+                     text());
 
-    const qreal side = 0.38 * std::min(width(), height());
-    painter.translate(QRectF(rect()).center());
+    const QRectF key = QRectF(rect()).adjusted(1, 1, -1, -1 - captionHeight - captionGap);
+    painter.setBrush(isDown() ? ground.darker(115) : ground);
+    painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
+    painter.drawRoundedRect(key, 5, 5);
+    const qreal side = 0.42 * std::min(key.width(), key.height());
+    painter.translate(key.center());
     painter.scale(side, side);
     painter.fillPath(sign(tag), signColor(tag, on));
 }

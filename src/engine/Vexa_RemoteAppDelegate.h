@@ -78,6 +78,10 @@ public:
     void undo() { m_undoManager.undo(); }
     void redo() { m_undoManager.redo(); }
 
+    // menu_commands.cpp
+    void handleStripeMenuItems(std::uint64_t tag);
+    void handleSetStopTimeMenu();
+
     // document_commands.cpp
     /// Names the list in the window's title after its file, up to the name's first full stop.
     void setListTitle();
@@ -104,7 +108,9 @@ public:
     std::uint64_t currentStripeItem() const { return m_currentStripeItem; }
     std::uint64_t currentReel() const { return m_currentReel; }
     bool waitingForReelChange() const { return m_waitingForReelChange; }
-    VexaBatchStripeData& batchStripeData() { return *m_batchStripeData; }
+    VexaBatchStripeData& batchStripeData() const { return *m_batchStripeData; }
+    bool dirty() const { return m_dirty; }
+    bool previouslySaved() const { return m_previouslySaved; }
     const QString& url() const { return m_url; }
     const QString& fileTitle() const { return m_fileTitle; }
     double delayInSeconds() const { return m_delayInSeconds; }
@@ -113,6 +119,7 @@ public:
     std::uint64_t defaultSyncType() const { return m_defaultSyncType; }
     const Outlets& outlets() const { return m_outlets; }
     UndoManager& undoManager() { return m_undoManager; }
+    const UndoManager& undoManager() const { return m_undoManager; }
 
 Q_SIGNALS:
     /// The frame rate was set while the transport is stopped: shown times follow it.
@@ -173,7 +180,9 @@ private:
     std::uint64_t m_currentReel = 0;
     bool m_waitingForReelChange = false;
     bool m_blinkState = false;
-    QString m_url; ///< the list's file; null when it has none
+    bool m_dirty = false;           ///< the list has changed since it was opened, saved or cleared
+    bool m_previouslySaved = false; ///< the list is tied to a file
+    QString m_url;                  ///< the list's file; null when it has none
     QString m_fileTitle;
 
     std::unique_ptr<RunLoopTimer> m_mainTimer;

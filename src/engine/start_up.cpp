@@ -15,6 +15,7 @@ Vexa_RemoteAppDelegate::Vexa_RemoteAppDelegate(const Outlets& outlets, RunLoop& 
     for (auto* display :
          {outlets.currentTimeButton, outlets.startTimeButton, outlets.endTimeButton})
         display->setOwner(this);
+    connect(&m_undoManager, &UndoManager::changed, this, &Vexa_RemoteAppDelegate::stateChanged);
 }
 
 Vexa_RemoteAppDelegate::~Vexa_RemoteAppDelegate() = default;

@@ -118,6 +118,7 @@ void Vexa_RemoteAppDelegate::showSettings(std::uint64_t start, std::uint64_t sto
     m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
     m_outlets.startTimeButton->setBcdValue(start);
     m_outlets.endTimeButton->setBcdValue(stop);
+    Q_EMIT stateChanged();
 }
 
 } // namespace vexa

@@ -54,12 +54,7 @@ void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes) {
     m_system.send(m_dest, bytes);
 }
 
-std::vector<std::string> Vexa_MIDI_Manager::destinationList() {
-    std::vector<std::string> names(m_system.numberOfDestinations());
-    for (std::size_t i = 0; i < names.size(); ++i)
-        names[i] = destinationName(m_system, m_system.destination(i));
-    return names;
-}
+std::vector<std::string> Vexa_MIDI_Manager::destinationList() { return destinationNames(m_system); }
 
 void Vexa_MIDI_Manager::connectToDestinationAtIndex(std::int64_t index) {
     const bool inList =

@@ -57,4 +57,11 @@ std::string destinationName(MidiSystem& system, MidiObjectRef destination) {
     return names.empty() ? createEndpointDisplayName(system, destination, false) : names;
 }
 
+std::vector<std::string> destinationNames(MidiSystem& system) {
+    std::vector<std::string> names(system.numberOfDestinations());
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = destinationName(system, system.destination(i));
+    return names;
+}
+
 } // namespace vexa

@@ -3,6 +3,7 @@
 #include "midi/MidiSystem.h"
 
 #include <string>
+#include <vector>
 
 namespace vexa {
 
@@ -13,5 +14,8 @@ std::string createEndpointDisplayName(MidiSystem& system, MidiObjectRef endpoint
 /// The name under which the operator knows a destination: what is cabled to it where the system
 /// can tell ("Synth, Recorder"), otherwise the endpoint's display name.
 std::string destinationName(MidiSystem& system, MidiObjectRef destination);
+
+/// The names of all destinations, in the system's order; names may be empty or alike.
+std::vector<std::string> destinationNames(MidiSystem& system);
 
 } // namespace vexa

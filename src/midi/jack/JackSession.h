@@ -29,8 +29,8 @@ public:
     /// the server has taken the change over, so that the next message is not lost to it.
     void connectTo(const std::string& portName);
 
-    /// Hands a whole message, 255 bytes at most, to the server's next period. One that finds no room, as with a
-    /// server that hangs, is lost.
+    /// Hands a whole message, 255 bytes at most, to the server's next period. One that finds no
+    /// room, as with a server that hangs, is lost.
     void write(std::span<const std::uint8_t> message);
 
 private:

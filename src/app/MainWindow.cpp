@@ -1,0 +1,64 @@
+#include "app/MainWindow.h"
+
+#include "controls/MainMenu.h"
+#include "controls/gray_caption.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+#include "ui_MainWindow.h"
+
+namespace vexa {
+
+namespace {
+
+/// The controls stand on a light ground whatever the desktop's colours: their captions have one
+/// gray, which reads on no other.
+QPalette faceplatePalette() { return {QColor(0xf4, 0xf5, 0xf5), QColor(0xfd, 0xfd, 0xfd)}; }
+
+} // namespace
+
+MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
+    m_ui->setupUi(this);
+    m_ui->faceplate->setPalette(faceplatePalette());
+    for (auto* button : findChildren<KelGrayTextButton*>())
+        button->awakeFromNib();
+    for (auto* matrix : findChildren<KelGrayTextMatrix*>())
+        matrix->awakeFromNib();
+    for (QWidget* caption : std::initializer_list<QWidget*>{m_ui->startLabel, m_ui->stopTimeCheck})
+        setGrayCaption(*caption);
+
+    const auto button = [this](QAbstractButton* widget) {
+        return m_buttons.emplace_back(std::make_unique<ButtonOutlet>(*widget)).get();
+    };
+    m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
+    m_outlets = m_absent.outlets(m_alerts);
+    m_outlets.window = &m_title;
+    m_outlets.transportMatrix = m_ui->transportMatrix;
+    m_outlets.frameRateMatrix = m_ui->frameRateMatrix;
+    m_outlets.syncTypeMatrix = m_ui->syncTypeMatrix;
+    m_outlets.currentTimeButton = m_ui->currentTimeButton;
+    m_outlets.startTimeButton = m_ui->startTimeButton;
+    m_outlets.endTimeButton = m_ui->endTimeButton;
+    m_outlets.stopTimeCheck = button(m_ui->stopTimeCheck);
+    m_outlets.currentStripeItemLabel = m_stripeItemLabel.get();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
+    using Controller = Vexa_RemoteAppDelegate;
+    const auto* ui = m_ui.get();
+    connect(ui->transportMatrix, &KelGrayTextMatrix::action, &controller,
+            &Controller::handleTransportButtons);
+    connect(ui->frameRateMatrix, &KelGrayTextMatrix::action, &controller,
+            &Controller::handleFrameRateRadios);
+    connect(ui->syncTypeMatrix, &KelGrayTextMatrix::action, &controller,
+            &Controller::handleSyncTypeRadios);
+    connect(ui->startTimeButton, &QAbstractButton::clicked, &controller,
+            &Controller::handleStartTimeButton);
+    connect(ui->endTimeButton, &QAbstractButton::clicked, &controller,
+            &Controller::handleStopTimeButton);
+    connect(ui->stopTimeCheck, &QAbstractButton::clicked, &controller,
+            &Controller::handleStopTimeCheck);
+    new MainMenu(*menuBar(), controller);
+}
+
+} // namespace vexa

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "controls/MessageBoxAlerts.h"
+#include "controls/outlet_adapters.h"
+#include "engine/plain_outlets.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace Ui {
+class MainWindow;
+}
+
+namespace vexa {
+
+class MainMenu;
+
+/// The one window. It lays out the controls, lends them to the controller as its outlets and
+/// passes the operator's actions on; it decides nothing.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    Outlets outlets() const { return m_outlets; }
+
+    /// Leads the actions of the controls and menus to the controller, which must outlive the
+    /// window. Call once, when the controller has started up.
+    void connectTo(Vexa_RemoteAppDelegate& controller);
+
+private:
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    WindowTitleOutlet m_title{*this};
+    MessageBoxAlerts m_alerts{*this};
+    PlainOutlets m_absent; ///< for the outlets that have no control yet
+    std::vector<std::unique_ptr<Button>> m_buttons;
+    std::unique_ptr<TextField> m_stripeItemLabel;
+    Outlets m_outlets;
+};
+
+} // namespace vexa

@@ -1,0 +1,174 @@
+#include "app/command_line.h"
+
+#include "timecode/sync_type.h"
+
+#include <QCommandLineParser>
+
+#include <string_view>
+
+namespace vexa {
+
+namespace {
+
+struct Refusal {
+    QString message;
+};
+
+const QCommandLineOption midiOption{QStringLiteral("midi"),
+                                    QStringLiteral("MIDI system to use: alsa, jack or none."),
+                                    QStringLiteral("system")};
+const QCommandLineOption destinationOption{
+    QStringLiteral("destination"),
+    QStringLiteral("Destination: its position in the list, or any part of its name."),
+    QStringLiteral("name")};
+const QCommandLineOption destinationsOption{
+    QStringLiteral("destinations"), QStringLiteral("List positions, IDs and names, and exit.")};
+const QCommandLineOption stripeOption{QStringLiteral("stripe"),
+                                      QStringLiteral("Stripe in the terminal, without a window.")};
+const QCommandLineOption startOption{
+    QStringLiteral("start"), QStringLiteral("Start time, hh:mm:ss:ff."), QStringLiteral("time")};
+const QCommandLineOption stopOption{QStringLiteral("stop"),
+                                    QStringLiteral("Stop time; without one, the stripe runs on."),
+                                    QStringLiteral("time")};
+const QCommandLineOption rateOption{
+    QStringLiteral("rate"),
+    QStringLiteral("Frame rate: \"24 fps\", \"25 fps\", \"30 fps\" or \"30 df\"."),
+    QStringLiteral("rate")};
+const QCommandLineOption typeOption{
+    QStringLiteral("type"), QStringLiteral("Sync type: MTC, DTL or FSK."), QStringLiteral("type")};
+const QCommandLineOption helpOption{{QStringLiteral("h"), QStringLiteral("help")},
+                                    QStringLiteral("Show this help, and exit.")};
+const QCommandLineOption versionOption{QStringLiteral("version"),
+                                       QStringLiteral("Show the version, and exit.")};
+
+const QList<QCommandLineOption> stripeDetails{startOption, stopOption, rateOption, typeOption};
+
+void describeOptions(QCommandLineParser& parser) {
+    parser.setApplicationDescription(
+        QStringLiteral("Remote control of a timecode generator over MIDI."));
+    parser.addOptions({midiOption, destinationOption, destinationsOption, stripeOption, startOption,
+                       stopOption, rateOption, typeOption, helpOption, versionOption});
+}
+
+QString nameOf(const QCommandLineOption& option) {
+    return QStringLiteral("--") + option.names().constLast();
+}
+
+/// Codes are chosen by the names the operator reads; blanks and the case of letters are free.
+template<typename NameOfCode>
+std::uint64_t codeNamed(const QCommandLineOption& option, const QString& name, std::uint64_t codes,
+                        NameOfCode nameOfCode) {
+    const auto plain = [](QString text) { return text.remove(QLatin1Char(' ')).toLower(); };
+    for (std::uint64_t code = 0; code < codes; ++code) {
+        const std::string_view known = nameOfCode(code);
+        if (plain(QString::fromUtf8(known.data(), static_cast<qsizetype>(known.size()))) ==
+            plain(name))
+            return code;
+    }
+    throw Refusal{
+        QStringLiteral("%1: no such %2: \"%3\"").arg(nameOf(option), option.valueName(), name)};
+}
+
+Timecode timeFrom(const QCommandLineOption& option, const QString& text) {
+    const auto time = timecodeFromText(text.toStdString());
+    if (!time)
+        throw Refusal{QStringLiteral("%1: \"%2\" is no time of the form hh:mm:ss:ff")
+                          .arg(nameOf(option), text)};
+    return *time;
+}
+
+MidiChoice midiNamed(const QString& name) {
+    if (name == QLatin1String("alsa"))
+        return MidiChoice::Alsa;
+    if (name == QLatin1String("jack"))
+        return MidiChoice::Jack;
+    if (name == QLatin1String("none"))
+        return MidiChoice::None;
+    throw Refusal{QStringLiteral("--midi: no such system: \"%1\"").arg(name)};
+}
+
+CommandLine::Mode modeOf(const QCommandLineParser& parser) {
+    if (parser.isSet(helpOption))
+        return CommandLine::Mode::Help;
+    if (parser.isSet(versionOption))
+        return CommandLine::Mode::Version;
+    if (parser.isSet(destinationsOption))
+        return CommandLine::Mode::Destinations;
+    return parser.isSet(stripeOption) ? CommandLine::Mode::Stripe : CommandLine::Mode::Window;
+}
+
+CommandLine interpreted(const QCommandLineParser& parser) {
+    CommandLine line;
+    line.mode = modeOf(parser);
+    if (!parser.positionalArguments().isEmpty())
+        throw Refusal{QStringLiteral("unexpected argument \"%1\"")
+                          .arg(parser.positionalArguments().constFirst())};
+    if (parser.isSet(midiOption))
+        line.midi = midiNamed(parser.value(midiOption));
+    if (parser.isSet(destinationOption))
+        line.destination = parser.value(destinationOption);
+    if (parser.isSet(startOption))
+        line.start = timeFrom(startOption, parser.value(startOption));
+    if (parser.isSet(stopOption))
+        line.stop = timeFrom(stopOption, parser.value(stopOption));
+    if (parser.isSet(rateOption))
+        line.rate = codeNamed(rateOption, parser.value(rateOption), rate::count,
+                              [](std::uint64_t code) { return frameRateForCode(code).name; });
+    if (parser.isSet(typeOption))
+        line.type = codeNamed(typeOption, parser.value(typeOption), sync::count, syncTypeName);
+
+    if (line.mode == CommandLine::Mode::Stripe && !line.start)
+        throw Refusal{QStringLiteral("--stripe needs a --start time")};
+    if (line.mode == CommandLine::Mode::Window)
+        for (const auto& option : stripeDetails)
+            if (parser.isSet(option))
+                throw Refusal{nameOf(option) + QStringLiteral(" goes with --stripe")};
+    if (line.start && line.stop && pack(*line.stop) <= pack(*line.start))
+        throw Refusal{QStringLiteral("--stop must be after --start")};
+    return line;
+}
+
+} // namespace
+
+std::variant<CommandLine, CommandLineError> parseCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    describeOptions(parser);
+    if (!parser.parse(QStringList{QStringLiteral("vexa-remote")} + arguments))
+        return CommandLineError{parser.errorText()};
+    try {
+        return interpreted(parser);
+    } catch (const Refusal& refusal) {
+        return CommandLineError{refusal.message};
+    }
+}
+
+QString commandLineHelp() {
+    QCommandLineParser parser;
+    describeOptions(parser);
+    return parser.helpText();
+}
+
+std::variant<std::int64_t, CommandLineError>
+destinationNamed(const QString& name, const std::vector<std::string>& list) {
+    bool isNumber = false;
+    const auto position = name.toULongLong(&isNumber);
+    if (isNumber && position < list.size())
+        return static_cast<std::int64_t>(position);
+    QStringList matches;
+    std::int64_t match = 0;
+    for (std::size_t i = 0; i < list.size(); ++i)
+        if (const auto known = QString::fromStdString(list[i]);
+            known.contains(name, Qt::CaseInsensitive)) {
+            matches += known;
+            match = static_cast<std::int64_t>(i);
+        }
+    if (matches.size() == 1)
+        return match;
+    if (matches.isEmpty())
+        return CommandLineError{QStringLiteral("no MIDI destination matches \"%1\"").arg(name)};
+    return CommandLineError{
+        QStringLiteral("\"%1\" matches %2 MIDI destinations: %3")
+            .arg(name, QString::number(matches.size()), matches.join(QStringLiteral(", ")))};
+}
+
+} // namespace vexa

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "timecode/timecode.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vexa {
+
+enum class MidiChoice { Automatic, Alsa, Jack, None };
+
+/// What the operator asked for on the command line.
+struct CommandLine {
+    enum class Mode { Window, Stripe, Destinations, Help, Version };
+
+    Mode mode = Mode::Window;
+    MidiChoice midi = MidiChoice::Automatic;
+    std::optional<QString> destination; ///< a position in the list, or part of one name
+    std::optional<Timecode> start;
+    std::optional<Timecode> stop;
+    std::optional<std::uint64_t> rate;
+    std::optional<std::uint64_t> type;
+};
+
+/// One line that says what is wrong with the arguments.
+struct CommandLineError {
+    QString message;
+};
+
+/// arguments: without the program's name.
+std::variant<CommandLine, CommandLineError> parseCommandLine(const QStringList& arguments);
+
+/// The text for --help.
+QString commandLineHelp();
+
+/// Finds the destination that the operator named: a position in the list, counted from 0, or any
+/// part of exactly one name, in either case of letters.
+std::variant<std::int64_t, CommandLineError> destinationNamed(const QString& name,
+                                                              const std::vector<std::string>& list);
+
+} // namespace vexa

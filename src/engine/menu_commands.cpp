@@ -1,0 +1,14 @@
+#include "engine/Vexa_RemoteAppDelegate.h"
+
+namespace vexa {
+
+void Vexa_RemoteAppDelegate::handleStripeMenuItems(std::uint64_t tag) {
+    setTransportState(tag);
+    setTransportButton(tag);
+}
+
+void Vexa_RemoteAppDelegate::handleSetStopTimeMenu() {
+    setStopTimeSet(!m_stopTimeSet, m_stopTime, QStringLiteral("Set Stop Time"));
+}
+
+} // namespace vexa
