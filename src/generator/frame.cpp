@@ -1,0 +1,90 @@
+#include "generator/frame.h"
+
+#include "generator/sysex_reader.h"
+#include "timecode/sync_type.h"
+
+namespace vexa {
+
+namespace {
+constexpr std::size_t frameSize = 9;
+constexpr std::uint8_t manufacturerId = 0x7D;
+constexpr std::uint8_t deviceId = 0x42;
+constexpr std::uint8_t fskCode = 8;
+constexpr std::uint8_t startCode = 0x7F;
+
+std::string hexByte(std::uint8_t byte) {
+    SysEx one;
+    one.bytes[0] = byte;
+    one.size = 1;
+    return hexText(one);
+}
+
+std::optional<Mode> modeForCode(std::uint8_t code) {
+    if (code == fskCode)
+        return Mode{sync::fsk, std::nullopt};
+    if (code < fskCode)
+        return Mode{code < rate::count ? sync::mtc : sync::dtl, code % rate::count};
+    return std::nullopt;
+}
+
+/// What keeps the message from being a frame of this device, before its content is looked at.
+std::string envelopeFault(const SysEx& message) {
+    const auto& bytes = message.bytes;
+    const auto sizeBeforeEnd = message.complete ? message.size - 1 : message.size;
+    if (sizeBeforeEnd > 1 && bytes[1] != manufacturerId)
+        return "manufacturer " + hexByte(bytes[1]) + ", not " + hexByte(manufacturerId);
+    if (sizeBeforeEnd > 2 && bytes[2] != deviceId)
+        return "device " + hexByte(bytes[2]) + ", not " + hexByte(deviceId);
+    if (!message.complete)
+        return "cut off after byte " + std::to_string(message.size);
+    if (message.size != frameSize)
+        return std::to_string(message.size) + " bytes, not " + std::to_string(frameSize);
+    return {};
+}
+
+/// Which fields keep the time from being one at the rate; without a rate, at any.
+std::string timeFault(const Timecode& time, std::optional<std::uint64_t> rateCode) {
+    const auto& rate = frameRateForCode(rateCode.value_or(rate::fps30));
+    if (isValid(time, rate))
+        return {};
+    std::string fault;
+    const auto check = [&](const char* field, std::uint64_t value, std::uint64_t limit) {
+        if (value >= limit)
+            fault += (fault.empty() ? "" : ", ") + std::string(field) + std::to_string(value);
+    };
+    check("hours ", time.hours, 24);
+    check("minutes ", time.minutes, 60);
+    check("seconds ", time.seconds, 60);
+    check("frames ", time.frames, static_cast<std::uint64_t>(rate.frameCount));
+    if (fault.empty())
+        fault = "dropped number " + timecodeText(time);
+    return fault + " at " + (rateCode ? std::string(rate.name) : "any rate");
+}
+} // namespace
+
+std::string modeText(const Mode& mode) {
+    const std::string sync(syncTypeName(mode.sync));
+    if (!mode.rate)
+        return sync + ", rate unknown";
+    return std::string(frameRateForCode(*mode.rate).name) + " " + sync;
+}
+
+Frame decodedFrame(const SysEx& message) {
+    if (auto fault = envelopeFault(message); !fault.empty())
+        return MalformedFrame{std::move(fault)};
+    const auto& bytes = message.bytes;
+    const Timecode time{bytes[3], bytes[4], bytes[5], bytes[6]};
+    const auto code = bytes[7];
+    if (code == 0 && time == Timecode{})
+        return StopFrame{};
+    const auto mode = modeForCode(code);
+    if (!mode && code != startCode)
+        return MalformedFrame{"unknown mode code " + hexByte(code)};
+    if (auto fault = timeFault(time, mode ? mode->rate : std::nullopt); !fault.empty())
+        return MalformedFrame{std::move(fault)};
+    if (!mode)
+        return StartFrame{time};
+    return SetupFrame{time, *mode};
+}
+
+} // namespace vexa
