@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vexa {
+
+enum class MidiChoice { Automatic, Alsa, Jack };
+
+/// What the program was asked to do.
+struct CommandLine {
+    enum class Action { Run, Help, Version };
+
+    Action action = Action::Run;
+    MidiChoice midi = MidiChoice::Automatic;
+    std::optional<std::string> logFile; ///< a path
+};
+
+/// Reads the arguments that follow the program's name; of an option given twice the last counts.
+/// Throws std::invalid_argument with a message for the user.
+CommandLine readCommandLine(const std::vector<std::string>& arguments);
+
+/// What --help prints.
+std::string helpText();
+
+} // namespace vexa

@@ -1,0 +1,48 @@
+#include "generator/event_log.h"
+
+#include <iomanip>
+#include <ostream>
+#include <sstream>
+
+namespace vexa {
+
+namespace {
+/// To the first column, and everything right of it erased (ECMA-48 EL).
+constexpr std::string_view clearLine = "\r\x1B[K";
+} // namespace
+
+std::string momentText(Moment moment) {
+    using std::chrono::microseconds;
+    const auto micros = std::chrono::floor<microseconds>(moment.time_since_epoch()).count();
+    std::ostringstream text;
+    text << micros / 1000000 << '.' << std::setw(6) << std::setfill('0') << micros % 1000000;
+    return text.str();
+}
+
+EventLog::EventLog(std::ostream& out, bool outIsTerminal, std::ostream& copy)
+    : m_out(out), m_outIsTerminal(outIsTerminal), m_copy(copy) {}
+
+EventLog::~EventLog() {
+    if (m_outIsTerminal)
+        m_out << clearLine << std::flush;
+}
+
+void EventLog::note(std::string_view text) {
+    if (m_outIsTerminal)
+        m_out << clearLine;
+    m_out << text << '\n' << m_status << std::flush;
+    m_copy << text << '\n' << std::flush;
+}
+
+void EventLog::event(Moment moment, std::string_view text) {
+    note(momentText(moment) + "  " + std::string(text));
+}
+
+void EventLog::status(std::string_view text) {
+    if (!m_outIsTerminal || text == m_status)
+        return;
+    m_status = text;
+    m_out << clearLine << m_status << std::flush;
+}
+
+} // namespace vexa

@@ -1,0 +1,89 @@
+#include "generator/alsa_input.h"
+#include "generator/command_line.h"
+#include "generator/event_log.h"
+#include "generator/jack_input.h"
+#include "generator/program.h"
+
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <vector>
+
+namespace {
+using namespace vexa;
+
+constexpr int usageError = 2;
+
+int fail(const std::string& message, int status) {
+    std::cerr << "vexa-generator: " << message << '\n';
+    return status;
+}
+
+/// A descriptor that becomes readable when the program is asked to end. To be called before any
+/// other thread begins, so that none of them is interrupted.
+int endSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    return signalfd(-1, &signals, SFD_CLOEXEC);
+}
+
+std::vector<InputSystem> systemsFor(MidiChoice choice) {
+    const InputSystem alsa{"ALSA", "the ALSA sequencer does not open", openAlsaInput};
+    const InputSystem jack{"JACK", "no JACK server is running", openJackInput};
+    switch (choice) {
+    case MidiChoice::Alsa:
+        return {alsa};
+    case MidiChoice::Jack:
+        return {jack};
+    default:
+        return {alsa, jack};
+    }
+}
+
+int run(const CommandLine& commandLine) {
+    std::ofstream copy; // swallows what it is given unless it is opened
+    if (commandLine.logFile) {
+        copy.open(*commandLine.logFile, std::ios::app);
+        if (!copy)
+            return fail("cannot write " + *commandLine.logFile, EXIT_FAILURE);
+    }
+    const int end = endSignals();
+    std::string absences;
+    for (const auto& system : systemsFor(commandLine.midi)) {
+        if (auto input = system.open()) {
+            EventLog log(std::cout, isatty(STDOUT_FILENO) != 0, copy);
+            Program(system, std::move(input), log).runUntilReadable(end);
+            return EXIT_SUCCESS;
+        }
+        absences += (absences.empty() ? "" : ", and ") + system.absence;
+    }
+    return fail(absences, EXIT_FAILURE);
+}
+} // namespace
+
+int main(int argc, char* argv[]) {
+    try {
+        const auto commandLine = readCommandLine({argv + 1, argv + argc});
+        switch (commandLine.action) {
+        case CommandLine::Action::Help:
+            std::cout << helpText();
+            return EXIT_SUCCESS;
+        case CommandLine::Action::Version:
+            std::cout << "vexa-generator " VEXA_VERSION "\n";
+            return EXIT_SUCCESS;
+        case CommandLine::Action::Run:
+            break;
+        }
+        return run(commandLine);
+    } catch (const std::invalid_argument& error) {
+        return fail(error.what(), usageError);
+    }
+}
