@@ -75,8 +75,7 @@ INSTANTIATE_TEST_SUITE_P(Rates, RunningTime,
                                          Run{"00:09:59:29", rate::fps30Drop, 1, "00:10:00:00"},
                                          // An hour of drop-frame leaves 108 numbers out.
                                          Run{"10:00:00:00", rate::fps30Drop, 107892, "11:00:00:00"},
-                                         Run{"01:00:00:00", rate::fps24, 24u * 86400,
-                                             "01:00:00:00"}));
+                                         Run{"01:00:00:00", rate::fps24, 2073600, "01:00:00:00"}));
 
 TEST(GeneratorState, CountsTheSameHoweverOftenItIsAsked) {
     GeneratorState state;
