@@ -2,7 +2,6 @@
 
 #include <jack/jack.h>
 #include <jack/midiport.h>
-#include <jack/ringbuffer.h>
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -13,17 +12,13 @@
 namespace vexa {
 
 namespace {
-constexpr std::size_t bufferSize = 65536;
+constexpr std::size_t ringSize = 16384;
 
-/// Stands before the bytes of each event in the ring buffer.
-struct EventHeader {
-    jack_time_t time; ///< when it arrived by the server's count of frames, see jack_get_time()
-    std::size_t size;
+struct ReceivedByte {
+    jack_time_t arrival; ///< by the server's count of frames, on the clock of jack_get_time()
+    std::uint8_t byte;
 };
 
-struct FreeRingBuffer {
-    void operator()(jack_ringbuffer_t* buffer) const { jack_ringbuffer_free(buffer); }
-};
 struct CloseClient {
     void operator()(jack_client_t* client) const { jack_client_close(client); }
 };
@@ -45,20 +40,20 @@ private:
     void store(const jack_midi_event_t& event);
     void wakeUp();
 
-    std::unique_ptr<jack_ringbuffer_t, FreeRingBuffer> m_events;
+    /// Written by the process callback, read by read(). The counts only grow; what lies between
+    /// them is unread.
+    std::vector<ReceivedByte> m_ring = std::vector<ReceivedByte>(ringSize);
+    std::atomic<std::size_t> m_written = 0;
+    std::atomic<std::size_t> m_read = 0;
     int m_wakeUp; ///< an eventfd that JACK's threads write to
     std::atomic<bool> m_lost = false;
     std::atomic<bool> m_gone = false;
     jack_port_t* m_port = nullptr;
-    std::vector<std::uint8_t> m_bytes; ///< of the event being read
-    /// Last, so that JACK's threads are gone before anything they use.
     std::unique_ptr<jack_client_t, CloseClient> m_client;
 };
 
 JackInput::JackInput(jack_client_t* client)
-    : m_events(jack_ringbuffer_create(bufferSize)),
-      m_wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
-      m_client(client) {}
+    : m_wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)), m_client(client) {}
 
 JackInput::~JackInput() {
     m_client.reset();
@@ -66,9 +61,8 @@ JackInput::~JackInput() {
 }
 
 bool JackInput::activate() {
-    if (!m_events || m_wakeUp < 0)
+    if (m_wakeUp < 0)
         return false;
-    jack_ringbuffer_mlock(m_events.get());
     jack_on_shutdown(
         m_client.get(),
         [](void* self) {
@@ -102,13 +96,15 @@ void JackInput::process(jack_nframes_t frames) {
 
 void JackInput::store(const jack_midi_event_t& event) {
     const auto frame = jack_last_frame_time(m_client.get()) + event.time;
-    const EventHeader header{jack_frames_to_time(m_client.get(), frame), event.size};
-    if (jack_ringbuffer_write_space(m_events.get()) < sizeof header + event.size) {
+    const auto arrival = jack_frames_to_time(m_client.get(), frame);
+    const auto written = m_written.load();
+    if (ringSize - (written - m_read) < event.size) {
         m_lost = true;
         return;
     }
-    jack_ringbuffer_write(m_events.get(), reinterpret_cast<const char*>(&header), sizeof header);
-    jack_ringbuffer_write(m_events.get(), reinterpret_cast<const char*>(event.buffer), event.size);
+    for (std::size_t i = 0; i < event.size; ++i)
+        m_ring[(written + i) % ringSize] = {arrival, event.buffer[i]};
+    m_written = written + event.size;
 }
 
 void JackInput::wakeUp() {
@@ -125,14 +121,9 @@ MidiInput::Outcome JackInput::read(const Receiver& receiver) {
     // milliseconds and some parts per million away.
     const auto jackEpoch =
         std::chrono::steady_clock::now() - std::chrono::microseconds(jack_get_time());
-    EventHeader header{};
-    auto* const asBytes = reinterpret_cast<char*>(&header);
-    while (jack_ringbuffer_peek(m_events.get(), asBytes, sizeof header) == sizeof header &&
-           jack_ringbuffer_read_space(m_events.get()) >= sizeof header + header.size) {
-        jack_ringbuffer_read_advance(m_events.get(), sizeof header);
-        m_bytes.resize(header.size);
-        jack_ringbuffer_read(m_events.get(), reinterpret_cast<char*>(m_bytes.data()), header.size);
-        receiver(jackEpoch + std::chrono::microseconds(header.time), m_bytes);
+    for (const auto written = m_written.load(); m_read != written; ++m_read) {
+        const auto& [arrival, byte] = m_ring[m_read % ringSize];
+        receiver(jackEpoch + std::chrono::microseconds(arrival), {&byte, 1});
     }
     if (gone)
         return Outcome::Gone;

@@ -1,0 +1,59 @@
+// jack_send PORT EVENT…: sends the events, each given as "F0 7D 42", to a JACK port, in as few
+// cycles as they fit in, and ends when they have been received. A program of its own, since thread
+// sanitizers do not see that the server has one client finish before the next begins.
+
+#include "generator/hex_bytes.h"
+
+#include <jack/jack.h>
+#include <jack/midiport.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+namespace {
+
+struct Sender {
+    std::vector<std::vector<std::uint8_t>> events;
+    jack_port_t* port = nullptr;
+    std::size_t sent = 0;
+    std::atomic<bool> connected = false;
+    std::atomic<int> idleCycles = 0;
+};
+
+int process(jack_nframes_t frames, void* argument) {
+    auto& sender = *static_cast<Sender*>(argument);
+    auto* const buffer = jack_port_get_buffer(sender.port, frames);
+    jack_midi_clear_buffer(buffer);
+    if (!sender.connected)
+        return 0;
+    if (sender.sent == sender.events.size())
+        ++sender.idleCycles;
+    for (; sender.sent < sender.events.size(); ++sender.sent) {
+        const auto& event = sender.events[sender.sent];
+        if (jack_midi_event_write(buffer, 0, event.data(), event.size()) != 0)
+            break;
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    auto* const client = jack_client_open("sender", JackNoStartServer, nullptr);
+    if (!client || argc < 2)
+        return EXIT_FAILURE;
+    Sender sender;
+    for (int i = 2; i < argc; ++i)
+        sender.events.push_back(bytesFromHex(argv[i]));
+    sender.port = jack_port_register(client, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
+    jack_set_process_callback(client, process, &sender);
+    if (jack_activate(client) != 0 || jack_connect(client, "sender:out", argv[1]) != 0)
+        return EXIT_FAILURE;
+    sender.connected = true;
+    // What a cycle writes is read in the same or in the next one.
+    while (sender.idleCycles < 4)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    jack_client_close(client);
+}
