@@ -46,7 +46,7 @@ std::optional<std::int64_t> integer(const char* key) {
 }
 
 void setReal(const char* key, double value) { set(key, value); }
-void setInteger(const char* key, std::int64_t value) { set(key, QVariant::fromValue(value)); }
+void setInteger(const char* key, std::int64_t value) { set(key, static_cast<qlonglong>(value)); }
 void setBoolean(const char* key, bool value) { set(key, value); }
 
 } // namespace vexa::defaults
