@@ -31,6 +31,24 @@ QString colonSeparated(const std::array<char16_t, 8>& digits) {
     return text;
 }
 
+/// Platforms differ in the text they give to the keys that edit.
+QString charactersOf(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Backspace:
+        return QChar(backspace);
+    case Qt::Key_Delete:
+        return QChar(deleteKey);
+    case Qt::Key_Enter:
+        return QChar(enter);
+    case Qt::Key_Return:
+        return QChar(carriageReturn);
+    case Qt::Key_Tab:
+        return QChar(tab);
+    default:
+        return event.text();
+    }
+}
+
 } // namespace
 
 VexaTimecodeButton::VexaTimecodeButton(QWidget* parent) : KelGrayTextButton(parent) {
@@ -192,7 +210,7 @@ bool VexaTimecodeButton::event(QEvent* event) {
     if (event->type() == QEvent::KeyPress && isEnabled() && isChecked()) {
         auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier &&
-            handleKey(key->text()))
+            handleKey(charactersOf(*key)))
             return true;
     }
     return KelGrayTextButton::event(event);
@@ -206,7 +224,7 @@ void VexaTimecodeButton::keyPressEvent(QKeyEvent* event) {
         }
         const bool isText =
             !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-        if (isText && handleKey(event->text()))
+        if (isText && handleKey(charactersOf(*event)))
             return;
     }
     KelGrayTextButton::keyPressEvent(event);
