@@ -90,6 +90,13 @@ public:
     bool readPrefs();
     void writePrefs();
 
+    void setUseBatch(bool useBatch) { m_useBatch = useBatch; }
+    void setBatchMode(std::uint64_t mode) { m_batchMode = mode; }
+    void setDelayInSeconds(double delay) { m_delayInSeconds = delay; }
+    void setPauseForReelChange(bool pause) { m_pauseForReelChange = pause; }
+    void setDefaultFrameRate(std::uint64_t code) { m_defaultFrameRate = code; }
+    void setDefaultSyncType(std::uint64_t code) { m_defaultSyncType = code; }
+
     // The state. Times are packed timecodes.
     std::uint64_t transportState() const { return m_transportState; }
     std::uint64_t prevTransportState() const { return m_prevTransportState; }

@@ -1,0 +1,125 @@
+#include "app/command_line.h"
+#include "timecode/sync_type.h"
+
+#include <gtest/gtest.h>
+
+using namespace vexa;
+
+namespace {
+
+QStringList words(std::initializer_list<const char*> arguments) {
+    QStringList list;
+    for (const auto* argument : arguments)
+        list += QString::fromUtf8(argument);
+    return list;
+}
+
+CommandLine accepted(std::initializer_list<const char*> arguments) {
+    const auto parsed = parseCommandLine(words(arguments));
+    if (const auto* error = std::get_if<CommandLineError>(&parsed))
+        ADD_FAILURE() << error->message.toStdString();
+    const auto* line = std::get_if<CommandLine>(&parsed);
+    return line ? *line : CommandLine{};
+}
+
+TEST(CommandLine, WithoutArgumentsOpensTheWindow) {
+    const auto line = accepted({});
+    EXPECT_EQ(line.mode, CommandLine::Mode::Window);
+    EXPECT_EQ(line.midi, MidiChoice::Automatic);
+    EXPECT_FALSE(line.destination);
+}
+
+TEST(CommandLine, ReadsAWholeStripe) {
+    const auto line =
+        accepted({"--stripe", "--start", "01:02:03:04", "--stop", "02:00:00:00", "--rate", "25 fps",
+                  "--type", "DTL", "--destination", "Box", "--midi", "jack"});
+    EXPECT_EQ(line.mode, CommandLine::Mode::Stripe);
+    EXPECT_EQ(line.start, (Timecode{1, 2, 3, 4}));
+    EXPECT_EQ(line.stop, (Timecode{2, 0, 0, 0}));
+    EXPECT_EQ(line.rate, rate::fps25);
+    EXPECT_EQ(line.type, sync::dtl);
+    EXPECT_EQ(line.destination, QStringLiteral("Box"));
+    EXPECT_EQ(line.midi, MidiChoice::Jack);
+}
+
+TEST(CommandLine, NamesOfRatesAndTypesAreFreeInBlanksAndCase) {
+    const auto rateOf = [](const char* name) {
+        return accepted({"--stripe", "--start=01:00:00:00", "--rate", name}).rate;
+    };
+    EXPECT_EQ(rateOf("24 fps"), rate::fps24);
+    EXPECT_EQ(rateOf("30fps"), rate::fps30);
+    EXPECT_EQ(rateOf("30 DF"), rate::fps30Drop);
+    EXPECT_EQ(accepted({"--stripe", "--start=01:00:00:00", "--type", "fsk"}).type, sync::fsk);
+}
+
+TEST(CommandLine, KnowsItsOtherModes) {
+    EXPECT_EQ(accepted({"--help"}).mode, CommandLine::Mode::Help);
+    EXPECT_EQ(accepted({"-h"}).mode, CommandLine::Mode::Help);
+    EXPECT_EQ(accepted({"--version"}).mode, CommandLine::Mode::Version);
+    EXPECT_EQ(accepted({"--destinations", "--midi", "alsa"}).mode, CommandLine::Mode::Destinations);
+}
+
+struct Wrong {
+    std::vector<const char*> arguments;
+    const char* message;
+};
+
+class WrongArguments : public testing::TestWithParam<Wrong> {};
+
+TEST_P(WrongArguments, GetOneLineThatSaysWhat) {
+    QStringList arguments;
+    for (const auto* argument : GetParam().arguments)
+        arguments += QString::fromUtf8(argument);
+    const auto parsed = parseCommandLine(arguments);
+    const auto* error = std::get_if<CommandLineError>(&parsed);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->message.toStdString(), GetParam().message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, WrongArguments,
+    testing::Values(Wrong{{"--fast"}, "Unknown option 'fast'."},
+                    Wrong{{"--midi"}, "Missing value after '--midi'."},
+                    Wrong{{"--midi", "oss"}, "--midi: no such system: \"oss\""},
+                    Wrong{{"--stripe"}, "--stripe needs a --start time"},
+                    Wrong{{"--stripe", "--start", "1:00"},
+                          "--start: \"1:00\" is no time of the form hh:mm:ss:ff"},
+                    Wrong{{"--stripe", "--start", "01:00:00:00", "--stop", "x"},
+                          "--stop: \"x\" is no time of the form hh:mm:ss:ff"},
+                    Wrong{{"--stripe", "--start", "01:00:00:00", "--stop", "01:00:00:00"},
+                          "--stop must be after --start"},
+                    Wrong{{"--stripe", "--start", "01:00:00:00", "--rate", "29.97"},
+                          "--rate: no such rate: \"29.97\""},
+                    Wrong{{"--stripe", "--start", "01:00:00:00", "--type", "LTC"},
+                          "--type: no such type: \"LTC\""},
+                    Wrong{{"--start", "01:00:00:00"}, "--start goes with --stripe"},
+                    Wrong{{"--rate", "25 fps"}, "--rate goes with --stripe"}));
+
+TEST(DestinationNamed, FindsAPositionOrPartOfOneName) {
+    const std::vector<std::string> list{"Hub Port 1", "Hub Port 2", "Timecode Box"};
+    const auto position = [&](const char* name) {
+        const auto found = destinationNamed(QString::fromUtf8(name), list);
+        const auto* at = std::get_if<std::int64_t>(&found);
+        return at ? *at : -1;
+    };
+    EXPECT_EQ(position("0"), 0);
+    EXPECT_EQ(position("2"), 2);
+    EXPECT_EQ(position("box"), 2);
+    EXPECT_EQ(position("PORT 2"), 1);
+    EXPECT_EQ(position("Hub"), -1);
+    EXPECT_EQ(position("synth"), -1);
+    EXPECT_EQ(position("3"), -1) << "no such position, and no name with a 3 in it";
+    EXPECT_EQ(position("-1"), -1);
+}
+
+TEST(DestinationNamed, SaysWhatItFound) {
+    const std::vector<std::string> list{"Hub Port 1", "Hub Port 2"};
+    const auto message = [&](const char* name) {
+        return std::get<CommandLineError>(destinationNamed(QString::fromUtf8(name), list))
+            .message.toStdString();
+    };
+    EXPECT_EQ(message("box"), "no MIDI destination matches \"box\"");
+    EXPECT_EQ(message("hub"), "\"hub\" matches 2 MIDI destinations: Hub Port 1, Hub Port 2");
+}
+
+} // namespace

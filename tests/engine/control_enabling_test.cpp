@@ -1,0 +1,81 @@
+#include "support/ControllerRig.h"
+
+#include <gtest/gtest.h>
+
+using namespace vexa;
+using namespace vexa::test;
+
+namespace {
+
+struct BatchControls {
+    bool rows;
+    bool selected;
+    bool radiosEnabled;
+    bool selectedCellEnabled;
+    bool checkEnabled;
+    bool removeHidden;
+    std::uint64_t batchMode; ///< of 1 before
+    bool useBatch;           ///< of true before
+};
+
+class BatchControlEnabling : public testing::TestWithParam<BatchControls> {};
+
+TEST_P(BatchControlEnabling, FollowsTheRowsAndTheSelection) {
+    const auto& expected = GetParam();
+    ControllerRig rig;
+    if (expected.rows)
+        rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), 0, 1, 2, 0);
+    if (expected.selected)
+        rig.ui.batchTable.selectRows({0});
+    rig.controller.setUseBatch(true);
+    rig.ui.batchCheck.setState(true);
+    rig.controller.setBatchMode(batchModeSelected);
+    rig.ui.batchRadios.selectCellWithTag(batchModeSelected);
+    rig.ui.batchRadios.setCellEnabled(batchModeSelected, true);
+
+    rig.controller.handleBatchControlEnabling();
+
+    EXPECT_EQ(rig.ui.batchRadios.isEnabled(), expected.radiosEnabled);
+    EXPECT_EQ(rig.ui.batchRadios.isCellEnabled(batchModeSelected), expected.selectedCellEnabled);
+    EXPECT_EQ(rig.ui.batchCheck.isEnabled(), expected.checkEnabled);
+    EXPECT_EQ(rig.ui.removeFromBatchButton.isHidden(), expected.removeHidden);
+    EXPECT_EQ(rig.controller.batchMode(), expected.batchMode);
+    EXPECT_EQ(rig.ui.batchRadios.selectedTag(), expected.batchMode);
+    EXPECT_EQ(rig.controller.useBatch(), expected.useBatch);
+    EXPECT_EQ(rig.ui.batchCheck.state(), expected.useBatch);
+    EXPECT_FALSE(rig.controller.undoManager().canUndo());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, BatchControlEnabling,
+    testing::Values(BatchControls{true, true, true, true, true, false, batchModeSelected, true},
+                    BatchControls{true, false, true, false, true, true, batchModeAll, true},
+                    // Without rows the radios stay as they were.
+                    BatchControls{false, false, true, true, false, true, batchModeAll, false}));
+
+struct RateControls {
+    std::uint64_t type;
+    bool enabled;
+    std::optional<std::uint64_t> cellOn;
+};
+
+class FrameRateEnabling : public testing::TestWithParam<RateControls> {};
+
+TEST_P(FrameRateEnabling, FollowsTheSyncType) {
+    ControllerRig rig;
+    rig.controller.handleFrameRateMenuItems(rate::fps25);
+    rig.controller.handleSyncTypeMenuItems(GetParam().type);
+    EXPECT_EQ(rig.ui.frameRateMatrix.isEnabled(), GetParam().enabled);
+    EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), GetParam().cellOn);
+    EXPECT_EQ(rig.controller.frameRate(), rate::fps25) << "the rate is kept";
+    rig.controller.handleSyncTypeMenuItems(sync::mtc);
+    EXPECT_TRUE(rig.ui.frameRateMatrix.isEnabled());
+    EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), rate::fps25);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, FrameRateEnabling,
+                         testing::Values(RateControls{sync::mtc, true, rate::fps25},
+                                         RateControls{sync::dtl, true, rate::fps25},
+                                         RateControls{sync::fsk, false, std::nullopt}));
+
+} // namespace

@@ -1,0 +1,163 @@
+#include "midi/BackgroundMidiSystem.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+using namespace vexa;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// What a driver is to find, and what it was told to send; shared with the test's thread.
+struct World {
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<MidiPort> ports;
+    std::vector<std::string> sent; ///< "identity: first byte"
+    bool held = false;             ///< the driver's next call waits
+    std::atomic<int> drivers = 0;
+    std::thread::id thread;
+
+    void hold(bool hold) {
+        const std::lock_guard lock{mutex};
+        held = hold;
+        changed.notify_all();
+    }
+};
+
+class WorldDriver final : public MidiDriver {
+public:
+    explicit WorldDriver(World& world) : m_world(world) { ++m_world.drivers; }
+    ~WorldDriver() override { --m_world.drivers; }
+
+    std::vector<MidiPort> ports() override {
+        std::unique_lock lock{m_world.mutex};
+        m_world.thread = std::this_thread::get_id();
+        m_world.changed.wait(lock, [this] { return !m_world.held; });
+        return m_world.ports;
+    }
+    void send(const std::string& identity, std::span<const std::uint8_t> message) override {
+        std::unique_lock lock{m_world.mutex};
+        m_world.changed.wait(lock, [this] { return !m_world.held; });
+        m_world.sent.push_back(identity + ": " + std::to_string(message.front()));
+    }
+    void maintain() override {}
+
+private:
+    World& m_world;
+};
+
+struct BackgroundMidi : testing::Test {
+    BackgroundMidi() {
+        world.ports = {{"usb1/0", "20:0", "MIDI 1", "usb1", "Box"},
+                       {"usb1/1", "20:1", "MIDI 2", "usb1", "Box"},
+                       {"program:x", "128:0", "Soft", {}, {}}};
+        system = std::make_unique<BackgroundMidiSystem>(
+            [this] { return std::make_unique<WorldDriver>(world); });
+    }
+
+    void sendByte(MidiObjectRef destination, std::uint8_t byte) {
+        system->send(destination, std::span(&byte, 1));
+    }
+
+    World world;
+    std::unique_ptr<BackgroundMidiSystem> system;
+};
+
+TEST_F(BackgroundMidi, ShowsPortsAsATreeOfObjects) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    const auto second = system->destination(1);
+    EXPECT_EQ(system->name(second), "MIDI 2");
+    const auto entity = system->entityOfEndpoint(second);
+    ASSERT_NE(entity, 0u);
+    EXPECT_EQ(system->name(entity), std::nullopt);
+    const auto device = system->deviceOfEntity(entity);
+    EXPECT_EQ(system->name(device), "Box");
+    EXPECT_EQ(system->numberOfEntities(device), 2u);
+    EXPECT_EQ(system->connectionUniqueIds(second), std::nullopt);
+}
+
+TEST_F(BackgroundMidi, APortOfAProgramHasNeitherEntityNorDevice) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    EXPECT_EQ(system->entityOfEndpoint(system->destination(2)), 0u);
+    EXPECT_EQ(system->deviceOfEntity(0), 0u);
+}
+
+TEST_F(BackgroundMidi, WhatIsNotThereHasNothing) {
+    EXPECT_EQ(system->destination(3), 0u);
+    EXPECT_EQ(system->name(0), std::nullopt);
+    EXPECT_EQ(system->name(99), std::nullopt);
+    EXPECT_EQ(system->uniqueId(0), std::nullopt);
+    EXPECT_FALSE(system->findByUniqueId(1));
+    sendByte(0, 1);
+    sendByte(99, 1);
+    system.reset();
+    EXPECT_THAT(world.sent, IsEmpty());
+}
+
+TEST_F(BackgroundMidi, APortThatComesBackElsewhereIsTheSameObject) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    const auto port = system->destination(0);
+    const auto id = system->uniqueId(port).value();
+    const auto there = world.ports[0];
+    world.ports.erase(world.ports.begin());
+    EXPECT_FALSE(system->findByUniqueId(id));
+    EXPECT_EQ(system->uniqueId(port), id);
+    world.ports.push_back(there);
+    world.ports.back().address = "24:0";
+    ASSERT_TRUE(system->findByUniqueId(id));
+    EXPECT_EQ(system->findByUniqueId(id)->ref, port);
+    EXPECT_EQ(system->destination(2), port);
+}
+
+TEST_F(BackgroundMidi, MessagesKeepTheirOrderAcrossDestinations) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    std::vector<std::string> expected;
+    for (int i = 0; i < 200; ++i) {
+        const auto byte = static_cast<std::uint8_t>(i);
+        sendByte(system->destination(i % 2 ? 0 : 2), byte);
+        expected.push_back((i % 2 ? "usb1/0: " : "program:x: ") + std::to_string(byte));
+    }
+    system.reset();
+    EXPECT_EQ(world.sent, expected);
+}
+
+TEST_F(BackgroundMidi, ADriverThatIsHeldUpHoldsUpNobody) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    const auto port = system->destination(0);
+    world.hold(true);
+    for (int i = 0; i < 3; ++i)
+        sendByte(port, static_cast<std::uint8_t>(i));
+    EXPECT_EQ(system->numberOfDestinations(), 3u) << "the last reading serves";
+    EXPECT_THAT(world.sent, IsEmpty());
+    world.hold(false);
+    system.reset();
+    EXPECT_THAT(world.sent, ElementsAre("usb1/0: 0", "usb1/0: 1", "usb1/0: 2"));
+}
+
+TEST_F(BackgroundMidi, TheDriverLivesOnAThreadOfItsOwnAndGoesWithTheSystem) {
+    system->numberOfDestinations();
+    EXPECT_NE(world.thread, std::this_thread::get_id());
+    EXPECT_EQ(world.drivers, 1);
+    system.reset();
+    EXPECT_EQ(world.drivers, 0);
+}
+
+TEST_F(BackgroundMidi, AStuckDriverDoesNotKeepTheSystemFromEnding) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    world.hold(true);
+    sendByte(system->destination(0), 1);
+    system.reset();
+    EXPECT_EQ(world.drivers, 1);
+    world.hold(false);
+    while (world.drivers != 0)
+        std::this_thread::yield();
+}
+
+} // namespace

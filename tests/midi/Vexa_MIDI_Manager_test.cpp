@@ -1,0 +1,152 @@
+#include "defaults/user_defaults.h"
+#include "midi/Vexa_MIDI_Manager.h"
+#include "support/CleanDefaults.h"
+#include "support/FakeMidiSystem.h"
+#include "timecode/sync_type.h"
+
+#include <QFile>
+#include <QSettings>
+#include <gmock/gmock.h>
+
+using namespace vexa;
+using namespace vexa::test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace vexa::test {
+void PrintTo(const FakeMidiSystem::Sent& sent, std::ostream* out) {
+    *out << sent.bytes << " to " << sent.destination;
+}
+} // namespace vexa::test
+
+namespace {
+
+const std::string stop = "F0 7D 42 00 00 00 00 00 F7";
+
+struct Manager : testing::Test {
+    Manager() { Vexa_MIDI_Manager::setMidiSystem(&system); }
+    ~Manager() override { Vexa_MIDI_Manager::setMidiSystem(nullptr); }
+
+    static Vexa_MIDI_Manager& shared() { return Vexa_MIDI_Manager::sharedMidiManager(); }
+
+    CleanDefaults clean;
+    FakeMidiSystem system;
+};
+
+using Sent = FakeMidiSystem::Sent;
+
+TEST_F(Manager, SendsSetupAndStartAtOnceAndNothingMore) {
+    const auto box = system.addDestination("Box", 5);
+    shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::dtl);
+    shared().sendStartMessage();
+    EXPECT_THAT(system.takeSent(), ElementsAre(Sent{box, "F0 7D 42 01 00 00 00 05 F7"},
+                                               Sent{box, "F0 7D 42 01 00 00 00 7F F7"}));
+}
+
+TEST_F(Manager, WithoutDestinationsSendsToNone) {
+    EXPECT_EQ(shared().dest(), 0u);
+    EXPECT_EQ(shared().destID(), 0);
+    EXPECT_THAT(shared().destinationList(), IsEmpty());
+    EXPECT_EQ(shared().indexOfDestination(), 0);
+    shared().sendStopMessage();
+    EXPECT_THAT(system.takeSent(), ElementsAre(Sent{0, stop}));
+}
+
+TEST_F(Manager, WithNothingRememberedTakesTheFirstAndSendsNothing) {
+    const auto first = system.addDestination("A", 11);
+    system.addDestination("B", 12);
+    EXPECT_EQ(shared().dest(), first);
+    EXPECT_EQ(shared().destID(), 11);
+    EXPECT_THAT(system.takeSent(), IsEmpty());
+    EXPECT_FALSE(defaults::integer(defaults::midiDestinationKey)) << "a fallback is not remembered";
+}
+
+TEST_F(Manager, TakesUpTheRememberedOneAndStopsItOnce) {
+    system.addDestination("A", 11);
+    const auto second = system.addDestination("B", -12);
+    defaults::setInteger(defaults::midiDestinationKey, -12);
+    EXPECT_EQ(shared().dest(), second);
+    EXPECT_EQ(shared().destID(), -12);
+    EXPECT_THAT(system.takeSent(), ElementsAre(Sent{second, stop}));
+    EXPECT_EQ(shared().indexOfDestination(), 1);
+}
+
+TEST_F(Manager, WhenTheRememberedOneIsGoneTakesTheFirstAndKeepsTheMemory) {
+    const auto first = system.addDestination("A", 11);
+    defaults::setInteger(defaults::midiDestinationKey, 99);
+    EXPECT_EQ(shared().dest(), first);
+    EXPECT_EQ(shared().destID(), 11);
+    EXPECT_THAT(system.takeSent(), ElementsAre(Sent{0, stop})) << "the stop reaches no device";
+    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 99);
+}
+
+TEST_F(Manager, WhenTheRememberedOneIsGoneAndThereIsNoOtherHasNone) {
+    defaults::setInteger(defaults::midiDestinationKey, 99);
+    EXPECT_EQ(shared().dest(), 0u);
+    EXPECT_EQ(shared().destID(), 0);
+}
+
+TEST_F(Manager, ConnectingByPositionStopsTheGeneratorThere) {
+    system.addDestination("A", 11);
+    const auto second = system.addDestination("B", 12);
+    shared().connectToDestinationAtIndex(1);
+    EXPECT_EQ(shared().dest(), second);
+    EXPECT_EQ(shared().destID(), 12);
+    EXPECT_THAT(system.takeSent(), ElementsAre(Sent{second, stop}));
+    EXPECT_EQ(shared().indexOfDestination(), 1);
+}
+
+TEST_F(Manager, APositionOutsideTheListLeavesNoneAndKeepsTheID) {
+    system.addDestination("A", 11);
+    for (const std::int64_t index : {std::int64_t{-1}, std::int64_t{1}, INT64_MAX, INT64_MIN}) {
+        shared().connectToDestinationAtIndex(0);
+        system.takeSent();
+        shared().connectToDestinationAtIndex(index);
+        EXPECT_EQ(shared().dest(), 0u) << index;
+        EXPECT_EQ(shared().destID(), 11) << index;
+        EXPECT_THAT(system.takeSent(), ElementsAre(Sent{0, stop})) << index;
+    }
+}
+
+TEST_F(Manager, ConfirmingAnEmptyListWritesTheOldIDBack) {
+    const auto box = system.addDestination("A", 11);
+    shared().connectToDestinationAtIndex(0);
+    system.remove(box);
+    shared().connectToDestinationAtIndex(-1);
+    shared().writePrefs();
+    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 11);
+}
+
+TEST_F(Manager, ThePositionOfAnUnknownIDIs0) {
+    system.addDestination("A", 11);
+    system.addDestination("B", 12);
+    shared().setDestID(13);
+    EXPECT_EQ(shared().indexOfDestination(), 0);
+}
+
+TEST_F(Manager, ListsAnew) {
+    system.addDestination("A", 11);
+    EXPECT_THAT(shared().destinationList(), ElementsAre("A"));
+    system.addDestination("B", 12);
+    EXPECT_THAT(shared().destinationList(), ElementsAre("A", "B"));
+}
+
+TEST_F(Manager, ReadPrefsTellsWhetherThereWasAnythingAndLeavesTheIDOtherwise) {
+    system.addDestination("A", 11);
+    EXPECT_FALSE(shared().readPrefs());
+    EXPECT_EQ(shared().destID(), 11);
+    shared().setDestID(INT32_MIN);
+    shared().writePrefs();
+    shared().setDestID(0);
+    EXPECT_TRUE(shared().readPrefs());
+    EXPECT_EQ(shared().destID(), INT32_MIN);
+}
+
+TEST_F(Manager, SplitsPackedTimes) {
+    EXPECT_EQ(Vexa_MIDI_Manager::bcdToHour(0x173B3A1D), 23u);
+    EXPECT_EQ(Vexa_MIDI_Manager::bcdToMinute(0x173B3A1D), 59u);
+    EXPECT_EQ(Vexa_MIDI_Manager::bcdToSecond(0x173B3A1D), 58u);
+    EXPECT_EQ(Vexa_MIDI_Manager::bcdToFrame(0x173B3A1D), 29u);
+}
+
+} // namespace

@@ -1,0 +1,148 @@
+#include "midi/display_name.h"
+#include "support/FakeMidiSystem.h"
+
+#include <gmock/gmock.h>
+
+using namespace vexa;
+using namespace vexa::test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+struct DisplayName : testing::Test {
+    MidiObjectRef device(std::optional<std::string> name) {
+        return system.add({MidiObjectType::Device, std::move(name), {}, {}, 0});
+    }
+    MidiObjectRef entity(std::optional<std::string> name, MidiObjectRef device) {
+        return system.add({MidiObjectType::Entity, std::move(name), {}, {}, device});
+    }
+    std::string nameOf(MidiObjectRef endpoint, bool isExternal = false) {
+        return createEndpointDisplayName(system, endpoint, isExternal);
+    }
+
+    FakeMidiSystem system;
+};
+
+TEST_F(DisplayName, PutsTheDeviceBeforeTheEndpoint) {
+    const auto hub = device("Hub");
+    EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("whatever", hub))), "Hub Port 1");
+}
+
+TEST_F(DisplayName, DoesNotDoubleAName) {
+    EXPECT_EQ(nameOf(system.addDestination("Hub", 1, entity("x", device("Hub")))), "Hub");
+}
+
+TEST_F(DisplayName, ComparesWithTheCaseOfLetters) {
+    EXPECT_EQ(nameOf(system.addDestination("hub", 1, entity("x", device("Hub")))), "Hub hub");
+}
+
+TEST_F(DisplayName, OfAnEndpointWithoutEntityIsItsOwn) {
+    EXPECT_EQ(nameOf(system.addDestination("Soft Synth", 1)), "Soft Synth");
+    EXPECT_EQ(nameOf(system.addDestination({}, 2)), "");
+}
+
+TEST_F(DisplayName, TakesTheEntitysNameInPlaceOfAMissingOne) {
+    EXPECT_EQ(nameOf(system.addDestination({}, 1, entity("Port A", device("Hub")))), "Hub Port A");
+    EXPECT_EQ(nameOf(system.addDestination({}, 2, entity("Port A", 0))), "Port A");
+}
+
+TEST_F(DisplayName, OfNamelessEndpointAndEntityIsTheDevices) {
+    EXPECT_EQ(nameOf(system.addDestination({}, 1, entity({}, device("Synth")))), "Synth");
+}
+
+TEST_F(DisplayName, LeavesANamelessDeviceOut) {
+    EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("x", device({})))), "Port 1");
+}
+
+TEST_F(DisplayName, OfTheOnlyExternalEntityIsTheDevices) {
+    const auto synth = device("Synth");
+    const auto port = system.addDestination("In", 1, entity("x", synth));
+    EXPECT_EQ(nameOf(port, true), "Synth");
+    EXPECT_EQ(nameOf(port, false), "Synth In");
+    entity("y", synth);
+    EXPECT_EQ(nameOf(port, true), "Synth In");
+    system.object(port).name = "Synth";
+    EXPECT_EQ(nameOf(port, true), "Synth");
+}
+
+struct DestinationName : DisplayName {
+    /// A destination of the interface "Hub" with that connection property.
+    std::string nameCabledTo(std::optional<Bytes> connections) {
+        const auto port = system.addDestination("Port 1", 1, entity("x", device("Hub")));
+        system.object(port).connections = std::move(connections);
+        return destinationName(system, port);
+    }
+    void addExternalDevice(const char* name, MidiUniqueId id) {
+        system.add({MidiObjectType::ExternalDevice, name, id, {}, 0});
+    }
+};
+
+TEST_F(DestinationName, IsThatOfTheCabledDevice) {
+    addExternalDevice("Recorder", 0x01020304);
+    EXPECT_EQ(nameCabledTo(Bytes{1, 2, 3, 4}), "Recorder");
+}
+
+TEST_F(DestinationName, JoinsSeveralWithCommas) {
+    addExternalDevice("Recorder", 0x01020304);
+    addExternalDevice("Synth", -2);
+    EXPECT_EQ(nameCabledTo(Bytes{0xFF, 0xFF, 0xFF, 0xFE, 1, 2, 3, 4}), "Synth, Recorder");
+}
+
+TEST_F(DestinationName, SkipsWhatDoesNotResolveOrHasNoName) {
+    addExternalDevice("Recorder", 1);
+    system.add({MidiObjectType::ExternalDevice, {}, 2, {}, 0});
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 9, 0, 0, 0, 1, 0, 0, 0, 2}), "Recorder");
+}
+
+TEST_F(DestinationName, IgnoresTrailingBytes) {
+    addExternalDevice("Recorder", 1);
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 1, 0, 0, 0}), "Recorder");
+}
+
+TEST_F(DestinationName, FallsBackToThePortsOwnName) {
+    EXPECT_EQ(nameCabledTo({}), "Hub Port 1");
+    EXPECT_EQ(nameCabledTo(Bytes{}), "Hub Port 1");
+    EXPECT_EQ(nameCabledTo(Bytes{1}), "Hub Port 1");
+    EXPECT_EQ(nameCabledTo(Bytes{1, 2, 3}), "Hub Port 1");
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 9}), "Hub Port 1");
+}
+
+class ExternalEndpoint : public DestinationName,
+                         public testing::WithParamInterface<MidiObjectType> {};
+
+TEST_P(ExternalEndpoint, IsNamedAsExternal) {
+    const auto synth = device("Synth");
+    system.add({GetParam(), "In", 5, {}, entity("x", synth)});
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 5}), "Synth");
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, ExternalEndpoint,
+                         testing::Values(MidiObjectType::ExternalSource,
+                                         MidiObjectType::ExternalDestination));
+
+class OtherObject : public DestinationName, public testing::WithParamInterface<MidiObjectType> {};
+
+TEST_P(OtherObject, GoesByItsOwnName) {
+    system.add({GetParam(), "In", 5, {}, entity("x", device("Synth"))});
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 5}), "In");
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, OtherObject,
+                         testing::Values(MidiObjectType::Device, MidiObjectType::Entity,
+                                         MidiObjectType::Source, MidiObjectType::Destination,
+                                         MidiObjectType::ExternalDevice,
+                                         MidiObjectType::ExternalEntity));
+
+TEST_F(DisplayName, NamesOfAllDestinationsKeepOrderAndRepeats) {
+    EXPECT_THAT(destinationNames(system), IsEmpty());
+    system.addDestination("B", 1);
+    system.addDestination("A", 2);
+    system.addDestination("B", 3);
+    system.addDestination({}, 4);
+    EXPECT_THAT(destinationNames(system), ElementsAre("B", "A", "B", ""));
+}
+
+} // namespace

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "engine/Vexa_RemoteAppDelegate.h"
+#include "engine/plain_outlets.h"
+#include "midi/Vexa_MIDI_Manager.h"
+#include "support/FakeMidiSystem.h"
+#include "support/ManualRunLoop.h"
+#include "support/ScriptedAlerts.h"
+
+#include <string>
+
+namespace vexa::test {
+
+/// "hh:mm:ss:ff" as the number that carries it.
+inline std::uint64_t tc(const char* text) { return pack(timecodeFromText(text).value()); }
+
+/// The reading of a display.
+inline std::string shown(const TimecodeDisplay& display) {
+    return timecodeText(unpack(display.bcdValue()));
+}
+
+/// The frames of the generator, spelled out.
+inline const std::string stopFrame = "F0 7D 42 00 00 00 00 00 F7";
+inline std::string frame(const char* timeBytes, const char* code) {
+    return std::string("F0 7D 42 ") + timeBytes + ' ' + code + " F7";
+}
+
+/// A controller without a window, one MIDI destination that notes what it gets, and time that
+/// passes by hand. Started up, and past what start-up sends.
+struct ControllerRig {
+    ControllerRig() {
+        destination = midi.addDestination("Timecode Box", 77);
+        Vexa_MIDI_Manager::setMidiSystem(&midi);
+        controller.applicationDidFinishLaunching();
+        midi.takeSent();
+    }
+    ~ControllerRig() { Vexa_MIDI_Manager::setMidiSystem(nullptr); }
+    ControllerRig(const ControllerRig&) = delete;
+    ControllerRig& operator=(const ControllerRig&) = delete;
+
+    /// Presses a button of the transport.
+    void press(std::uint64_t state) {
+        ui.transportMatrix.selectCellWithTag(state);
+        controller.handleTransportButtons();
+    }
+
+    /// Lets the clock tick that many times.
+    void tick(int times = 1) {
+        while (times-- > 0)
+            runLoop.fireTimerOf(RunLoop::Seconds(controller.frameInterval()));
+    }
+
+    /// Sets what a single stripe needs, as the operator's edits would.
+    void setStripe(const char* start, const char* stop, std::uint64_t rate,
+                   std::uint64_t type = sync::mtc) {
+        controller.handleFrameRateMenuItems(rate);
+        controller.handleSyncTypeMenuItems(type);
+        controller.setStartTime(tc(start), stop ? tc(stop) : 0, {});
+        controller.setStopTime(stop ? tc(stop) : 0, stop != nullptr, {});
+    }
+
+    FakeMidiSystem midi;
+    MidiObjectRef destination = 0;
+    ManualRunLoop runLoop;
+    ScriptedAlerts alerts;
+    PlainOutlets ui;
+    Vexa_RemoteAppDelegate controller{ui.outlets(alerts), runLoop};
+};
+
+} // namespace vexa::test

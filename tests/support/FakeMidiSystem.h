@@ -1,0 +1,106 @@
+#pragma once
+
+#include "midi/MidiSystem.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vexa::test {
+
+/// A MIDI system made of whatever objects a test puts into it. It notes every message.
+class FakeMidiSystem final : public MidiSystem {
+public:
+    struct Object {
+        MidiObjectType type = MidiObjectType::Destination;
+        std::optional<std::string> name;
+        std::optional<MidiUniqueId> id;
+        std::optional<std::vector<std::uint8_t>> connections;
+        MidiObjectRef parent = 0; ///< an endpoint's entity, an entity's device
+    };
+
+    struct Sent {
+        MidiObjectRef destination;
+        std::string bytes; ///< "F0 7D …"
+        bool operator==(const Sent&) const = default;
+    };
+
+    MidiObjectRef add(Object object) {
+        m_objects[m_next] = std::move(object);
+        return m_next++;
+    }
+
+    MidiObjectRef addDestination(std::optional<std::string> name, MidiUniqueId id,
+                                 MidiObjectRef entity = 0) {
+        const auto ref = add({MidiObjectType::Destination, std::move(name), id, {}, entity});
+        m_destinations.push_back(ref);
+        return ref;
+    }
+
+    /// Takes an object out of the system, as unplugging does.
+    void remove(MidiObjectRef ref) {
+        m_objects.erase(ref);
+        std::erase(m_destinations, ref);
+    }
+
+    Object& object(MidiObjectRef ref) { return m_objects.at(ref); }
+
+    /// What was sent since the last call.
+    std::vector<Sent> takeSent() { return std::exchange(m_sent, {}); }
+    std::vector<std::string> takeBytes() {
+        std::vector<std::string> bytes;
+        for (const auto& message : takeSent())
+            bytes.push_back(message.bytes);
+        return bytes;
+    }
+
+    std::size_t numberOfDestinations() override { return m_destinations.size(); }
+    MidiObjectRef destination(std::size_t position) override {
+        return position < m_destinations.size() ? m_destinations[position] : 0;
+    }
+    std::optional<MidiObject> findByUniqueId(MidiUniqueId id) override {
+        for (const auto& [ref, object] : m_objects)
+            if (object.id == id)
+                return MidiObject{ref, object.type};
+        return {};
+    }
+    std::optional<std::string> name(MidiObjectRef ref) override { return lookUp(ref).name; }
+    std::optional<MidiUniqueId> uniqueId(MidiObjectRef ref) override { return lookUp(ref).id; }
+    std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef ref) override {
+        return lookUp(ref).connections;
+    }
+    MidiObjectRef entityOfEndpoint(MidiObjectRef ref) override { return lookUp(ref).parent; }
+    MidiObjectRef deviceOfEntity(MidiObjectRef ref) override { return lookUp(ref).parent; }
+    std::size_t numberOfEntities(MidiObjectRef device) override {
+        return static_cast<std::size_t>(std::ranges::count_if(m_objects, [&](const auto& entry) {
+            const auto& object = entry.second;
+            return object.parent == device && (object.type == MidiObjectType::Entity ||
+                                               object.type == MidiObjectType::ExternalEntity);
+        }));
+    }
+    void send(MidiObjectRef destination, std::span<const std::uint8_t> message) override {
+        std::string bytes;
+        for (const auto byte : message) {
+            char text[4];
+            std::snprintf(text, sizeof text, bytes.empty() ? "%02X" : " %02X", byte);
+            bytes += text;
+        }
+        m_sent.push_back({destination, bytes});
+    }
+
+private:
+    Object lookUp(MidiObjectRef ref) const {
+        const auto found = m_objects.find(ref);
+        return found == m_objects.end() ? Object{} : found->second;
+    }
+
+    MidiObjectRef m_next = 1;
+    std::map<MidiObjectRef, Object> m_objects;
+    std::vector<MidiObjectRef> m_destinations;
+    std::vector<Sent> m_sent;
+};
+
+} // namespace vexa::test

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "engine/RunLoop.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace vexa::test {
+
+/// A run loop whose time passes only by hand.
+class ManualRunLoop final : public RunLoop {
+public:
+    std::unique_ptr<RunLoopTimer> scheduleTimer(Seconds interval, bool repeats,
+                                                std::function<void()> action) override {
+        auto entry = std::make_shared<Entry>();
+        entry->interval = std::max(interval, Seconds{0});
+        entry->due = m_now + entry->interval;
+        entry->repeats = repeats;
+        entry->action = std::move(action);
+        m_entries.push_back(entry);
+        return std::make_unique<Timer>(entry);
+    }
+
+    /// Lets that much time pass and fires what falls due in it, in order.
+    void advance(Seconds time) {
+        constexpr Seconds rounding{1e-9};
+        const auto end = m_now + time;
+        while (const auto next = nextDueBy(end + rounding)) {
+            m_now = std::max(m_now, next->due);
+            fire(*next);
+        }
+        m_now = std::max(m_now, end);
+    }
+
+    /// Fires the timer of that interval once, whatever the time is.
+    void fireTimerOf(Seconds interval) {
+        for (const auto& entry : live())
+            if (std::abs((entry->interval - interval).count()) < 1e-12)
+                return fire(*entry);
+    }
+
+    std::vector<Seconds> liveIntervals() {
+        std::vector<Seconds> intervals;
+        for (const auto& entry : live())
+            intervals.push_back(entry->interval);
+        return intervals;
+    }
+
+private:
+    struct Entry {
+        Seconds interval{};
+        Seconds due{};
+        bool repeats = false;
+        bool valid = true;
+        std::function<void()> action;
+    };
+    using EntryRef = std::shared_ptr<Entry>;
+
+    class Timer final : public RunLoopTimer {
+    public:
+        explicit Timer(EntryRef entry) : m_entry(std::move(entry)) {}
+        ~Timer() override { m_entry->valid = false; }
+        bool isValid() const override { return m_entry->valid; }
+        void invalidate() override { m_entry->valid = false; }
+
+    private:
+        EntryRef m_entry;
+    };
+
+    std::vector<EntryRef> live() {
+        std::erase_if(m_entries, [](const auto& entry) { return !entry->valid; });
+        return m_entries;
+    }
+
+    EntryRef nextDueBy(Seconds end) {
+        EntryRef next;
+        for (const auto& entry : live())
+            if (entry->due <= end && (!next || entry->due < next->due))
+                next = entry;
+        return next;
+    }
+
+    static void fire(Entry& entry) {
+        entry.due += entry.interval;
+        entry.valid = entry.repeats;
+        const auto action = entry.action;
+        action();
+    }
+
+    Seconds m_now{0};
+    std::vector<EntryRef> m_entries;
+};
+
+} // namespace vexa::test
