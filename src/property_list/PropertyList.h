@@ -81,6 +81,12 @@ public:
         return std::get_if<T>(&m_value);
     }
 
+    /// Calls `visitor` with what the value holds.
+    template<typename Visitor>
+    decltype(auto) visit(Visitor&& visitor) const {
+        return std::visit(std::forward<Visitor>(visitor), m_value);
+    }
+
     /// Equal in kind and, all the way down, in content. A NaN equals a NaN, so that every value
     /// equals its copy.
     bool operator==(const PropertyList& other) const;

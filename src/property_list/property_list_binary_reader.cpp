@@ -1,0 +1,287 @@
+#include "property_list/property_list_binary_reader.h"
+
+#include "property_list/KeyCache.h"
+#include "property_list/MemoryBudget.h"
+#include "property_list/property_list_limits.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <bit>
+#include <string_view>
+
+namespace vexa {
+namespace {
+
+constexpr std::size_t headerSize = 8;
+constexpr std::size_t trailerSize = 32;
+
+std::uint64_t bigEndian(std::string_view bytes) {
+    std::uint64_t value = 0;
+    for (const char byte : bytes)
+        value = value << 8 | static_cast<unsigned char>(byte);
+    return value;
+}
+
+QString fromUtf16BigEndian(std::string_view bytes) {
+    QString text(static_cast<qsizetype>(bytes.size() / 2), Qt::Uninitialized);
+    qFromBigEndian<char16_t>(bytes.data(), text.size(), text.data());
+    if (text.isValidUtf16())
+        return text;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair =
+            text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (pair)
+            ++i;
+        else if (text[i].isSurrogate())
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+/// The high half of an object's first byte.
+enum class Kind : std::uint8_t {
+    simple = 0x0,
+    integer = 0x1,
+    real = 0x2,
+    date = 0x3,
+    data = 0x4,
+    latin1 = 0x5,
+    utf16 = 0x6,
+    array = 0xA,
+    dictionary = 0xD
+};
+
+class Reader {
+public:
+    explicit Reader(std::string_view file) : m_file(file) {}
+
+    std::optional<PropertyList> propertyList();
+
+private:
+    /// An object opened: what kind it is, the low half of its first byte, and all that follows.
+    struct Object {
+        Kind kind;
+        std::uint8_t size;
+        std::string_view rest;
+    };
+
+    std::optional<Object> object(std::uint64_t reference) const;
+    std::uint64_t referenceAt(std::string_view references, std::size_t index) const;
+
+    /// The bytes of a number of 2^size bytes. They are taken off the front of `rest`.
+    static std::optional<std::string_view> number(std::uint8_t size, std::string_view& rest);
+    /// The bytes of `object` if it holds a number of elements of so many bytes each.
+    static std::optional<std::string_view> elements(const Object& object, std::size_t elementSize);
+
+    std::optional<PropertyList> value(std::uint64_t reference, int depth);
+    std::optional<PropertyList> scalar(const Object& object);
+    std::optional<PropertyList> text(const Object& object);
+    std::optional<PropertyList> array(const Object& object, int depth);
+    std::optional<PropertyList> dictionary(const Object& object, int depth);
+    std::optional<QString> key(std::uint64_t reference);
+    /// The bytes of a string or data, paid for.
+    std::optional<std::string_view> textBytes(const Object& object);
+
+    std::string_view m_file;
+    std::string_view m_objects; // with the header, so that offsets count from its start
+    std::string_view m_offsets;
+    std::size_t m_offsetSize = 0;
+    std::size_t m_referenceSize = 0;
+    KeyCache m_keys;
+    MemoryBudget m_budget;
+};
+
+std::optional<PropertyList> Reader::propertyList() {
+    if (m_file.size() < headerSize + trailerSize || !m_file.starts_with("bplist0") ||
+        m_file[7] < '0' || m_file[7] > '9')
+        return std::nullopt;
+
+    const auto trailer = m_file.substr(m_file.size() - trailerSize);
+    m_offsetSize = static_cast<unsigned char>(trailer[6]);
+    m_referenceSize = static_cast<unsigned char>(trailer[7]);
+    const auto count = bigEndian(trailer.substr(8, 8));
+    const auto root = bigEndian(trailer.substr(16, 8));
+    const auto tableStart = bigEndian(trailer.substr(24, 8));
+
+    const auto isSize = [](std::size_t size) { return size >= 1 && size <= 8; };
+    const auto tableEnd = m_file.size() - trailerSize;
+    if (!isSize(m_offsetSize) || !isSize(m_referenceSize) || tableStart < headerSize ||
+        tableStart > tableEnd || count > (tableEnd - tableStart) / m_offsetSize ||
+        tableStart + count * m_offsetSize != tableEnd)
+        return std::nullopt;
+
+    m_objects = m_file.substr(0, tableStart);
+    m_offsets = m_file.substr(tableStart, tableEnd - tableStart);
+    if (!m_budget.take(1))
+        return std::nullopt;
+    return value(root, 1);
+}
+
+std::optional<Reader::Object> Reader::object(std::uint64_t reference) const {
+    if (reference >= m_offsets.size() / m_offsetSize)
+        return std::nullopt;
+    const auto offset = bigEndian(m_offsets.substr(reference * m_offsetSize, m_offsetSize));
+    if (offset < headerSize || offset >= m_objects.size())
+        return std::nullopt;
+    const auto first = static_cast<unsigned char>(m_objects[offset]);
+    return Object{Kind{static_cast<std::uint8_t>(first >> 4)},
+                  static_cast<std::uint8_t>(first & 0xF), m_objects.substr(offset + 1)};
+}
+
+std::uint64_t Reader::referenceAt(std::string_view references, std::size_t index) const {
+    return bigEndian(references.substr(index * m_referenceSize, m_referenceSize));
+}
+
+std::optional<std::string_view> Reader::number(std::uint8_t size, std::string_view& rest) {
+    if (size > 4 || rest.size() < (std::size_t{1} << size))
+        return std::nullopt;
+    const auto bytes = rest.substr(0, std::size_t{1} << size);
+    rest.remove_prefix(bytes.size());
+    return bytes;
+}
+
+std::optional<std::string_view> Reader::elements(const Object& object, std::size_t elementSize) {
+    std::uint64_t count = object.size;
+    auto rest = object.rest;
+    if (count == 0xF) {
+        if (rest.empty() || Kind{static_cast<std::uint8_t>(rest[0] >> 4 & 0xF)} != Kind::integer)
+            return std::nullopt;
+        const auto size = static_cast<std::uint8_t>(rest[0] & 0xF);
+        rest.remove_prefix(1);
+        const auto bytes = number(size, rest);
+        if (!bytes)
+            return std::nullopt;
+        count = bigEndian(*bytes);
+    }
+    if (count > rest.size() / elementSize)
+        return std::nullopt;
+    return rest.substr(0, count * elementSize);
+}
+
+std::optional<PropertyList> Reader::value(std::uint64_t reference, int depth) {
+    const auto opened = object(reference);
+    if (!opened || depth > property_list::maximumDepth)
+        return std::nullopt;
+    switch (opened->kind) {
+    case Kind::simple:
+    case Kind::integer:
+    case Kind::real:
+    case Kind::date:
+        return scalar(*opened);
+    case Kind::data:
+    case Kind::latin1:
+    case Kind::utf16:
+        return text(*opened);
+    case Kind::array:
+        return array(*opened, depth);
+    case Kind::dictionary:
+        return dictionary(*opened, depth);
+    }
+    return std::nullopt;
+}
+
+std::optional<PropertyList> Reader::scalar(const Object& object) {
+    if (object.kind == Kind::simple) {
+        if (object.size != 8 && object.size != 9)
+            return std::nullopt;
+        return PropertyList(object.size == 9);
+    }
+    auto rest = object.rest;
+    const auto bytes = number(object.size, rest);
+    if (!bytes)
+        return std::nullopt;
+    const auto bits = bigEndian(*bytes);
+    if (object.kind == Kind::integer)
+        return bytes->size() == 8 ? PropertyList(static_cast<std::int64_t>(bits))
+                                  : PropertyList(bits);
+    if (object.kind == Kind::real && bytes->size() == 4)
+        return PropertyList(double{std::bit_cast<float>(static_cast<std::uint32_t>(bits))});
+    if (bytes->size() != 8)
+        return std::nullopt;
+    const auto number = std::bit_cast<double>(bits);
+    if (object.kind == Kind::real)
+        return PropertyList(number);
+    return PropertyList(PropertyList::Date{number});
+}
+
+std::optional<PropertyList> Reader::text(const Object& object) {
+    const auto bytes = textBytes(object);
+    if (!bytes)
+        return std::nullopt;
+    if (object.kind == Kind::data)
+        return PropertyList(QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())));
+    return PropertyList(object.kind == Kind::latin1 ? QString::fromLatin1(*bytes)
+                                                    : fromUtf16BigEndian(*bytes));
+}
+
+std::optional<QString> Reader::key(std::uint64_t reference) {
+    const auto opened = object(reference);
+    if (!opened || (opened->kind != Kind::latin1 && opened->kind != Kind::utf16))
+        return std::nullopt;
+    const auto bytes = textBytes(*opened);
+    if (!bytes)
+        return std::nullopt;
+    if (opened->kind == Kind::utf16)
+        return fromUtf16BigEndian(*bytes);
+    return m_keys.key(*bytes, [](std::string_view latin1) { return QString::fromLatin1(latin1); });
+}
+
+std::optional<std::string_view> Reader::textBytes(const Object& object) {
+    const auto bytes = elements(object, object.kind == Kind::utf16 ? sizeof(char16_t) : 1);
+    if (!bytes || !m_budget.take(0, bytes->size() * (object.kind == Kind::latin1 ? 2 : 1)))
+        return std::nullopt;
+    return bytes;
+}
+
+std::optional<PropertyList> Reader::array(const Object& object, int depth) {
+    const auto references = elements(object, m_referenceSize);
+    if (!references)
+        return std::nullopt;
+    const auto count = references->size() / m_referenceSize;
+    if (!m_budget.take(count))
+        return std::nullopt;
+
+    PropertyList::Array values;
+    values.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        auto element = value(referenceAt(*references, i), depth + 1);
+        if (!element)
+            return std::nullopt;
+        values.push_back(std::move(*element));
+    }
+    return PropertyList(std::move(values));
+}
+
+std::optional<PropertyList> Reader::dictionary(const Object& object, int depth) {
+    const auto references = elements(object, 2 * m_referenceSize);
+    if (!references)
+        return std::nullopt;
+    const auto count = references->size() / m_referenceSize / 2;
+    if (!m_budget.take(count))
+        return std::nullopt;
+
+    std::vector<PropertyList::Entry> entries;
+    entries.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        auto entryKey = key(referenceAt(*references, i));
+        if (!entryKey)
+            return std::nullopt;
+        auto entryValue = value(referenceAt(*references, count + i), depth + 1);
+        if (!entryValue)
+            return std::nullopt;
+        entries.push_back({std::move(*entryKey), std::move(*entryValue)});
+    }
+    return PropertyList(
+        PropertyList::Dictionary(std::move(entries), PropertyList::Duplicates::keepFirst));
+}
+
+} // namespace
+
+std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes) {
+    if (bytes.size() > property_list::maximumInput)
+        return std::nullopt;
+    return Reader({bytes.data(), static_cast<std::size_t>(bytes.size())}).propertyList();
+}
+
+} // namespace vexa

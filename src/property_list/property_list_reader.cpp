@@ -1,0 +1,12 @@
+#include "property_list/property_list_reader.h"
+
+#include "property_list/property_list_binary_reader.h"
+#include "property_list/property_list_xml_reader.h"
+
+namespace vexa {
+
+std::optional<PropertyList> readPropertyList(QByteArrayView bytes) {
+    return bytes.startsWith("bplist") ? readBinaryPropertyList(bytes) : readXmlPropertyList(bytes);
+}
+
+} // namespace vexa

@@ -1,0 +1,275 @@
+#include "property_list/property_list_xml_reader.h"
+
+#include "property_list/KeyCache.h"
+#include "property_list/MemoryBudget.h"
+#include "property_list/property_list_limits.h"
+#include "property_list/xml_encoding.h"
+#include "property_list/xml_entities.h"
+#include "property_list/xml_scalars.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace vexa {
+namespace {
+
+using xml::isBlank;
+
+/// The last elements of a vector, in a vector of just their size.
+template<typename T>
+std::vector<T> takenFrom(std::vector<T>& all, std::size_t first) {
+    const auto begin = all.begin() + static_cast<std::ptrdiff_t>(first);
+    std::vector<T> taken(std::make_move_iterator(begin), std::make_move_iterator(all.end()));
+    all.erase(begin, all.end());
+    return taken;
+}
+
+/// Goes through the text once, from its start to the end of the property list. Every function
+/// that reads something leaves the position behind it, or gives up for good.
+class Reader {
+public:
+    explicit Reader(std::string_view utf8) : m_rest(utf8) {}
+
+    std::optional<PropertyList> propertyList();
+
+private:
+    struct Tag {
+        std::string_view name;
+        bool empty; ///< <name/>: an element without content or end tag
+    };
+
+    bool take(std::string_view text);
+    bool skipPast(std::string_view text);
+    bool skipBetweenElements();
+    bool skipDocumentType();
+    std::optional<Tag> startTag();
+    bool endTag(std::string_view name);
+
+    std::optional<std::string_view> plainText(const Tag& tag);
+    std::optional<std::string_view> text(const Tag& tag);
+    std::optional<PropertyList> element(const Tag& tag, int depth);
+    std::optional<PropertyList> scalar(const Tag& tag);
+    std::optional<PropertyList> string(const Tag& tag);
+    std::optional<PropertyList> array(const Tag& tag, int depth);
+    std::optional<PropertyList> dictionary(const Tag& tag, int depth);
+    std::optional<QString> key();
+
+    std::string_view m_rest;
+    std::string m_unescaped;
+    KeyCache m_keys;
+    MemoryBudget m_budget;
+    // Elements of the arrays and dictionaries that are not at their end yet.
+    PropertyList::Array m_values;
+    std::vector<PropertyList::Entry> m_entries;
+};
+
+bool Reader::take(std::string_view text) {
+    const bool found = m_rest.starts_with(text);
+    m_rest.remove_prefix(found ? text.size() : 0);
+    return found;
+}
+
+bool Reader::skipPast(std::string_view text) {
+    const auto found = m_rest.find(text);
+    if (found == std::string_view::npos)
+        return false;
+    m_rest.remove_prefix(found + text.size());
+    return true;
+}
+
+/// Passes blanks, comments and processing instructions.
+bool Reader::skipBetweenElements() {
+    for (;;) {
+        const auto blanks = std::ranges::find_if_not(m_rest, isBlank) - m_rest.begin();
+        m_rest.remove_prefix(static_cast<std::size_t>(blanks));
+        if (take("<!--")) {
+            if (!skipPast("-->"))
+                return false;
+        } else if (take("<?")) {
+            if (!skipPast("?>"))
+                return false;
+        } else {
+            return true;
+        }
+    }
+}
+
+bool Reader::skipDocumentType() {
+    if (!take("<!DOCTYPE"))
+        return true;
+    const auto end = m_rest.find_first_of("[>");
+    if (end == std::string_view::npos || m_rest[end] == '[')
+        return false;
+    m_rest.remove_prefix(end + 1);
+    return skipBetweenElements();
+}
+
+std::optional<Reader::Tag> Reader::startTag() {
+    if (!take("<"))
+        return std::nullopt;
+    const auto end = m_rest.find('>');
+    if (end == std::string_view::npos)
+        return std::nullopt;
+    auto name = m_rest.substr(0, end);
+    m_rest.remove_prefix(end + 1);
+
+    const bool empty = name.ends_with('/');
+    name.remove_suffix(empty ? 1 : 0);
+    const auto nameEnd = std::ranges::find_if(name, isBlank) - name.begin();
+    return Tag{name.substr(0, static_cast<std::size_t>(nameEnd)), empty};
+}
+
+bool Reader::endTag(std::string_view name) {
+    if (!take("</") || !take(name))
+        return false;
+    const auto blanks = std::ranges::find_if_not(m_rest, isBlank) - m_rest.begin();
+    m_rest.remove_prefix(static_cast<std::size_t>(blanks));
+    return take(">");
+}
+
+/// The content of an element, as it stands, up to the next tag: its end tag.
+std::optional<std::string_view> Reader::plainText(const Tag& tag) {
+    const auto content = m_rest.substr(0, tag.empty ? 0 : m_rest.find('<'));
+    m_rest.remove_prefix(content.size());
+    return tag.empty || endTag(tag.name) ? std::optional(content) : std::nullopt;
+}
+
+/// The content of an element with references and CDATA sections resolved. Valid until the next
+/// call.
+std::optional<std::string_view> Reader::text(const Tag& tag) {
+    if (tag.empty)
+        return std::string_view();
+    m_unescaped.clear();
+    for (;;) {
+        const auto piece = m_rest.substr(0, m_rest.find('<'));
+        m_rest.remove_prefix(piece.size());
+        const bool verbatim = piece.find('&') == std::string_view::npos;
+        if (verbatim && m_unescaped.empty() && m_rest.starts_with("</"))
+            return endTag(tag.name) ? std::optional(piece) : std::nullopt;
+
+        if (verbatim)
+            m_unescaped += piece;
+        else if (!xml::appendUnescaped(piece, m_unescaped))
+            return std::nullopt;
+        if (!take("<![CDATA["))
+            return endTag(tag.name) ? std::optional<std::string_view>(m_unescaped) : std::nullopt;
+        const auto data = m_rest;
+        if (!skipPast("]]>"))
+            return std::nullopt;
+        m_unescaped += data.substr(0, data.size() - m_rest.size() - 3);
+    }
+}
+
+std::optional<PropertyList> Reader::propertyList() {
+    if (!skipBetweenElements() || !skipDocumentType())
+        return std::nullopt;
+    auto tag = startTag();
+    const bool wrapped = tag && tag->name == "plist" && !tag->empty;
+    if (wrapped)
+        tag = skipBetweenElements() ? startTag() : std::nullopt;
+    if (!tag)
+        return std::nullopt;
+    auto root = element(*tag, 1);
+    const bool ended = !wrapped || (skipBetweenElements() && endTag("plist"));
+    return ended ? std::move(root) : std::nullopt;
+}
+
+std::optional<PropertyList> Reader::element(const Tag& tag, int depth) {
+    if (depth > property_list::maximumDepth || !m_budget.take(1))
+        return std::nullopt;
+    if (tag.name == "array")
+        return array(tag, depth);
+    if (tag.name == "dict")
+        return dictionary(tag, depth);
+    return tag.name == "string" ? string(tag) : scalar(tag);
+}
+
+std::optional<PropertyList> Reader::scalar(const Tag& tag) {
+    const auto content = plainText(tag);
+    if (!content)
+        return std::nullopt;
+    if (tag.name == "integer")
+        return xml::integerFromText(*content);
+    if (tag.name == "real")
+        return xml::realFromText(*content);
+    if (tag.name == "date")
+        return xml::dateFromText(*content);
+    if (tag.name == "data" && m_budget.take(0, content->size()))
+        return PropertyList(QByteArray::fromBase64(
+            QByteArray::fromRawData(content->data(), static_cast<qsizetype>(content->size()))));
+    if ((tag.name == "true" || tag.name == "false") && content->empty())
+        return PropertyList(tag.name == "true");
+    return std::nullopt;
+}
+
+std::optional<PropertyList> Reader::string(const Tag& tag) {
+    const auto content = text(tag);
+    if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
+        return std::nullopt;
+    return PropertyList(QString::fromUtf8(*content));
+}
+
+std::optional<PropertyList> Reader::array(const Tag& tag, int depth) {
+    const auto first = m_values.size();
+    while (!tag.empty) {
+        if (!skipBetweenElements())
+            return std::nullopt;
+        if (m_rest.starts_with("</")) {
+            if (!endTag(tag.name))
+                return std::nullopt;
+            break;
+        }
+        const auto start = startTag();
+        auto value = start ? element(*start, depth + 1) : std::nullopt;
+        if (!value)
+            return std::nullopt;
+        m_values.push_back(std::move(*value));
+    }
+    return PropertyList(takenFrom(m_values, first));
+}
+
+std::optional<PropertyList> Reader::dictionary(const Tag& tag, int depth) {
+    const auto first = m_entries.size();
+    while (!tag.empty) {
+        if (!skipBetweenElements())
+            return std::nullopt;
+        if (m_rest.starts_with("</")) {
+            if (!endTag(tag.name))
+                return std::nullopt;
+            break;
+        }
+        auto entryKey = key();
+        const auto start = entryKey && skipBetweenElements() ? startTag() : std::nullopt;
+        auto value = start ? element(*start, depth + 1) : std::nullopt;
+        if (!value)
+            return std::nullopt;
+        m_entries.push_back({std::move(*entryKey), std::move(*value)});
+    }
+    return PropertyList(
+        PropertyList::Dictionary(takenFrom(m_entries, first), PropertyList::Duplicates::keepLast));
+}
+
+std::optional<QString> Reader::key() {
+    const auto tag = startTag();
+    const auto content = tag && tag->name == "key" ? text(*tag) : std::nullopt;
+    if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
+        return std::nullopt;
+    const auto make = [](std::string_view utf8) { return QString::fromUtf8(utf8); };
+    const bool verbatim = content->data() != m_unescaped.data();
+    return verbatim ? m_keys.key(*content, make) : make(*content);
+}
+
+} // namespace
+
+std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes) {
+    if (bytes.size() > property_list::maximumInput)
+        return std::nullopt;
+    const auto utf8 = utf8FromXml(bytes);
+    if (!utf8)
+        return std::nullopt;
+    return Reader({utf8->constData(), static_cast<std::size_t>(utf8->size())}).propertyList();
+}
+
+} // namespace vexa

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "property_list/PropertyList.h"
+
+#include <QByteArray>
+
+namespace vexa {
+
+/// The XML form, in UTF-8: one element a line, indented by tabs, line feeds only, dictionaries in
+/// the order of their keys. A value gives the same bytes always. Half a surrogate pair in a string
+/// becomes U+FFFD; dates lose fractions of a second.
+QByteArray xmlPropertyList(const PropertyList& value);
+
+} // namespace vexa
