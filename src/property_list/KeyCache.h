@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QString>
+#include "property_list/PropertyListKey.h"
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace vexa {
@@ -15,17 +16,17 @@ public:
     /// The key that a file spells as `source`: the one made of it before, or what make(source)
     /// now gives. The bytes of `source` must outlive the cache.
     template<typename Make>
-    const QString& key(std::string_view source, Make make) {
-        Slot& slot = m_slots[hash(source) % m_slots.size()];
-        if (slot.key.isNull() || slot.source != source)
-            slot = {source, make(source)};
-        return slot.key;
+    PropertyListKey key(std::string_view source, Make make) {
+        auto& slot = m_slots[hash(source) % m_slots.size()];
+        if (!slot || slot->source != source)
+            slot = Known{source, make(source)};
+        return slot->key;
     }
 
 private:
-    struct Slot {
+    struct Known {
         std::string_view source;
-        QString key;
+        PropertyListKey key;
     };
 
     static std::size_t hash(std::string_view source) {
@@ -35,7 +36,7 @@ private:
         return sum;
     }
 
-    std::array<Slot, 256> m_slots;
+    std::array<std::optional<Known>, 256> m_slots;
 };
 
 } // namespace vexa

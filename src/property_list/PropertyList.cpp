@@ -1,40 +1,40 @@
 #include "property_list/PropertyList.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace vexa {
 namespace {
 
-bool before(const PropertyList::Entry& entry, QStringView key) { return entry.key < key; }
+const QString& keyOf(const PropertyList::Entry& entry) { return entry.key; }
 
 } // namespace
 
 PropertyList::Dictionary::Dictionary(std::vector<Entry> entries, Duplicates duplicates)
     : m_entries(std::move(entries)) {
-    const auto byKey = [](const Entry& a, const Entry& b) { return a.key < b.key; };
-    const auto notAscending = [](const Entry& a, const Entry& b) { return a.key >= b.key; };
-    if (std::ranges::adjacent_find(m_entries, notAscending) == m_entries.end())
+    const auto notAscending = std::ranges::adjacent_find(m_entries, std::greater_equal(), keyOf);
+    if (notAscending == m_entries.end())
         return;
 
     if (duplicates == Duplicates::keepLast)
         std::ranges::reverse(m_entries);
-    std::ranges::stable_sort(m_entries, byKey);
-    const auto repeated = std::ranges::unique(m_entries, {}, &Entry::key);
+    std::ranges::stable_sort(m_entries, {}, keyOf);
+    const auto repeated = std::ranges::unique(m_entries, {}, keyOf);
     m_entries.erase(repeated.begin(), repeated.end());
 }
 
 const PropertyList* PropertyList::Dictionary::find(QStringView key) const {
-    const auto entry = std::lower_bound(m_entries.begin(), m_entries.end(), key, before);
-    return entry != m_entries.end() && entry->key == key ? &entry->value : nullptr;
+    const auto entry = std::ranges::lower_bound(m_entries, key, std::less(), keyOf);
+    return entry != m_entries.end() && keyOf(*entry) == key ? &entry->value : nullptr;
 }
 
 PropertyList* PropertyList::Dictionary::find(QStringView key) {
     return const_cast<PropertyList*>(std::as_const(*this).find(key));
 }
 
-void PropertyList::Dictionary::set(const QString& key, PropertyList value) {
-    const auto entry =
-        std::lower_bound(m_entries.begin(), m_entries.end(), QStringView(key), before);
+void PropertyList::Dictionary::set(const PropertyListKey& key, PropertyList value) {
+    const QString& text = key;
+    const auto entry = std::ranges::lower_bound(m_entries, text, {}, keyOf);
     if (entry != m_entries.end() && entry->key == key)
         entry->value = std::move(value);
     else

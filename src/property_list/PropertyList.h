@@ -1,11 +1,15 @@
 #pragma once
 
+#include "property_list/Boxed.h"
+#include "property_list/PropertyListKey.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -38,7 +42,7 @@ public:
         const PropertyList* find(QStringView key) const;
         PropertyList* find(QStringView key);
         /// Replaces the value of the key or adds it.
-        void set(const QString& key, PropertyList value);
+        void set(const PropertyListKey& key, PropertyList value);
 
         std::size_t size() const;
         auto begin() const;
@@ -64,27 +68,32 @@ public:
     explicit PropertyList(T value);
     explicit PropertyList(double value) : m_value(value) {}
     explicit PropertyList(Date value) : m_value(value) {}
-    explicit PropertyList(QString value) : m_value(std::move(value)) {}
-    explicit PropertyList(QByteArray value) : m_value(std::move(value)) {}
-    explicit PropertyList(Array value) : m_value(std::move(value)) {}
-    explicit PropertyList(Dictionary value) : m_value(std::move(value)) {}
+    explicit PropertyList(QString value) : m_value(Boxed(std::move(value))) {}
+    explicit PropertyList(QByteArray value) : m_value(Boxed(std::move(value))) {}
+    explicit PropertyList(Array value) : m_value(Boxed(std::move(value))) {}
+    explicit PropertyList(Dictionary value) : m_value(Boxed(std::move(value))) {}
 
     /// What the value holds if it is of exactly this kind, else null. The kinds are bool,
     /// std::uint64_t (every integer from 0 on), std::int64_t (negative integers only), double,
     /// Date, QString, QByteArray, Array and Dictionary.
     template<typename T>
     const T* as() const {
-        return std::get_if<T>(&m_value);
+        if constexpr (isBoxed<T>) {
+            const auto* const box = std::get_if<Boxed<T>>(&m_value);
+            return box ? &**box : nullptr;
+        } else {
+            return std::get_if<T>(&m_value);
+        }
     }
     template<typename T>
     T* as() {
-        return std::get_if<T>(&m_value);
+        return const_cast<T*>(std::as_const(*this).template as<T>());
     }
 
     /// Calls `visitor` with what the value holds.
     template<typename Visitor>
     decltype(auto) visit(Visitor&& visitor) const {
-        return std::visit(std::forward<Visitor>(visitor), m_value);
+        return std::visit([&](const auto& held) { return visitor(unboxed(held)); }, m_value);
     }
 
     /// Equal in kind and, all the way down, in content. A NaN equals a NaN, so that every value
@@ -92,15 +101,28 @@ public:
     bool operator==(const PropertyList& other) const;
 
 private:
+    template<typename T>
+    static constexpr bool isBoxed = std::is_class_v<T> && !std::same_as<T, Date>;
+
+    template<typename T>
+    static const T& unboxed(const T& value) {
+        return value;
+    }
+    template<typename T>
+    static const T& unboxed(const Boxed<T>& box) {
+        return *box;
+    }
+
     static bool same(double a, double b) { return a == b || (a != a && b != b); }
 
-    std::variant<bool, std::uint64_t, std::int64_t, double, Date, QString, QByteArray, Array,
-                 Dictionary>
+    // Two words a value: all that is larger has a box of its own.
+    std::variant<bool, std::uint64_t, std::int64_t, double, Date, Boxed<QString>, Boxed<QByteArray>,
+                 Boxed<Array>, Boxed<Dictionary>>
         m_value;
 };
 
 struct PropertyList::Entry {
-    QString key;
+    PropertyListKey key;
     PropertyList value;
 
     bool operator==(const Entry&) const = default;

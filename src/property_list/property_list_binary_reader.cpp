@@ -79,7 +79,7 @@ private:
     std::optional<PropertyList> text(const Object& object);
     std::optional<PropertyList> array(const Object& object, int depth);
     std::optional<PropertyList> dictionary(const Object& object, int depth);
-    std::optional<QString> key(std::uint64_t reference);
+    std::optional<PropertyListKey> key(std::uint64_t reference);
     /// The bytes of a string or data, paid for.
     std::optional<std::string_view> textBytes(const Object& object);
 
@@ -215,7 +215,7 @@ std::optional<PropertyList> Reader::text(const Object& object) {
                                                     : fromUtf16BigEndian(*bytes));
 }
 
-std::optional<QString> Reader::key(std::uint64_t reference) {
+std::optional<PropertyListKey> Reader::key(std::uint64_t reference) {
     const auto opened = object(reference);
     if (!opened || (opened->kind != Kind::latin1 && opened->kind != Kind::utf16))
         return std::nullopt;

@@ -54,7 +54,7 @@ private:
     std::optional<PropertyList> string(const Tag& tag);
     std::optional<PropertyList> array(const Tag& tag, int depth);
     std::optional<PropertyList> dictionary(const Tag& tag, int depth);
-    std::optional<QString> key();
+    std::optional<PropertyListKey> key();
 
     std::string_view m_rest;
     std::string m_unescaped;
@@ -251,14 +251,14 @@ std::optional<PropertyList> Reader::dictionary(const Tag& tag, int depth) {
         PropertyList::Dictionary(takenFrom(m_entries, first), PropertyList::Duplicates::keepLast));
 }
 
-std::optional<QString> Reader::key() {
+std::optional<PropertyListKey> Reader::key() {
     const auto tag = startTag();
     const auto content = tag && tag->name == "key" ? text(*tag) : std::nullopt;
     if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
         return std::nullopt;
     const auto make = [](std::string_view utf8) { return QString::fromUtf8(utf8); };
     const bool verbatim = content->data() != m_unescaped.data();
-    return verbatim ? m_keys.key(*content, make) : make(*content);
+    return verbatim ? m_keys.key(*content, make) : PropertyListKey(make(*content));
 }
 
 } // namespace

@@ -167,7 +167,7 @@ void Writer::content(const PropertyList::Dictionary& value) {
     ++m_depth;
     for (const auto& entry : value) {
         indent(m_depth);
-        element("key", QStringView(entry.key));
+        element<QString>("key", entry.key);
         write(entry.value);
     }
     --m_depth;

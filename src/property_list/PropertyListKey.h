@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QExplicitlySharedDataPointer>
+#include <QSharedData>
+#include <QString>
+
+namespace vexa {
+
+/// The key of a dictionary: a string that its copies share, the size of a pointer. Lists hold the
+/// same few keys in item after item.
+class PropertyListKey {
+public:
+    PropertyListKey(const QString& text) : m_text(new Text(text)) {}
+
+    operator const QString&() const { return m_text->text; }
+
+    bool operator==(const PropertyListKey& other) const {
+        return m_text == other.m_text || m_text->text == other.m_text->text;
+    }
+
+private:
+    struct Text : QSharedData {
+        explicit Text(const QString& string) : text(string) {}
+        const QString text;
+    };
+
+    QExplicitlySharedDataPointer<const Text> m_text;
+};
+
+} // namespace vexa
