@@ -69,13 +69,16 @@ PropertyList elementFromItem(const BatchItem& item) {
             return element;
         }
     }
-    return PropertyList(PropertyList::Dictionary({{item_key::id, PropertyList(item.id)},
-                                                  {item_key::rate, PropertyList(item.rate)},
-                                                  {item_key::reel, PropertyList(item.reel)},
-                                                  {item_key::start, PropertyList(item.start)},
-                                                  {item_key::stop, PropertyList(item.stop)},
-                                                  {item_key::title, PropertyList(item.title)},
-                                                  {item_key::type, PropertyList(item.type)}},
+    // Keys made once, which all elements share.
+    static const PropertyListKey id(item_key::id), rate(item_key::rate), reel(item_key::reel),
+        start(item_key::start), stop(item_key::stop), title(item_key::title), type(item_key::type);
+    return PropertyList(PropertyList::Dictionary({{id, PropertyList(item.id)},
+                                                  {rate, PropertyList(item.rate)},
+                                                  {reel, PropertyList(item.reel)},
+                                                  {start, PropertyList(item.start)},
+                                                  {stop, PropertyList(item.stop)},
+                                                  {title, PropertyList(item.title)},
+                                                  {type, PropertyList(item.type)}},
                                                  PropertyList::Duplicates::keepLast));
 }
 

@@ -45,7 +45,7 @@ PropertyList with(const QString& key, PropertyList value) {
     return element;
 }
 
-PropertyList without(const QString& key) {
+PropertyList without(const PropertyListKey& key) {
     Entries entries = ordinary();
     std::erase_if(entries, [&](const auto& entry) { return entry.key == key; });
     return dictionary(std::move(entries));
