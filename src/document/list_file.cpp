@@ -1,0 +1,59 @@
+#include "document/list_file.h"
+
+#include "batch/batch_item_codec.h"
+#include "document/atomic_file.h"
+#include "property_list/PropertyList.h"
+#include "property_list/property_list_limits.h"
+#include "property_list/property_list_reader.h"
+#include "property_list/property_list_xml_writer.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+const QString listKey = QStringLiteral("vexabatchlist");
+
+std::optional<PropertyList> readFile(const QString& path) {
+    QFile file(path);
+    // Opening a pipe would wait for a writer, and a device may never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) ||
+        file.size() > property_list::maximumInput)
+        return std::nullopt;
+    return readPropertyList(file.readAll());
+}
+
+} // namespace
+
+BatchItems readListFile(const QString& path) {
+    auto root = readFile(path);
+    auto* const dictionary = root ? root->as<PropertyList::Dictionary>() : nullptr;
+    auto* const list = dictionary ? dictionary->find(listKey) : nullptr;
+    auto* const elements = list ? list->as<PropertyList::Array>() : nullptr;
+    BatchItems items;
+    if (elements) {
+        items.reserve(elements->size());
+        for (auto& element : *elements)
+            items.push_back(itemFromElement(std::move(element)));
+    }
+    return items;
+}
+
+bool writeListFile(const QString& path, const BatchItems& items) {
+    PropertyList::Array elements;
+    elements.reserve(items.size());
+    for (const auto& item : items)
+        elements.push_back(elementFromItem(*item));
+    PropertyList::Dictionary root;
+    root.set(listKey, PropertyList(std::move(elements)));
+    return replaceFile(path, xmlPropertyList(PropertyList(std::move(root))));
+}
+
+} // namespace vexa

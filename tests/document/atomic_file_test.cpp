@@ -1,0 +1,186 @@
+#include "document/atomic_file.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <random>
+
+using namespace vexa;
+
+namespace {
+
+class ReplaceFile : public testing::Test {
+protected:
+    QString path(const QString& name = u"list"_qs) const { return m_directory.filePath(name); }
+
+    static QByteArray read(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+    }
+
+    struct stat status() const {
+        struct stat result {};
+        EXPECT_EQ(stat(QFile::encodeName(path()).constData(), &result), 0);
+        return result;
+    }
+
+    QStringList entries() const {
+        return QDir(m_directory.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    QTemporaryDir m_directory;
+};
+
+TEST_F(ReplaceFile, MakesANewFileAndReplacesAnOldOne) {
+    EXPECT_TRUE(replaceFile(path(), "a longer text"));
+    EXPECT_EQ(read(path()), "a longer text");
+    EXPECT_TRUE(replaceFile(path(), "short"));
+    EXPECT_EQ(read(path()), "short");
+    EXPECT_TRUE(replaceFile(path(), ""));
+    EXPECT_EQ(read(path()), "");
+    EXPECT_EQ(entries(), QStringList{u"list"_qs});
+}
+
+TEST_F(ReplaceFile, GivesANewFileThePermissionsOfTheUmask) {
+    for (const mode_t mask : {0022u, 0077u, 0002u}) {
+        QFile::remove(path());
+        const mode_t before = umask(mask);
+        EXPECT_TRUE(replaceFile(path(), "x"));
+        umask(before);
+        EXPECT_EQ(status().st_mode & 07777, 0666 & ~mask);
+    }
+}
+
+TEST_F(ReplaceFile, KeepsThePermissionsOfAnOldFileWhateverTheUmask) {
+    ASSERT_TRUE(replaceFile(path(), "old"));
+    const mode_t before = umask(0027);
+    for (const mode_t mode : {0600u, 0640u, 0664u, 0666u}) {
+        ASSERT_EQ(chmod(QFile::encodeName(path()).constData(), mode), 0);
+        EXPECT_TRUE(replaceFile(path(), "new"));
+        EXPECT_EQ(status().st_mode & 07777, mode);
+    }
+    umask(before);
+}
+
+// Only root can make a file that belongs to someone else; for others, this is their own.
+TEST_F(ReplaceFile, KeepsTheOwnerAndGroupOfAnOldFile) {
+    ASSERT_TRUE(replaceFile(path(), "old"));
+    const bool root = geteuid() == 0;
+    const uid_t owner = root ? 1234 : geteuid();
+    const gid_t group = root ? 5678 : getegid();
+    ASSERT_EQ(chown(QFile::encodeName(path()).constData(), owner, group), 0);
+    EXPECT_TRUE(replaceFile(path(), "new"));
+    EXPECT_EQ(status().st_uid, owner);
+    EXPECT_EQ(status().st_gid, group);
+    EXPECT_EQ(read(path()), "new");
+}
+
+TEST_F(ReplaceFile, ReplacesTheTargetOfALinkAndKeepsTheLink) {
+    ASSERT_TRUE(QDir(m_directory.path()).mkdir(u"elsewhere"_qs));
+    const QString target = path(u"elsewhere/target"_qs);
+    ASSERT_TRUE(replaceFile(target, "old"));
+    ASSERT_TRUE(QFile::link(u"elsewhere/target"_qs, path(u"first"_qs)));
+    ASSERT_TRUE(QFile::link(u"first"_qs, path()));
+    EXPECT_TRUE(replaceFile(path(), "new"));
+    EXPECT_EQ(read(target), "new");
+    EXPECT_EQ(QFileInfo(path()).symLinkTarget(), path(u"first"_qs));
+    EXPECT_EQ(QFileInfo(path(u"first"_qs)).symLinkTarget(), target);
+}
+
+TEST_F(ReplaceFile, MakesTheMissingTargetOfALink) {
+    ASSERT_TRUE(QFile::link(u"target"_qs, path()));
+    EXPECT_TRUE(replaceFile(path(), "new"));
+    EXPECT_EQ(read(path(u"target"_qs)), "new");
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+}
+
+TEST_F(ReplaceFile, FailsWhereNoFileCanBe) {
+    EXPECT_FALSE(replaceFile(path(u"missing/list"_qs), "x"));
+    EXPECT_FALSE(replaceFile(m_directory.path(), "x"));
+    EXPECT_FALSE(replaceFile({}, "x"));
+    EXPECT_EQ(entries(), QStringList());
+}
+
+/// While it lives, this process's files end at so many bytes, as on a disk that is full.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        m_handler = signal(SIGXFSZ, SIG_IGN);
+    }
+    ~FileSizeLimit() {
+        signal(SIGXFSZ, m_handler);
+        setrlimit(RLIMIT_FSIZE, &m_before);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = nullptr;
+};
+
+class ReplaceFileOnAFullDisk : public ReplaceFile, public testing::WithParamInterface<qsizetype> {};
+
+TEST_P(ReplaceFileOnAFullDisk, FailsAndLeavesTheOldFileAndNothingElse) {
+    ASSERT_TRUE(replaceFile(path(), "old"));
+    {
+        const FileSizeLimit limit(static_cast<rlim_t>(GetParam() - 1));
+        EXPECT_FALSE(replaceFile(path(), QByteArray(GetParam(), 'x')));
+        EXPECT_FALSE(replaceFile(path(u"new"_qs), QByteArray(GetParam(), 'x')));
+    }
+    EXPECT_EQ(read(path()), "old");
+    EXPECT_EQ(entries(), QStringList{u"list"_qs});
+    EXPECT_TRUE(replaceFile(path(), QByteArray(GetParam(), 'x')));
+    EXPECT_EQ(read(path()), QByteArray(GetParam(), 'x'));
+}
+
+// Sizes on both sides of the buffer that the file is written through.
+INSTANTIATE_TEST_SUITE_P(Sizes, ReplaceFileOnAFullDisk,
+                         testing::Values(1, 1000, 16384, 16385, 1000000));
+
+// The saving process is ended by its own alarm, which strikes at some moment of some save; until
+// then, and after, a reader finds one of the two texts.
+TEST_F(ReplaceFile, IsOldOrNewWheneverASavingProcessIsKilled) {
+    const QByteArray texts[] = {QByteArray(300000, 'a'), QByteArray(400000, 'b')};
+    ASSERT_TRUE(replaceFile(path(), texts[0]));
+    std::mt19937 random(1);
+    for (int round = 0; round < 200; ++round) {
+        const auto microseconds = std::uniform_int_distribution<suseconds_t>(1, 20000)(random);
+        const pid_t saver = fork();
+        ASSERT_GE(saver, 0);
+        if (saver == 0) {
+            const itimerval moment{{0, 0}, {0, microseconds}};
+            setitimer(ITIMER_REAL, &moment, nullptr);
+            for (int save = round;; ++save)
+                if (!replaceFile(path(), texts[save % 2]))
+                    _exit(1);
+        }
+        int status = 0;
+        do {
+            const QByteArray found = read(path());
+            ASSERT_TRUE(found == texts[0] || found == texts[1]) << found.size() << " bytes";
+        } while (waitpid(saver, &status, WNOHANG) == 0);
+        const QByteArray found = read(path());
+        ASSERT_TRUE(found == texts[0] || found == texts[1]) << found.size() << " bytes";
+        ASSERT_TRUE(WIFSIGNALED(status)) << "a save failed";
+    }
+}
+
+} // namespace
