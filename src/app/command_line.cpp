@@ -3,6 +3,7 @@
 #include "timecode/sync_type.h"
 
 #include <QCommandLineParser>
+#include <QUrl>
 
 #include <string_view>
 
@@ -36,18 +37,25 @@ const QCommandLineOption rateOption{
     QStringLiteral("rate")};
 const QCommandLineOption typeOption{
     QStringLiteral("type"), QStringLiteral("Sync type: MTC, DTL or FSK."), QStringLiteral("type")};
+const QCommandLineOption rowsOption{QStringLiteral("rows"),
+                                    QStringLiteral("Rows of the list to stripe, such as 1,3-5."),
+                                    QStringLiteral("rows")};
 const QCommandLineOption helpOption{{QStringLiteral("h"), QStringLiteral("help")},
                                     QStringLiteral("Show this help, and exit.")};
 const QCommandLineOption versionOption{QStringLiteral("version"),
                                        QStringLiteral("Show the version, and exit.")};
 
-const QList<QCommandLineOption> stripeDetails{startOption, stopOption, rateOption, typeOption};
+const QList<QCommandLineOption> singleStripeOptions{startOption, stopOption, rateOption,
+                                                    typeOption};
 
 void describeOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
         QStringLiteral("Remote control of a timecode generator over MIDI."));
+    parser.addPositionalArgument(QStringLiteral("file"),
+                                 QStringLiteral("Batch list to open, or with --stripe to stripe."),
+                                 QStringLiteral("[file]"));
     parser.addOptions({midiOption, destinationOption, destinationsOption, stripeOption, startOption,
-                       stopOption, rateOption, typeOption, helpOption, versionOption});
+                       stopOption, rateOption, typeOption, rowsOption, helpOption, versionOption});
 }
 
 QString nameOf(const QCommandLineOption& option) {
@@ -87,6 +95,25 @@ MidiChoice midiNamed(const QString& name) {
     throw Refusal{QStringLiteral("--midi: no such system: \"%1\"").arg(name)};
 }
 
+/// "1,3-5": numbers as the operator counts them, in any order.
+RowIndexes rowsFrom(const QString& text) {
+    // Far more rows than a list has; a typing slip must not fill the memory.
+    constexpr std::size_t mostRows = 1'000'000;
+    RowIndexes rows;
+    for (const auto& part : text.split(QLatin1Char(','))) {
+        bool isFirst = false;
+        bool isLast = false;
+        const auto first = part.section(QLatin1Char('-'), 0, 0).toUInt(&isFirst);
+        const auto last = part.section(QLatin1Char('-'), -1, -1).toUInt(&isLast);
+        if (!isFirst || !isLast || first < 1 || last < first || last > mostRows ||
+            part.count(QLatin1Char('-')) > 1)
+            throw Refusal{QStringLiteral("--rows: \"%1\" are no rows such as 1,3-5").arg(text)};
+        for (auto row = first; row <= last; ++row)
+            rows.insert(row - 1);
+    }
+    return rows;
+}
+
 CommandLine::Mode modeOf(const QCommandLineParser& parser) {
     if (parser.isSet(helpOption))
         return CommandLine::Mode::Help;
@@ -97,12 +124,32 @@ CommandLine::Mode modeOf(const QCommandLineParser& parser) {
     return parser.isSet(stripeOption) ? CommandLine::Mode::Stripe : CommandLine::Mode::Window;
 }
 
+/// Desktops hand over a file as a path or as a URI.
+QString localPath(const QString& argument) {
+    return argument.startsWith(QLatin1String("file:")) ? QUrl(argument).toLocalFile() : argument;
+}
+
+void checkCombination(const QCommandLineParser& parser, const CommandLine& line) {
+    const bool stripes = line.mode == CommandLine::Mode::Stripe;
+    if (stripes && line.file.isNull() && !line.start)
+        throw Refusal{QStringLiteral("--stripe needs a --start time, or a batch list")};
+    for (const auto& option : singleStripeOptions)
+        if (parser.isSet(option) && (!stripes || !line.file.isNull()))
+            throw Refusal{
+                QStringLiteral("%1 goes with --stripe%2")
+                    .arg(nameOf(option), stripes ? QStringLiteral(" without a file") : QString())};
+    if (parser.isSet(rowsOption) && (!stripes || line.file.isNull()))
+        throw Refusal{QStringLiteral("--rows goes with --stripe and a batch list")};
+}
+
 CommandLine interpreted(const QCommandLineParser& parser) {
     CommandLine line;
     line.mode = modeOf(parser);
-    if (!parser.positionalArguments().isEmpty())
-        throw Refusal{QStringLiteral("unexpected argument \"%1\"")
-                          .arg(parser.positionalArguments().constFirst())};
+    const auto files = parser.positionalArguments();
+    if (files.size() > 1)
+        throw Refusal{QStringLiteral("one file at most, but there is also \"%1\"").arg(files[1])};
+    if (!files.isEmpty())
+        line.file = localPath(files.constFirst());
     if (parser.isSet(midiOption))
         line.midi = midiNamed(parser.value(midiOption));
     if (parser.isSet(destinationOption))
@@ -117,12 +164,9 @@ CommandLine interpreted(const QCommandLineParser& parser) {
     if (parser.isSet(typeOption))
         line.type = codeNamed(typeOption, parser.value(typeOption), sync::count, syncTypeName);
 
-    if (line.mode == CommandLine::Mode::Stripe && !line.start)
-        throw Refusal{QStringLiteral("--stripe needs a --start time")};
-    if (line.mode == CommandLine::Mode::Window)
-        for (const auto& option : stripeDetails)
-            if (parser.isSet(option))
-                throw Refusal{nameOf(option) + QStringLiteral(" goes with --stripe")};
+    if (parser.isSet(rowsOption))
+        line.rows = rowsFrom(parser.value(rowsOption));
+    checkCombination(parser, line);
     if (line.start && line.stop && pack(*line.stop) <= pack(*line.start))
         throw Refusal{QStringLiteral("--stop must be after --start")};
     return line;

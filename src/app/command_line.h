@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/VexaBatchStripeData.h"
 #include "timecode/timecode.h"
 
 #include <QString>
@@ -26,6 +27,8 @@ struct CommandLine {
     std::optional<Timecode> stop;
     std::optional<std::uint64_t> rate;
     std::optional<std::uint64_t> type;
+    QString file;    ///< a batch list to open or to stripe; null when none
+    RowIndexes rows; ///< of the list, counted from 0; empty for all
 };
 
 /// One line that says what is wrong with the arguments.

@@ -29,13 +29,15 @@ int listDestinations(MidiSystem& system) {
     return 0;
 }
 
-int runWindow() {
+int runWindow(const CommandLine& line) {
     TimerfdRunLoop runLoop;
     MainWindow window;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
     window.connectTo(controller);
     const TerminationSignals signals([] { QCoreApplication::quit(); });
+    if (!line.file.isNull())
+        controller.openFile(line.file);
     window.show();
     return QCoreApplication::exec();
 }
@@ -52,7 +54,7 @@ int runWith(const CommandLine& line) {
         Vexa_MIDI_Manager::sharedMidiManager().connectToDestinationAtIndex(
             std::get<std::int64_t>(found));
     }
-    return line.mode == CommandLine::Mode::Stripe ? stripeInTerminal(line) : runWindow();
+    return line.mode == CommandLine::Mode::Stripe ? stripeInTerminal(line) : runWindow(line);
 }
 
 bool hasDisplay() {

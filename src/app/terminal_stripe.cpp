@@ -1,13 +1,11 @@
 #include "app/terminal_stripe.h"
 
+#include "app/TerminalPanel.h"
 #include "app/termination_signals.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
-#include "engine/plain_outlets.h"
 
 #include <QCoreApplication>
-
-#include <unistd.h>
 
 #include <cstdio>
 
@@ -15,109 +13,128 @@ namespace vexa {
 
 namespace {
 
-/// The clock in the terminal: one line that is written over, or a line a second where the output
-/// goes to a file.
-class TerminalClock final : public TimecodeDisplay {
+constexpr int wrongArguments = 2;
+constexpr int interrupted = 130;
+
+std::string text(std::uint64_t packed) {
+    return timecodeText(unpack(static_cast<PackedTimecode>(packed)));
+}
+
+std::string codes(const Vexa_RemoteAppDelegate& controller) {
+    return std::string(frameRateForCode(controller.frameRate()).name) + ", " +
+           std::string(syncTypeName(controller.syncType()));
+}
+
+/// The controller with a terminal for its window.
+class TerminalStripe {
 public:
-    void startLine(const std::string& line) {
-        endLine();
-        m_line = line;
+    TerminalStripe() {
+        m_controller.applicationDidFinishLaunching();
+        m_label.onText = [this](const QString& title) { showItem(title); };
     }
 
-    void endLine() {
-        if (m_isTerminal && m_lineOpen)
-            std::puts("");
-        m_lineOpen = false;
+    /// False, with a line that says why, when there is no such stripe.
+    bool setUp(const CommandLine& line) {
+        return line.file.isNull() ? setUpSingle(line) : setUpList(line);
     }
 
-protected:
-    void timeFieldsChanged() override {
-        if (m_line.empty())
-            return;
-        if (!m_isTerminal && seconds() == m_shownSecond)
-            return;
-        m_shownSecond = seconds();
-        const auto time = timecodeText(timeFields());
-        std::printf(m_isTerminal ? "\r%s %s" : "%s %s\n", m_line.c_str(), time.c_str());
-        std::fflush(stdout);
-        m_lineOpen = true;
+    int run() {
+        bool wasInterrupted = false;
+        const TerminationSignals signals([&] {
+            wasInterrupted = true;
+            m_alerts.dismiss();
+            m_controller.handleStripeMenuItems(transport::stopped);
+        });
+        // Queued: the end of a run has more to do after it becomes known.
+        QObject::connect(
+            &m_controller, &Vexa_RemoteAppDelegate::stateChanged, qApp,
+            [&] {
+                if (m_controller.transportState() == transport::stopped)
+                    QCoreApplication::exit(wasInterrupted || m_alerts.wentUnanswered() ? interrupted
+                                                                                       : 0);
+            },
+            Qt::QueuedConnection);
+        m_controller.handleStripeMenuItems(transport::playing);
+        const int result = QCoreApplication::exec();
+        m_clock.setHeading({});
+        return result;
     }
 
 private:
-    const bool m_isTerminal = isatty(STDOUT_FILENO) != 0;
-    std::string m_line;
-    bool m_lineOpen = false;
-    std::uint64_t m_shownSecond = UINT64_MAX;
-};
+    Outlets outlets() {
+        auto outlets = m_plain.outlets(m_alerts);
+        outlets.currentTimeButton = &m_clock;
+        outlets.currentStripeItemLabel = &m_label;
+        return outlets;
+    }
 
-/// Nothing is asked in a single stripe.
-class NoAlerts final : public Alerts {
-    int runModal(const Alert&) override { return alertFirstButton; }
-};
-
-std::string describe(const Vexa_RemoteAppDelegate& controller) {
-    auto text = timecodeText(unpack(static_cast<PackedTimecode>(controller.startTime())));
-    text += controller.stopTimeSet()
-                ? " to " + timecodeText(unpack(static_cast<PackedTimecode>(controller.stopTime())))
-                : " on";
-    text += ", ";
-    text += frameRateForCode(controller.frameRate()).name;
-    text += ", ";
-    text += syncTypeName(controller.syncType());
-    return text;
-}
-
-bool isValidHere(const char* what, const Timecode& time, const FrameRate& rate) {
-    if (isValid(time, rate))
+    bool setUpSingle(const CommandLine& line) {
+        if (line.rate)
+            m_controller.handleFrameRateMenuItems(*line.rate);
+        if (line.type)
+            m_controller.handleSyncTypeMenuItems(*line.type);
+        if (!existsHere("start", *line.start) || (line.stop && !existsHere("stop", *line.stop)))
+            return false;
+        const auto stop = pack(line.stop.value_or(Timecode{}));
+        m_controller.setStartTime(pack(*line.start), stop, {});
+        if (line.stop)
+            m_controller.setStopTimeSet(true, stop, {});
+        m_clock.setHeading(text(m_controller.startTime()) +
+                           (line.stop ? " to " + text(stop) : " on") + ", " + codes(m_controller));
         return true;
-    std::fprintf(stderr, "vexa-remote: there is no %s time %s at %s\n", what,
-                 timecodeText(time).c_str(), std::string(rate.name).c_str());
-    return false;
-}
+    }
+
+    bool existsHere(const char* what, const Timecode& time) const {
+        const auto& rate = frameRateForCode(m_controller.frameRate());
+        if (isValid(time, rate))
+            return true;
+        std::fprintf(stderr, "vexa-remote: there is no %s time %s at %s\n", what,
+                     timecodeText(time).c_str(), std::string(rate.name).c_str());
+        return false;
+    }
+
+    bool setUpList(const CommandLine& line) {
+        m_controller.openListWithURL(line.file);
+        const auto items = m_controller.batchStripeData().numItems();
+        if (items == 0 || (!line.rows.empty() && *line.rows.rbegin() >= items)) {
+            std::fprintf(stderr, "vexa-remote: %s has %llu items\n", qUtf8Printable(line.file),
+                         static_cast<unsigned long long>(items));
+            return false;
+        }
+        m_controller.setUseBatch(true);
+        if (!line.rows.empty()) {
+            m_plain.batchTable.selectRows(line.rows);
+            m_controller.setBatchMode(batchModeSelected);
+        }
+        return true;
+    }
+
+    void showItem(const QString& title) {
+        m_countdown.stop();
+        if (!title.isEmpty()) {
+            m_clock.setHeading(title.toStdString() + "  " + text(m_controller.currentTime()) +
+                               " to " + text(m_controller.currentStopTime()) + ", " +
+                               codes(m_controller));
+        } else if (m_controller.transportState() == transport::pausedBetweenItems) {
+            m_clock.setHeading({});
+            m_countdown.start(m_controller.delayInSeconds());
+        }
+    }
+
+    PlainOutlets m_plain;
+    TerminalClock m_clock;
+    ItemLabel m_label;
+    TerminalAlerts m_alerts;
+    TimerfdRunLoop m_runLoop;
+    Countdown m_countdown{m_runLoop};
+    Vexa_RemoteAppDelegate m_controller{outlets(), m_runLoop};
+};
 
 } // namespace
 
 int stripeInTerminal(const CommandLine& line) {
-    PlainOutlets plain;
-    TerminalClock clock;
-    NoAlerts alerts;
-    auto outlets = plain.outlets(alerts);
-    outlets.currentTimeButton = &clock;
-    TimerfdRunLoop runLoop;
-    Vexa_RemoteAppDelegate controller(outlets, runLoop);
-    controller.applicationDidFinishLaunching();
-
-    if (line.rate)
-        controller.handleFrameRateMenuItems(*line.rate);
-    if (line.type)
-        controller.handleSyncTypeMenuItems(*line.type);
-    const auto& rate = frameRateForCode(controller.frameRate());
-    if (!isValidHere("start", *line.start, rate) ||
-        (line.stop && !isValidHere("stop", *line.stop, rate)))
-        return 2;
-    const auto stop = pack(line.stop.value_or(Timecode{}));
-    controller.setStartTime(pack(*line.start), stop, {});
-    if (line.stop)
-        controller.setStopTimeSet(true, stop, {});
-
-    int exitCode = 0;
-    const TerminationSignals signals([&] {
-        exitCode = 130;
-        controller.handleStripeMenuItems(transport::stopped);
-    });
-    QObject::connect(
-        &controller, &Vexa_RemoteAppDelegate::stateChanged, qApp,
-        [&] {
-            if (controller.transportState() == transport::stopped)
-                QCoreApplication::exit(exitCode);
-        },
-        Qt::QueuedConnection);
-
-    clock.startLine(describe(controller));
-    controller.handleStripeMenuItems(transport::playing);
-    const int result = QCoreApplication::exec();
-    clock.endLine();
-    return result;
+    TerminalStripe stripe;
+    return stripe.setUp(line) ? stripe.run() : wrongArguments;
 }
 
 } // namespace vexa

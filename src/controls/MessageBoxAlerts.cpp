@@ -1,25 +1,49 @@
 #include "controls/MessageBoxAlerts.h"
 
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace vexa {
 
+namespace {
+
+/// Takes Escape for its cancelling button only. Left to itself, a message box with one button
+/// takes it for that one, and nobody loads a reel by Escape.
+class AlertBox final : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Escape || buttons().size() > 1)
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        if (buttons().size() > 1)
+            QMessageBox::closeEvent(event);
+        else
+            event->ignore();
+    }
+};
+
+} // namespace
+
 int MessageBoxAlerts::runModal(const Alert& alert) {
-    QMessageBox box(QMessageBox::Information, {}, alert.message, QMessageBox::NoButton, &m_window);
+    AlertBox box(QMessageBox::Information, {}, alert.message, QMessageBox::NoButton, &m_window);
     box.setWindowModality(Qt::WindowModal);
     box.setInformativeText(alert.information);
-    std::vector<QAbstractButton*> buttons;
+    QList<QAbstractButton*> buttons;
     for (const auto& text : alert.buttons)
-        buttons.push_back(box.addButton(text, buttons.empty() ? QMessageBox::AcceptRole
-                                                              : QMessageBox::RejectRole));
-    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
-    box.setEscapeButton(buttons.back());
+        buttons += box.addButton(text, buttons.isEmpty() ? QMessageBox::AcceptRole
+                                                         : QMessageBox::RejectRole);
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.constFirst()));
+    if (buttons.size() > 1)
+        box.setEscapeButton(buttons.constLast());
     box.exec();
-    // A box that was taken down rather than answered counts as cancelled.
-    const auto clicked = std::find(buttons.begin(), buttons.end(), box.clickedButton());
-    const auto answer = clicked == buttons.end() ? std::prev(buttons.end()) : clicked;
-    return alertFirstButton + static_cast<int>(answer - buttons.begin());
+    const auto clicked = buttons.indexOf(box.clickedButton());
+    return clicked < 0 ? alertUnanswered : alertFirstButton + static_cast<int>(clicked);
 }
 
 } // namespace vexa

@@ -83,6 +83,21 @@ public:
     void handleSetStopTimeMenu();
 
     // document_commands.cpp
+    void newDocument();
+    void openDocument();
+    void saveDocument();
+    void saveDocumentAs();
+    void revertDocumentToSaved();
+    /// A file that the desktop or the command line hands over. True also when nothing was opened,
+    /// as while striping.
+    bool openFile(const QString& path);
+    /// Whether the window may close: asks to save a changed list first.
+    bool windowShouldClose();
+    /// Whether to go ahead with what would lose changes; asks when there are any.
+    bool saveFirst();
+    bool askRevert();
+    void openListWithURL(const QString& path);
+    void saveDocumentWithURL(const QString& path);
     /// Names the list in the window's title after its file, up to the name's first full stop.
     void setListTitle();
 
@@ -150,11 +165,14 @@ private:
     void showItem(const BatchItemRef& item);
     void startBatchPause();
     void endBatchPause();
-    /// Returns when the operator has loaded the reel.
-    void changeReel(std::int64_t reel);
+    /// Returns when the operator has loaded the reel; false when the run is to end instead.
+    bool changeReel(std::int64_t reel);
     void startBlink();
     void blink();
     void stopBlink();
+
+    // document_commands.cpp
+    int askToSave();
 
     // settings_edits.cpp
     void pushStopTimePastStart();

@@ -53,7 +53,8 @@ void Vexa_RemoteAppDelegate::endBatchPause() {
         const auto reel = m_batchStripeData->reelOfItem(item);
         if (m_pauseForReelChange && reel != m_currentReel) {
             m_currentReel = reel;
-            changeReel(static_cast<std::int64_t>(reel));
+            if (!changeReel(static_cast<std::int64_t>(reel)))
+                return handleStripeMenuItems(transport::stopped);
         }
         takeUpItem(item);
         sendSetupAndStart();
@@ -69,12 +70,14 @@ void Vexa_RemoteAppDelegate::endBatchPause() {
     m_pauseTimer.reset();
 }
 
-void Vexa_RemoteAppDelegate::changeReel(std::int64_t reel) {
+bool Vexa_RemoteAppDelegate::changeReel(std::int64_t reel) {
     m_waitingForReelChange = true;
-    m_outlets.alerts->runModal({QStringLiteral("Time to change reels"),
-                                QStringLiteral("Please load reel %1, then hit Continue").arg(reel),
-                                {QStringLiteral("Continue")}});
+    const int answer = m_outlets.alerts->runModal(
+        {QStringLiteral("Time to change reels"),
+         QStringLiteral("Please load reel %1, then hit Continue").arg(reel),
+         {QStringLiteral("Continue")}});
     m_waitingForReelChange = false;
+    return answer != alertUnanswered && m_transportState != transport::stopped;
 }
 
 void Vexa_RemoteAppDelegate::startBlink() {

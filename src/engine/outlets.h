@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace vexa {
@@ -73,7 +74,9 @@ struct Alert {
     std::vector<QString> buttons;
 };
 
-/// What an alert ends with: this for its first button, one more for each further one.
+/// What an alert ends with: this for its first button, one more for each further one; 0 when it
+/// was taken down without an answer, as when the program is told to end.
+inline constexpr int alertUnanswered = 0;
 inline constexpr int alertFirstButton = 1000;
 inline constexpr int alertSecondButton = 1001;
 inline constexpr int alertThirdButton = 1002;
@@ -83,6 +86,22 @@ class Alerts {
 public:
     virtual ~Alerts() = default;
     virtual int runModal(const Alert& alert) = 0;
+};
+
+/// Lets the operator choose a batch list file, and returns when chosen. Nothing when cancelled.
+class FilePanels {
+public:
+    virtual ~FilePanels() = default;
+    virtual std::optional<QString> runOpenPanel() = 0;
+    /// name: what the panel proposes.
+    virtual std::optional<QString> runSavePanel(const QString& name) = 0;
+};
+
+/// The files that were opened last, in the menu and on the desktop.
+class RecentDocuments {
+public:
+    virtual ~RecentDocuments() = default;
+    virtual void noteNewRecentDocument(const QString& path) = 0;
 };
 
 /// All of them; each is set and outlives the controller.
@@ -102,6 +121,8 @@ struct Outlets {
     BatchTable* batchTable = nullptr;
     TextField* currentStripeItemLabel = nullptr;
     Alerts* alerts = nullptr;
+    FilePanels* filePanels = nullptr;
+    RecentDocuments* recentDocuments = nullptr;
 };
 
 } // namespace vexa

@@ -91,6 +91,18 @@ private:
     QStringList m_columns;
 };
 
+/// As if every panel were cancelled.
+class PlainFilePanels : public FilePanels {
+public:
+    std::optional<QString> runOpenPanel() override { return {}; }
+    std::optional<QString> runSavePanel(const QString&) override { return {}; }
+};
+
+class PlainRecentDocuments : public RecentDocuments {
+public:
+    void noteNewRecentDocument(const QString&) override {}
+};
+
 /// A whole set of them, but for the alerts.
 struct PlainOutlets {
     PlainWindowTitle window;
@@ -107,23 +119,19 @@ struct PlainOutlets {
     PlainButton removeFromBatchButton;
     PlainBatchTable batchTable;
     PlainTextField currentStripeItemLabel;
+    PlainFilePanels filePanels;
+    PlainRecentDocuments recentDocuments;
 
     Outlets outlets(Alerts& alerts) {
-        return {&window,
-                &transportMatrix,
-                &frameRateMatrix,
-                &syncTypeMatrix,
-                &batchRadios,
-                &currentTimeButton,
-                &startTimeButton,
-                &endTimeButton,
-                &stopTimeCheck,
-                &batchCheck,
-                &addToBatchButton,
-                &removeFromBatchButton,
-                &batchTable,
-                &currentStripeItemLabel,
-                &alerts};
+        return {&window,           &transportMatrix,
+                &frameRateMatrix,  &syncTypeMatrix,
+                &batchRadios,      &currentTimeButton,
+                &startTimeButton,  &endTimeButton,
+                &stopTimeCheck,    &batchCheck,
+                &addToBatchButton, &removeFromBatchButton,
+                &batchTable,       &currentStripeItemLabel,
+                &alerts,           &filePanels,
+                &recentDocuments};
     }
 };
 

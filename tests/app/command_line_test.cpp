@@ -52,6 +52,15 @@ TEST(CommandLine, NamesOfRatesAndTypesAreFreeInBlanksAndCase) {
     EXPECT_EQ(accepted({"--stripe", "--start=01:00:00:00", "--type", "fsk"}).type, sync::fsk);
 }
 
+TEST(CommandLine, ReadsAListAndItsRows) {
+    EXPECT_EQ(accepted({"My list.vexaB"}).file, QStringLiteral("My list.vexaB"));
+    EXPECT_EQ(accepted({"file:///tmp/100%25%20%23.vexaB"}).file,
+              QStringLiteral("/tmp/100% #.vexaB"));
+    const auto line = accepted({"--stripe", "a.vexaB", "--rows", "1,3-5,4"});
+    EXPECT_EQ(line.mode, CommandLine::Mode::Stripe);
+    EXPECT_EQ(line.rows, (RowIndexes{0, 2, 3, 4}));
+}
+
 TEST(CommandLine, KnowsItsOtherModes) {
     EXPECT_EQ(accepted({"--help"}).mode, CommandLine::Mode::Help);
     EXPECT_EQ(accepted({"-h"}).mode, CommandLine::Mode::Help);
@@ -78,22 +87,35 @@ TEST_P(WrongArguments, GetOneLineThatSaysWhat) {
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, WrongArguments,
-    testing::Values(Wrong{{"--fast"}, "Unknown option 'fast'."},
-                    Wrong{{"--midi"}, "Missing value after '--midi'."},
-                    Wrong{{"--midi", "oss"}, "--midi: no such system: \"oss\""},
-                    Wrong{{"--stripe"}, "--stripe needs a --start time"},
-                    Wrong{{"--stripe", "--start", "1:00"},
-                          "--start: \"1:00\" is no time of the form hh:mm:ss:ff"},
-                    Wrong{{"--stripe", "--start", "01:00:00:00", "--stop", "x"},
-                          "--stop: \"x\" is no time of the form hh:mm:ss:ff"},
-                    Wrong{{"--stripe", "--start", "01:00:00:00", "--stop", "01:00:00:00"},
-                          "--stop must be after --start"},
-                    Wrong{{"--stripe", "--start", "01:00:00:00", "--rate", "29.97"},
-                          "--rate: no such rate: \"29.97\""},
-                    Wrong{{"--stripe", "--start", "01:00:00:00", "--type", "LTC"},
-                          "--type: no such type: \"LTC\""},
-                    Wrong{{"--start", "01:00:00:00"}, "--start goes with --stripe"},
-                    Wrong{{"--rate", "25 fps"}, "--rate goes with --stripe"}));
+    testing::Values(
+        Wrong{{"--fast"}, "Unknown option 'fast'."},
+        Wrong{{"--midi"}, "Missing value after '--midi'."},
+        Wrong{{"--midi", "oss"}, "--midi: no such system: \"oss\""},
+        Wrong{{"--stripe"}, "--stripe needs a --start time, or a batch list"},
+        Wrong{{"a.vexaB", "b.vexaB"}, "one file at most, but there is also \"b.vexaB\""},
+        Wrong{{"--stripe", "a.vexaB", "--start", "01:00:00:00"},
+              "--start goes with --stripe without a file"},
+        Wrong{{"a.vexaB", "--rows", "1"}, "--rows goes with --stripe and a batch list"},
+        Wrong{{"--stripe", "a.vexaB", "--rows", "0"}, "--rows: \"0\" are no rows such as 1,3-5"},
+        Wrong{{"--stripe", "a.vexaB", "--rows", "3-1"},
+              "--rows: \"3-1\" are no rows such as 1,3-5"},
+        Wrong{{"--stripe", "a.vexaB", "--rows", "1-2-3"},
+              "--rows: \"1-2-3\" are no rows such as 1,3-5"},
+        Wrong{{"--stripe", "a.vexaB", "--rows", "1-4000000000"},
+              "--rows: \"1-4000000000\" are no rows such as 1,3-5"},
+        Wrong{{"--stripe", "a.vexaB", "--rows", ""}, "--rows: \"\" are no rows such as 1,3-5"},
+        Wrong{{"--stripe", "--start", "1:00"},
+              "--start: \"1:00\" is no time of the form hh:mm:ss:ff"},
+        Wrong{{"--stripe", "--start", "01:00:00:00", "--stop", "x"},
+              "--stop: \"x\" is no time of the form hh:mm:ss:ff"},
+        Wrong{{"--stripe", "--start", "01:00:00:00", "--stop", "01:00:00:00"},
+              "--stop must be after --start"},
+        Wrong{{"--stripe", "--start", "01:00:00:00", "--rate", "29.97"},
+              "--rate: no such rate: \"29.97\""},
+        Wrong{{"--stripe", "--start", "01:00:00:00", "--type", "LTC"},
+              "--type: no such type: \"LTC\""},
+        Wrong{{"--start", "01:00:00:00"}, "--start goes with --stripe"},
+        Wrong{{"--rate", "25 fps"}, "--rate goes with --stripe"}));
 
 TEST(DestinationNamed, FindsAPositionOrPartOfOneName) {
     const std::vector<std::string> list{"Hub Port 1", "Hub Port 2", "Timecode Box"};

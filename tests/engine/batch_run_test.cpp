@@ -125,6 +125,32 @@ TEST_F(BatchRun, WhileTheAlertIsUpNothingIsSentAndTicksAreLost) {
     EXPECT_EQ(rig.midi.takeBytes().size(), 2u);
 }
 
+TEST_F(BatchRun, AnAlertTakenDownUnansweredEndsTheRun) {
+    addThreeItems(1, 2, 2);
+    rig.press(transport::playing);
+    rig.tick(3);
+    rig.midi.takeSent();
+    rig.alerts.answers = {alertUnanswered};
+    endPause();
+    EXPECT_THAT(rig.midi.takeBytes(), ElementsAre(stopFrame));
+    EXPECT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::stopped);
+    EXPECT_THAT(rig.runLoop.liveIntervals(), IsEmpty());
+}
+
+TEST_F(BatchRun, AStopWhileTheAlertIsUpKeepsTheNextItemFromStarting) {
+    addThreeItems(1, 2, 2);
+    rig.press(transport::playing);
+    rig.tick(3);
+    rig.midi.takeSent();
+    rig.alerts.whileShown = [this] { rig.press(transport::stopped); };
+    endPause();
+    for (const auto& bytes : rig.midi.takeBytes())
+        EXPECT_EQ(bytes, stopFrame);
+    EXPECT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_THAT(rig.runLoop.liveIntervals(), IsEmpty());
+}
+
 TEST_F(BatchRun, ReelsAreNotAskedForWhenThePreferenceIsOff) {
     controller.setPauseForReelChange(false);
     addThreeItems(1, 1, 2);

@@ -1,0 +1,67 @@
+#include "app/TerminalPanel.h"
+
+#include <QSocketNotifier>
+
+#include <cmath>
+#include <cstdio>
+#include <unistd.h>
+
+namespace vexa {
+
+namespace {
+
+/// Where a line can be written over; elsewhere every state of it is a line of its own.
+bool canOverwrite() {
+    static const bool isTerminal = isatty(STDOUT_FILENO) != 0;
+    return isTerminal;
+}
+
+void writeLine(const std::string& text) {
+    // Erases to the end: the line before may have been longer.
+    std::printf(canOverwrite() ? "\r%s\033[K" : "%s\n", text.c_str());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+void TerminalClock::setHeading(const std::string& heading) {
+    if (m_lineOpen && canOverwrite())
+        std::puts("");
+    m_lineOpen = false;
+    m_shownSecond = UINT64_MAX;
+    m_heading = heading;
+}
+
+void TerminalClock::timeFieldsChanged() {
+    if (m_heading.empty() || (!canOverwrite() && seconds() == m_shownSecond))
+        return;
+    m_shownSecond = seconds();
+    m_lineOpen = true;
+    writeLine(m_heading + "  " + timecodeText(timeFields()));
+}
+
+int TerminalAlerts::runModal(const Alert& alert) {
+    writeLine(alert.information.toStdString() + ": ");
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &m_loop, [this] {
+        char buffer[256];
+        const auto length = read(STDIN_FILENO, buffer, sizeof buffer);
+        if (length <= 0)
+            m_loop.exit(alertUnanswered);
+        else if (buffer[length - 1] == '\n')
+            m_loop.exit(alertFirstButton);
+    });
+    const int answer = m_loop.exec();
+    m_unanswered = answer == alertUnanswered;
+    return answer;
+}
+
+void Countdown::start(double seconds) {
+    if (seconds <= 0)
+        return;
+    writeLine("next item in " + std::to_string(std::lround(std::ceil(seconds))) + " s");
+    m_timer = m_runLoop.scheduleTimer(RunLoop::Seconds(1), false,
+                                      [this, seconds] { start(seconds - 1); });
+}
+
+} // namespace vexa

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "engine/RunLoop.h"
+#include "engine/plain_outlets.h"
+
+#include <QEventLoop>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vexa {
+
+/// The clock in the terminal: one line that is written over, or a line a second where the output
+/// goes to a file.
+class TerminalClock final : public TimecodeDisplay {
+public:
+    /// What the lines from now on begin with; none are written while it is empty.
+    void setHeading(const std::string& heading);
+
+protected:
+    void timeFieldsChanged() override;
+
+private:
+    std::string m_heading;
+    bool m_lineOpen = false;
+    std::uint64_t m_shownSecond = UINT64_MAX;
+};
+
+/// Asks on standard output and goes on at Enter.
+class TerminalAlerts final : public Alerts {
+public:
+    /// Unanswered when the input ends or dismiss() is called meanwhile.
+    int runModal(const Alert& alert) override;
+    void dismiss() { m_loop.exit(alertUnanswered); }
+    /// Whether the last question went unanswered.
+    bool wentUnanswered() const { return m_unanswered; }
+
+private:
+    bool m_unanswered = false;
+    QEventLoop m_loop;
+};
+
+/// Tells whoever listens which item's title is shown.
+class ItemLabel final : public TextField {
+public:
+    void setStringValue(const QString& text) override {
+        if (onText)
+            onText(text);
+    }
+    std::function<void(const QString&)> onText;
+};
+
+/// Counts the seconds of a pause down.
+class Countdown {
+public:
+    explicit Countdown(RunLoop& runLoop) : m_runLoop(runLoop) {}
+    void start(double seconds);
+    void stop() { m_timer.reset(); }
+
+private:
+    RunLoop& m_runLoop;
+    std::unique_ptr<RunLoopTimer> m_timer;
+};
+
+} // namespace vexa
