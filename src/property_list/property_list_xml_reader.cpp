@@ -3,6 +3,7 @@
 #include "property_list/KeyCache.h"
 #include "property_list/MemoryBudget.h"
 #include "property_list/property_list_limits.h"
+#include "property_list/utf8.h"
 #include "property_list/xml_encoding.h"
 #include "property_list/xml_entities.h"
 #include "property_list/xml_scalars.h"
@@ -208,7 +209,7 @@ std::optional<PropertyList> Reader::string(const Tag& tag) {
     const auto content = text(tag);
     if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
         return std::nullopt;
-    return PropertyList(QString::fromUtf8(*content));
+    return PropertyList(stringFromUtf8(*content));
 }
 
 std::optional<PropertyList> Reader::array(const Tag& tag, int depth) {
@@ -256,9 +257,9 @@ std::optional<PropertyListKey> Reader::key() {
     const auto content = tag && tag->name == "key" ? text(*tag) : std::nullopt;
     if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
         return std::nullopt;
-    const auto make = [](std::string_view utf8) { return QString::fromUtf8(utf8); };
     const bool verbatim = content->data() != m_unescaped.data();
-    return verbatim ? m_keys.key(*content, make) : PropertyListKey(make(*content));
+    return verbatim ? m_keys.key(*content, stringFromUtf8)
+                    : PropertyListKey(stringFromUtf8(*content));
 }
 
 } // namespace

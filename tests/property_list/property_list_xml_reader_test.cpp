@@ -135,6 +135,16 @@ TEST(PropertyListXmlReader, TakesANulLikeAnyOtherCharacter) {
     EXPECT_EQ(readXmlPropertyList({"<string>\0</string>", 18}), nul);
 }
 
+TEST(PropertyListXmlReader, KeepsAByteOrderMarkInText) {
+    const QChar mark(QChar::ByteOrderMark);
+    EXPECT_EQ(readXmlPropertyList("<array><string>\uFEFF\uFEFFa</string><string>a\uFEFF</string>"
+                                  "<dict><key>\uFEFF</key><true/></dict></array>"),
+              PropertyList(Array{PropertyList(QString(mark) + mark + u'a'),
+                                 PropertyList(QString(u'a') + mark),
+                                 PropertyList(Dictionary({{QString(mark), PropertyList(true)}},
+                                                         PropertyList::Duplicates::keepLast))}));
+}
+
 TEST(PropertyListXmlReader, ReadsAsDeepAs512Values) {
     const auto nested = [](qsizetype depth) {
         return readXmlPropertyList(QByteArray("<array>").repeated(depth) +
