@@ -19,8 +19,8 @@ PropertyList::Dictionary::Dictionary(std::vector<Entry> entries, Duplicates dupl
     if (duplicates == Duplicates::keepLast)
         std::ranges::reverse(m_entries);
     std::ranges::stable_sort(m_entries, {}, keyOf);
-    const auto repeated = std::ranges::unique(m_entries, {}, keyOf);
-    m_entries.erase(repeated.begin(), repeated.end());
+    const auto sameKey = [](const Entry& a, const Entry& b) { return a.key == b.key; };
+    m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), sameKey), m_entries.end());
 }
 
 const PropertyList* PropertyList::Dictionary::find(QStringView key) const {
@@ -39,10 +39,6 @@ void PropertyList::Dictionary::set(const PropertyListKey& key, PropertyList valu
         entry->value = std::move(value);
     else
         m_entries.insert(entry, {key, std::move(value)});
-}
-
-bool PropertyList::Dictionary::operator==(const Dictionary& other) const {
-    return m_entries == other.m_entries;
 }
 
 bool PropertyList::operator==(const PropertyList& other) const {

@@ -26,33 +26,11 @@ namespace vexa {
 class PropertyList {
 public:
     using Array = std::vector<PropertyList>;
+    class Dictionary;
     struct Entry;
 
     /// Which of several entries with the same key stays.
     enum class Duplicates { keepFirst, keepLast };
-
-    /// Entries in ascending order of their keys, compared by UTF-16 code unit; no key twice.
-    class Dictionary {
-    public:
-        Dictionary() = default;
-        /// Takes entries in any order.
-        Dictionary(std::vector<Entry> entries, Duplicates duplicates);
-
-        /// The value of a key, null if there is none. Valid until the next set().
-        const PropertyList* find(QStringView key) const;
-        PropertyList* find(QStringView key);
-        /// Replaces the value of the key or adds it.
-        void set(const PropertyListKey& key, PropertyList value);
-
-        std::size_t size() const;
-        auto begin() const;
-        auto end() const;
-
-        bool operator==(const Dictionary& other) const;
-
-    private:
-        std::vector<Entry> m_entries;
-    };
 
     /// A moment, in seconds since 2001-01-01 00:00:00 UTC.
     struct Date {
@@ -71,7 +49,7 @@ public:
     explicit PropertyList(QString value) : m_value(Boxed(std::move(value))) {}
     explicit PropertyList(QByteArray value) : m_value(Boxed(std::move(value))) {}
     explicit PropertyList(Array value) : m_value(Boxed(std::move(value))) {}
-    explicit PropertyList(Dictionary value) : m_value(Boxed(std::move(value))) {}
+    explicit PropertyList(Dictionary value);
 
     /// What the value holds if it is of exactly this kind, else null. The kinds are bool,
     /// std::uint64_t (every integer from 0 on), std::int64_t (negative integers only), double,
@@ -128,6 +106,29 @@ struct PropertyList::Entry {
     bool operator==(const Entry&) const = default;
 };
 
+/// Entries in ascending order of their keys, compared by UTF-16 code unit; no key twice.
+class PropertyList::Dictionary {
+public:
+    Dictionary() = default;
+    /// Takes entries in any order.
+    Dictionary(std::vector<Entry> entries, Duplicates duplicates);
+
+    /// The value of a key, null if there is none. Valid until the next set().
+    const PropertyList* find(QStringView key) const;
+    PropertyList* find(QStringView key);
+    /// Replaces the value of the key or adds it.
+    void set(const PropertyListKey& key, PropertyList value);
+
+    std::size_t size() const { return m_entries.size(); }
+    auto begin() const { return m_entries.begin(); }
+    auto end() const { return m_entries.end(); }
+
+    bool operator==(const Dictionary&) const = default;
+
+private:
+    std::vector<Entry> m_entries;
+};
+
 template<std::integral T>
 PropertyList::PropertyList(T value) {
     if constexpr (std::same_as<T, bool>)
@@ -138,8 +139,6 @@ PropertyList::PropertyList(T value) {
         m_value = static_cast<std::int64_t>(value);
 }
 
-inline std::size_t PropertyList::Dictionary::size() const { return m_entries.size(); }
-inline auto PropertyList::Dictionary::begin() const { return m_entries.cbegin(); }
-inline auto PropertyList::Dictionary::end() const { return m_entries.cend(); }
+inline PropertyList::PropertyList(Dictionary value) : m_value(Boxed(std::move(value))) {}
 
 } // namespace vexa

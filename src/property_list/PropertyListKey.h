@@ -15,8 +15,9 @@ public:
     operator const QString&() const { return m_text->text; }
 
     bool operator==(const PropertyListKey& other) const {
-        return m_text == other.m_text || m_text->text == other.m_text->text;
+        return m_text == other.m_text || *this == other.m_text->text;
     }
+    bool operator==(const QString& other) const { return m_text->text == other; }
 
 private:
     struct Text : QSharedData {
