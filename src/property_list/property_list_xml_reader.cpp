@@ -43,6 +43,7 @@ private:
 
     bool take(std::string_view text);
     bool skipPast(std::string_view text);
+    void skipBlanks();
     bool skipBetweenElements();
     bool skipDocumentType();
     std::optional<Tag> startTag();
@@ -50,11 +51,13 @@ private:
 
     std::optional<std::string_view> plainText(const Tag& tag);
     std::optional<std::string_view> text(const Tag& tag);
-    std::optional<PropertyList> element(const Tag& tag, int depth);
+    std::optional<PropertyList> value(int depth);
     std::optional<PropertyList> scalar(const Tag& tag);
     std::optional<PropertyList> string(const Tag& tag);
     std::optional<PropertyList> array(const Tag& tag, int depth);
     std::optional<PropertyList> dictionary(const Tag& tag, int depth);
+    template<typename ReadElement>
+    bool elements(const Tag& tag, ReadElement readElement);
     std::optional<PropertyListKey> key();
 
     std::string_view m_rest;
@@ -80,11 +83,15 @@ bool Reader::skipPast(std::string_view text) {
     return true;
 }
 
+void Reader::skipBlanks() {
+    const auto blanks = std::ranges::find_if_not(m_rest, isBlank) - m_rest.begin();
+    m_rest.remove_prefix(static_cast<std::size_t>(blanks));
+}
+
 /// Passes blanks, comments and processing instructions.
 bool Reader::skipBetweenElements() {
     for (;;) {
-        const auto blanks = std::ranges::find_if_not(m_rest, isBlank) - m_rest.begin();
-        m_rest.remove_prefix(static_cast<std::size_t>(blanks));
+        skipBlanks();
         if (take("<!--")) {
             if (!skipPast("-->"))
                 return false;
@@ -125,8 +132,7 @@ std::optional<Reader::Tag> Reader::startTag() {
 bool Reader::endTag(std::string_view name) {
     if (!take("</") || !take(name))
         return false;
-    const auto blanks = std::ranges::find_if_not(m_rest, isBlank) - m_rest.begin();
-    m_rest.remove_prefix(static_cast<std::size_t>(blanks));
+    skipBlanks();
     return take(">");
 }
 
@@ -166,25 +172,25 @@ std::optional<std::string_view> Reader::text(const Tag& tag) {
 std::optional<PropertyList> Reader::propertyList() {
     if (!skipBetweenElements() || !skipDocumentType())
         return std::nullopt;
-    auto tag = startTag();
+    const auto start = m_rest;
+    const auto tag = startTag();
     const bool wrapped = tag && tag->name == "plist" && !tag->empty;
-    if (wrapped)
-        tag = skipBetweenElements() ? startTag() : std::nullopt;
-    if (!tag)
-        return std::nullopt;
-    auto root = element(*tag, 1);
+    if (!wrapped)
+        m_rest = start;
+    auto root = value(1);
     const bool ended = !wrapped || (skipBetweenElements() && endTag("plist"));
     return ended ? std::move(root) : std::nullopt;
 }
 
-std::optional<PropertyList> Reader::element(const Tag& tag, int depth) {
-    if (depth > property_list::maximumDepth || !m_budget.take(1))
+std::optional<PropertyList> Reader::value(int depth) {
+    const auto tag = skipBetweenElements() ? startTag() : std::nullopt;
+    if (!tag || depth > property_list::maximumDepth || !m_budget.take(1))
         return std::nullopt;
-    if (tag.name == "array")
-        return array(tag, depth);
-    if (tag.name == "dict")
-        return dictionary(tag, depth);
-    return tag.name == "string" ? string(tag) : scalar(tag);
+    if (tag->name == "array")
+        return array(*tag, depth);
+    if (tag->name == "dict")
+        return dictionary(*tag, depth);
+    return tag->name == "string" ? string(*tag) : scalar(*tag);
 }
 
 std::optional<PropertyList> Reader::scalar(const Tag& tag) {
@@ -212,42 +218,42 @@ std::optional<PropertyList> Reader::string(const Tag& tag) {
     return PropertyList(stringFromUtf8(*content));
 }
 
-std::optional<PropertyList> Reader::array(const Tag& tag, int depth) {
-    const auto first = m_values.size();
+/// Calls readElement() wherever an element starts, up to the end of the array or dictionary.
+template<typename ReadElement>
+bool Reader::elements(const Tag& tag, ReadElement readElement) {
     while (!tag.empty) {
         if (!skipBetweenElements())
-            return std::nullopt;
-        if (m_rest.starts_with("</")) {
-            if (!endTag(tag.name))
-                return std::nullopt;
-            break;
-        }
-        const auto start = startTag();
-        auto value = start ? element(*start, depth + 1) : std::nullopt;
-        if (!value)
-            return std::nullopt;
-        m_values.push_back(std::move(*value));
+            return false;
+        if (m_rest.starts_with("</"))
+            return endTag(tag.name);
+        if (!readElement())
+            return false;
     }
-    return PropertyList(takenFrom(m_values, first));
+    return true;
+}
+
+std::optional<PropertyList> Reader::array(const Tag& tag, int depth) {
+    const auto first = m_values.size();
+    const bool whole = elements(tag, [&] {
+        auto element = value(depth + 1);
+        if (element)
+            m_values.push_back(std::move(*element));
+        return element.has_value();
+    });
+    return whole ? std::optional(PropertyList(takenFrom(m_values, first))) : std::nullopt;
 }
 
 std::optional<PropertyList> Reader::dictionary(const Tag& tag, int depth) {
     const auto first = m_entries.size();
-    while (!tag.empty) {
-        if (!skipBetweenElements())
-            return std::nullopt;
-        if (m_rest.starts_with("</")) {
-            if (!endTag(tag.name))
-                return std::nullopt;
-            break;
-        }
+    const bool whole = elements(tag, [&] {
         auto entryKey = key();
-        const auto start = entryKey && skipBetweenElements() ? startTag() : std::nullopt;
-        auto value = start ? element(*start, depth + 1) : std::nullopt;
-        if (!value)
-            return std::nullopt;
-        m_entries.push_back({std::move(*entryKey), std::move(*value)});
-    }
+        auto entryValue = entryKey ? value(depth + 1) : std::nullopt;
+        if (entryValue)
+            m_entries.push_back({std::move(*entryKey), std::move(*entryValue)});
+        return entryValue.has_value();
+    });
+    if (!whole)
+        return std::nullopt;
     return PropertyList(
         PropertyList::Dictionary(takenFrom(m_entries, first), PropertyList::Duplicates::keepLast));
 }

@@ -105,7 +105,7 @@ std::string dateText(PropertyList::Date date) {
     const year_month_day day(floor<days>(time));
     const hh_mm_ss clock(time - floor<days>(time));
 
-    std::array<char, 24> text{};
+    std::array<char, 80> text{};
     std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
                   static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
                   static_cast<unsigned>(day.day()), static_cast<int>(clock.hours().count()),
