@@ -25,7 +25,7 @@ std::string written(T value) {
     return xmlPropertyList(PropertyList(std::move(value))).toStdString();
 }
 
-TEST(PropertyListXmlWriter, WritesABatchListAsThePlatformDoes) {
+TEST(PropertyListXmlWriter, WritesABatchList) {
     Dictionary item;
     item.set(QStringLiteral("vexatitle"), PropertyList(QStringLiteral("Act 1")));
     item.set(QStringLiteral("vexastart"), PropertyList(16777216));
