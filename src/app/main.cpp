@@ -3,6 +3,7 @@
 #include "app/midi_choice.h"
 #include "app/terminal_stripe.h"
 #include "app/termination_signals.h"
+#include "controls/AccessibleButton.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
@@ -30,6 +31,7 @@ int listDestinations(MidiSystem& system) {
 }
 
 int runWindow(const CommandLine& line) {
+    AccessibleButton::install();
     TimerfdRunLoop runLoop;
     MainWindow window;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
