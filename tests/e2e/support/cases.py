@@ -1,0 +1,58 @@
+"""What the tests of the program have in common."""
+
+import os
+import tempfile
+import unittest
+
+from support.jack import JackServer, MidiMonitor
+from support.window import Window
+from support.wire import STOP
+
+
+class ProgramTest(unittest.TestCase):
+    """Programs started here have settings of their own."""
+
+    def setUp(self):
+        settings = tempfile.TemporaryDirectory(prefix="vexa-e2e-settings-")
+        self.addCleanup(settings.cleanup)
+        os.environ["XDG_CONFIG_HOME"] = settings.name
+
+
+class DeviceTest(ProgramTest):
+    """A JACK server, and a receiver on it in the place of the timecode generator."""
+
+    def setUp(self):
+        super().setUp()
+        self.server = JackServer()
+        self.server.start()
+        self.addCleanup(self.server.stop)
+        self.connect_monitor()
+        self.addCleanup(self._expect_nothing_more)
+
+    def connect_monitor(self):
+        self.monitor = MidiMonitor()
+
+    def replace_server(self):
+        """The server crashes and comes back, and so does the receiver."""
+        self.server.kill()
+        self.monitor.stop()
+        self.server.start()
+        self.connect_monitor()
+
+    def expect_messages(self, *messages, seconds=10):
+        """These messages and no others have come since the last time, or come now. Returns the
+        moments of their arrival."""
+        taken = self.monitor.take(len(messages), seconds)
+        self.assertEqual([m.hex(" ") for _, m in taken], [m.hex(" ") for m in messages])
+        return [moment for moment, _ in taken]
+
+    def _expect_nothing_more(self):
+        self.monitor.stop()
+        self.assertEqual(self.monitor.take(0), [], "came after the last message expected")
+
+    def open_window(self):
+        """The window at rest, its start-up message read."""
+        window = Window("--midi", "jack")
+        self.addCleanup(window.close)
+        self.expect_messages(STOP)
+        return window

@@ -1,0 +1,79 @@
+"""A JACK server without sound hardware, and a receiver on it that is not ours."""
+
+import os
+import signal
+import subprocess
+import threading
+import time
+
+from support.processes import Child
+from support.waiting import eventually
+
+
+class JackServer:
+    """A server of this test process's own, for all programs that it starts from now on."""
+
+    def __init__(self):
+        self._name = f"vexa-e2e-{os.getpid()}"
+        os.environ["JACK_DEFAULT_SERVER"] = self._name
+        os.environ["JACK_NO_AUDIO_RESERVATION"] = "1"
+        os.environ["JACK_NO_START_SERVER"] = "1"
+        self._server = None
+
+    def start(self):
+        # Synchronous: a receiver that comes late on a busy machine still gets its period.
+        self._server = Child(
+            *["jackd", "-n", self._name, "-r", "-S", "-d", "dummy", "-r", "48000", "-p", "256"],
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
+        eventually("the server is up", listed_ports)
+
+    def kill(self):
+        """As when it crashes: its clients are told nothing."""
+        self._server.kill()
+
+    def stop(self):
+        self._server.stop()
+
+
+def listed_ports():
+    """The full names of the server's ports; none when there is no server."""
+    asked = subprocess.run(["jack_lsp"], capture_output=True, text=True, check=False)
+    return asked.stdout.splitlines() if asked.returncode == 0 else []
+
+
+class MidiMonitor:
+    """jack_midi_dump: prints what arrives at the port "midi-monitor:input"."""
+
+    def __init__(self, name="midi-monitor"):
+        self._arrivals = []
+        self._child = Child(
+            *["stdbuf", "-oL", "jack_midi_dump", name],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+        )
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        eventually("the receiver's port is there", lambda: f"{name}:input" in listed_ports())
+
+    def _read(self):
+        for line in self._child.stdout:
+            _, colon, message = line.partition(":")
+            if colon:
+                self._arrivals.append((time.monotonic(), bytes.fromhex(message)))
+
+    def take(self, count, seconds=10):
+        """The next messages in order, as pairs of monotonic time and bytes: as many as asked for,
+        or those that come in time, and any that came too many."""
+        deadline = time.monotonic() + seconds
+        while len(self._arrivals) < count and time.monotonic() < deadline:
+            time.sleep(0.01)
+        taken = list(self._arrivals)
+        del self._arrivals[: len(taken)]
+        return taken
+
+    def stop(self):
+        """Lets it leave the server in order: one that is killed holds the server up."""
+        self._child.stop(signal.SIGINT)
+        self._reader.join(5)

@@ -1,0 +1,15 @@
+"""Waiting for what other processes do: asked again until it is so, never slept on blindly."""
+
+import time
+
+
+def eventually(description, probe, seconds=10.0):
+    """The first true answer of probe(); an AssertionError when there is none in time."""
+    deadline = time.monotonic() + seconds
+    while True:
+        answer = probe()
+        if answer:
+            return answer
+        if time.monotonic() > deadline:
+            raise AssertionError(f"not within {seconds:g} s: {description}")
+        time.sleep(0.01)

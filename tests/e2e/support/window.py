@@ -1,0 +1,180 @@
+"""The program's window as its operator has it: widgets by name, a keyboard and a mouse."""
+
+import subprocess
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+from support import program
+from support.waiting import eventually
+
+MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
+
+
+def xdotool(*arguments):
+    done = subprocess.run(
+        ["xdotool", *map(str, arguments)], capture_output=True, text=True, check=True
+    )
+    return done.stdout.strip()
+
+
+class Window:
+    def __init__(self, *arguments):
+        self.program = program.start(*arguments)
+        try:
+            self._application = eventually("the program is on the bus", self._find_application)
+            self._application.set_cache_mask(Atspi.Cache.NONE)
+            self._x_window = eventually("the window is active", self._active_x_window)
+            # The first paint lays the widgets out.
+            eventually("the window is shown", lambda: self._widget("Stop time"))
+        except BaseException:
+            self.program.kill()
+            raise
+
+    # -- what the operator sees
+
+    def shown(self, name):
+        """The text that a time display or label shows."""
+        return self._widget(name).get_description()
+
+    def is_on(self, name):
+        return self._has(name, Atspi.StateType.CHECKED)
+
+    def is_enabled(self, name):
+        return self._has(name, Atspi.StateType.ENABLED)
+
+    def has_focus(self, name):
+        return self._has(name, Atspi.StateType.FOCUSED)
+
+    def titles(self):
+        """The titles of all windows of the program, alerts among them."""
+        return [window.get_name() for window in _children(self._application)]
+
+    def menu(self, title):
+        """The titles of a menu's items; those that cannot be chosen in parentheses."""
+        items = [item for item in self._menu_items(title) if item.get_name()]
+        return [
+            item.get_name() if _is(item, Atspi.StateType.ENABLED) else f"({item.get_name()})"
+            for item in items
+        ]
+
+    def await_shown(self, name, text, seconds=10):
+        what = f"{name} shows {text}"
+        eventually(what, lambda: self.shown(name) == text, seconds)
+
+    def await_clock(self, text, no_later_than="23:59:59:29"):
+        """Waits until the running clock has come to a time."""
+        what = f"the clock comes to {text}"
+        eventually(what, lambda: text <= self.shown("Current time") <= no_later_than)
+
+    def await_on(self, name, on=True, seconds=10):
+        what = f"{name} is {'on' if on else 'off'}"
+        eventually(what, lambda: self.is_on(name) == on, seconds)
+
+    # -- what the operator does
+
+    def press(self, name):
+        """Presses a button the way a screen reader does."""
+        self._do(self._widget(name))
+
+    def choose(self, title, item_title):
+        """Chooses a menu's item the way a screen reader does."""
+        item = next(i for i in self._menu_items(title) if i.get_name() == item_title)
+        self._do(item)
+
+    def click(self, name, times=1):
+        """Clicks with the mouse in the middle of a widget."""
+        box = Atspi.Component.get_extents(self._widget(name), Atspi.CoordType.SCREEN)
+        x, y = box.x + box.width // 2, box.y + box.height // 2
+        xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
+
+    def keys(self, *names):
+        """Strikes keys, by their X names."""
+        xdotool("key", *names)
+
+    def type(self, text):
+        self.keys(*text)
+
+    def hold_key(self, name, until):
+        """Holds a key down until something is so; the keyboard repeats it meanwhile."""
+        xdotool("keydown", name)
+        try:
+            until()
+        finally:
+            xdotool("keyup", name)
+
+    def type_time(self, name, text, end="Return"):
+        """Opens a time display, types the digits of a time and ends the entry."""
+        self.click(name)
+        self.await_on(name)
+        self.type(text.replace(":", ""))
+        self.await_shown(name, text)
+        self.keys(end)
+
+    def picture(self, path):
+        subprocess.run(["import", "-window", self._x_window, "-strip", path], check=True)
+
+    def close(self):
+        self.program.stop()
+
+    # -- over the accessibility bus
+
+    def _find_application(self):
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for application in _children(desktop):
+            if application.get_process_id() == self.program.pid:
+                return application
+        return None
+
+    def _active_x_window(self):
+        found = subprocess.run(
+            ["xdotool", "getactivewindow", "getwindowpid", "getactivewindow"],
+            capture_output=True,
+            text=True,
+            check=False,
+        ).stdout.split()
+        return found[1] if found[:1] == [str(self.program.pid)] else None
+
+    def _widget(self, name):
+        return _first(self._application, lambda widget: widget.get_name() == name)
+
+    def _has(self, name, state):
+        return _is(self._widget(name), state)
+
+    def _menu_items(self, title):
+        bar = _first(self._application, lambda w: w.get_role() == Atspi.Role.MENU_BAR, True)
+        menu = next(item for item in _children(bar) if item.get_name() == title)
+        return _children(_children(menu)[0])
+
+    @staticmethod
+    def _do(widget):
+        if not _is(widget, Atspi.StateType.ENABLED):
+            raise AssertionError(f"{widget.get_name()} is disabled")
+        Atspi.Action.do_action(widget, 0)
+
+
+def _children(parent):
+    children = []
+    for i in range(parent.get_child_count()):
+        child = parent.get_child_at_index(i)
+        if child:
+            children.append(child)
+    return children
+
+
+def _first(root, is_wanted, in_menus=False):
+    for child in _children(root):
+        if is_wanted(child):
+            return child
+        if in_menus or child.get_role() not in MENU_ROLES:
+            found = _first(child, is_wanted, in_menus)
+            if found:
+                return found
+    return None
+
+
+def _is(widget, state):
+    return widget.get_state_set().contains(state)

@@ -1,0 +1,71 @@
+"""A stripe in the terminal, seen by a receiver on a JACK server."""
+
+import signal
+import unittest
+
+from support import program
+from support.cases import DeviceTest, ProgramTest
+from support.jack import MidiMonitor
+from support.wire import STOP, play
+
+ALLOWED_LATENESS = 0.15  # s
+
+
+def stripe(start, stop, rate, sync_type, midi="jack"):
+    return [
+        *["--midi", midi, "--stripe", "--start", start, "--stop", stop],
+        *["--rate", rate, "--type", sync_type],
+    ]
+
+
+class TerminalStripe(DeviceTest):
+    def test_sends_the_frames_in_order_and_runs_as_long_as_its_timecode(self):
+        done = program.run(*stripe("01:00:00:00", "01:00:02:00", "25 fps", "DTL"))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        moments = self.expect_messages(STOP, *play(1, 0, 0, 0, 5), STOP, STOP)
+        self.assertAlmostEqual(moments[4] - moments[3], 2.0, delta=ALLOWED_LATENESS)
+
+    def test_writes_a_line_a_second_where_no_terminal_is(self):
+        done = program.run(*stripe("23:59:57:10", "23:59:59:00", "24 fps", "FSK"))
+        line = "23:59:57:10 to 23:59:59:00, 24 fps, FSK "
+        times = ["23:59:57:10", "23:59:58:00", "23:59:59:00"]
+        self.assertEqual(done.stdout.splitlines(), [line + time for time in times])
+        self.expect_messages(STOP, *play(23, 59, 57, 10, 8), STOP, STOP)
+
+    def test_skips_the_dropped_frames(self):
+        done = program.run(*stripe("00:00:59:00", "00:01:01:02", "30 df", "MTC"))
+        self.assertEqual(done.returncode, 0)
+        moments = self.expect_messages(STOP, *play(0, 0, 59, 0, 3), STOP, STOP)
+        self.assertAlmostEqual(moments[4] - moments[3], 60 / 29.97, delta=ALLOWED_LATENESS)
+
+    def test_goes_to_the_destination_that_is_named(self):
+        other = MidiMonitor("Tape Room")
+        self.addCleanup(other.stop)
+        stripe_there = stripe("10:00:00:00", "10:00:00:05", "30 fps", "MTC")
+        done = program.run(*stripe_there, "--destination", "tape")
+        self.assertEqual(done.returncode, 0)
+        received = [message for _, message in other.take(7)]
+        # One stop more than elsewhere: a generator that was just chosen is put at rest.
+        self.assertEqual(received, [STOP, STOP, *play(10, 0, 0, 0, 2), STOP, STOP])
+        self.expect_messages()
+
+    def test_interrupted_stops_the_generator_before_it_ends(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            with self.subTest(signal=number.name):
+                running = program.start("--midi", "jack", "--stripe", "--start", "02:00:00:00")
+                self.addCleanup(running.stop)
+                self.expect_messages(STOP, *play(2, 0, 0, 0, 2))
+                running.send_signal(number)
+                self.assertEqual(running.wait(), 130)
+                self.expect_messages(STOP)
+
+
+class TerminalStripeWithoutMidi(ProgramTest):
+    def test_runs_to_its_end(self):
+        done = program.run(*stripe("00:59:59:20", "01:00:00:00", "25 fps", "MTC", midi="none"))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(done.stdout.splitlines()[-1].split()[-1], "01:00:00:00")
+
+
+if __name__ == "__main__":
+    unittest.main()
