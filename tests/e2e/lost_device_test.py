@@ -1,0 +1,98 @@
+"""JACK's server crashes, or the receiver goes away, in the middle of a run: the run goes on, nobody
+is told, and what is sent later arrives again."""
+
+import time
+import unittest
+
+from support import desktop, program
+from support.cases import DeviceTest
+from support.wire import STOP, play
+
+ALLOWED_LATENESS = 0.5  # s, on a machine that starts a server meanwhile
+
+
+def setUpModule():
+    unittest.addModuleCleanup(desktop.start())
+
+
+class LostDevice(DeviceTest):
+    def start_run_of(self, seconds):
+        """A run in the window, and the moment of its end."""
+        window = self.open_window()
+        window.type_time("Stop time", f"01:00:0{seconds}:00")
+        window.keys("F6")
+        return window, self.expect_messages(*play(1, 0, 0, 0, 2))[-1] + seconds
+
+    def check_end_of_run(self, window, end):
+        window.await_on("Stop")
+        self.assertAlmostEqual(time.monotonic(), end, delta=ALLOWED_LATENESS)
+        self.assertEqual(window.titles(), ["Vexa Remote: Untitled Batch List"])
+
+    def check_next_play(self, window):
+        window.keys("F8")
+        window.await_on("Set stop time", False)
+        window.keys("F6")
+        self.expect_messages(*play(0, 0, 0, 0, 0))
+        window.keys("F5")
+        self.expect_messages(STOP)
+
+    def test_server_back_after_the_run(self):
+        window, end = self.start_run_of(seconds=2)
+        self.server.kill()
+        self.check_end_of_run(window, end)
+        self.monitor.stop()
+        self.server.start()
+        self.connect_monitor()
+        self.check_next_play(window)
+
+    def test_server_back_during_the_run(self):
+        window, end = self.start_run_of(seconds=4)
+        self.replace_server()
+        self.check_end_of_run(window, end)
+        self.expect_messages(STOP, STOP)
+        self.check_next_play(window)
+
+    def test_receiver_back_after_the_run(self):
+        window, end = self.start_run_of(seconds=2)
+        self.monitor.stop()
+        self.check_end_of_run(window, end)
+        self.connect_monitor()
+        self.check_next_play(window)
+
+    def test_receiver_back_during_the_run(self):
+        window, end = self.start_run_of(seconds=2)
+        self.monitor.stop()
+        self.connect_monitor()
+        self.check_end_of_run(window, end)
+        self.expect_messages(STOP, STOP)
+        self.check_next_play(window)
+
+    def test_play_and_stop_without_a_server(self):
+        window = self.open_window()
+        self.server.kill()
+        window.keys("F6")
+        window.await_clock("01:00:00:05")
+        window.keys("F5")
+        window.await_on("Stop")
+        self.assertEqual(len(window.titles()), 1)
+        self.monitor.stop()
+        self.server.start()
+        self.connect_monitor()
+        window.keys("F6")
+        self.expect_messages(*play(1, 0, 0, 0, 2))
+        window.keys("F5")
+        self.expect_messages(STOP)
+
+    def test_terminal_stripe_outlives_the_server(self):
+        stripe = ["--stripe", "--start", "01:00:00:00", "--stop", "01:00:04:00", "--rate", "30 fps"]
+        running = program.start("--midi", "jack", *stripe)
+        self.addCleanup(running.stop)
+        end = self.expect_messages(STOP, *play(1, 0, 0, 0, 2))[-1] + 4
+        self.replace_server()
+        self.assertEqual(running.wait(), 0)
+        self.assertAlmostEqual(time.monotonic(), end, delta=ALLOWED_LATENESS)
+        self.expect_messages(STOP, STOP)
+
+
+if __name__ == "__main__":
+    unittest.main()
