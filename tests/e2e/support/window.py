@@ -79,13 +79,18 @@ class Window:
         """Presses a button the way a screen reader does."""
         self._do(self._widget(name))
 
+    def focus(self, name):
+        Atspi.Component.grab_focus(self._widget(name))
+        eventually(f"{name} has the keyboard", lambda: self.has_focus(name))
+
     def choose(self, title, item_title):
         """Chooses a menu's item the way a screen reader does."""
         item = next(i for i in self._menu_items(title) if i.get_name() == item_title)
         self._do(item)
 
     def click(self, name, times=1):
-        """Clicks with the mouse in the middle of a widget."""
+        """Clicks with the mouse in the middle of a widget. Not in a scaled window: Qt tells the
+        bus its own pixels, not the screen's."""
         box = Atspi.Component.get_extents(self._widget(name), Atspi.CoordType.SCREEN)
         x, y = box.x + box.width // 2, box.y + box.height // 2
         xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
@@ -114,7 +119,11 @@ class Window:
         self.keys(end)
 
     def picture(self, path):
-        subprocess.run(["import", "-window", self._x_window, "-strip", path], check=True)
+        """Writes what the window shows to a PNG file of few colours."""
+        few_colors = ["-strip", "-dither", "None", "-colors", "256"]
+        subprocess.run(
+            ["import", "-window", self._x_window, *few_colors, f"png8:{path}"], check=True
+        )
 
     def close(self):
         self.program.stop()
