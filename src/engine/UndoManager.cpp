@@ -97,6 +97,7 @@ bool UndoManager::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::TouchBegin:
     case QEvent::TouchEnd:
     case QEvent::Drop:
+    case QEvent::MetaCall: // how a press by assistive technology comes in
         if (m_replaying == Replaying::No)
             endEvent();
         break;

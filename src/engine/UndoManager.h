@@ -10,8 +10,8 @@ namespace vexa {
 
 /// Undo by recorded inverse calls. What one user event registers forms one group, undone and
 /// redone as a whole; what a group registers while it is undone becomes its redo, and the other
-/// way round. Groups end with the event: before the next input event is handled, even one that
-/// has been waiting in the queue, and at the latest when the event loop takes over again.
+/// way round. Groups end with the event: before the next input event or queued call is handled,
+/// even one that has been waiting, and at the latest when the event loop takes over again.
 class UndoManager : public QObject {
     Q_OBJECT
 

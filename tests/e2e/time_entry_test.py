@@ -241,6 +241,16 @@ class QueuedEvents(TimeEntry):
         self.window.await_on("Set stop time", False)
         self.window.await_shown(STOP_TIME, "00:00:00:00")
 
+    def test_two_presses_by_assistive_technology_are_two_steps(self):
+        self.window.press_at_once("25 fps", "DTL")
+        self.window.await_on("DTL")
+        self.assertTrue(self.window.is_on("25 fps"))
+        self.window.keys("ctrl+z")
+        self.window.await_on("MTC")
+        self.assertTrue(self.window.is_on("25 fps"))
+        self.window.keys("ctrl+z")
+        self.window.await_on("30 fps")
+
     def test_play_takes_the_time_typed_before_it(self):
         self.open_entry(START)
         self.queue_keys(*"02030405", "Return", "F6", "F5")

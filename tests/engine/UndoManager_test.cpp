@@ -93,6 +93,19 @@ TEST_F(Undo, QueuedInputEventsAreEventsOfTheirOwn) {
     EXPECT_EQ(a, 0);
 }
 
+TEST_F(Undo, QueuedCallsAreEventsOfTheirOwn) {
+    QObject called;
+    for (int i = 0; i < 2; ++i)
+        QMetaObject::invokeMethod(
+            &called, [this] { set(a, a + 1); }, Qt::QueuedConnection);
+    QCoreApplication::sendPostedEvents(&called);
+    ASSERT_EQ(a, 2);
+    undo.undo();
+    EXPECT_EQ(a, 1);
+    undo.undo();
+    EXPECT_EQ(a, 0);
+}
+
 TEST_F(Undo, ANewEditForgetsWhatCouldBeRedone) {
     set(a, 1);
     undo.undo();

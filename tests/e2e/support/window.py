@@ -1,13 +1,14 @@
 """The program's window as its operator has it: widgets by name, a keyboard and a mouse."""
 
+import signal
 import subprocess
 
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
-from support import program
+from support import desktop, program
 from support.waiting import eventually
 
 MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
@@ -78,6 +79,17 @@ class Window:
     def press(self, name):
         """Presses a button the way a screen reader does."""
         self._do(self._widget(name))
+
+    def press_at_once(self, *names):
+        """Presses buttons so that the program, which was busy, finds all the presses waiting."""
+        presses = [(w.app.bus_name, w.path) for w in map(self._widget, names)]
+        bus = desktop.accessibility_bus()
+        self.program.send_signal(signal.SIGSTOP)
+        for name, path in presses:
+            action = (name, path, "org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))
+            bus.call(*action, None, Gio.DBusCallFlags.NONE, -1, None)
+        bus.flush_sync()
+        self.program.send_signal(signal.SIGCONT)
 
     def focus(self, name):
         Atspi.Component.grab_focus(self._widget(name))
