@@ -1,5 +1,5 @@
-"""JACK's server crashes, or the receiver goes away, in the middle of a run: the run goes on, nobody
-is told, and what is sent later arrives again."""
+"""JACK's server crashes or hangs, or the receiver goes away, in the middle of a run: the run goes on,
+nobody is told, and what is sent later arrives again."""
 
 import time
 import unittest
@@ -82,6 +82,35 @@ class LostDevice(DeviceTest):
         self.expect_messages(*play(1, 0, 0, 0, 2))
         window.keys("F5")
         self.expect_messages(STOP)
+
+    def test_a_server_that_hangs_holds_up_no_clock(self):
+        window = self.open_window()
+        with self.server.hung():
+            pressed = time.monotonic()
+            window.keys("F6")
+            window.await_clock("01:00:01:00")
+            self.assertAlmostEqual(time.monotonic(), pressed + 1, delta=ALLOWED_LATENESS)
+        self.expect_messages(*play(1, 0, 0, 0, 2))
+        window.keys("F5")
+        self.expect_messages(STOP)
+
+    def check_quits(self, window):
+        window.keys("ctrl+q")
+        self.assertEqual(window.program.wait(seconds=3), 0)
+
+    def test_quits_while_the_server_hangs(self):
+        window = self.open_window()
+        with self.server.hung():
+            window.keys("F6")
+            window.await_clock("01:00:00:10")
+            self.check_quits(window)
+
+    def test_quits_without_a_server(self):
+        window = self.open_window()
+        window.keys("F6")
+        self.expect_messages(*play(1, 0, 0, 0, 2))
+        self.server.kill()
+        self.check_quits(window)
 
     def test_terminal_stripe_outlives_the_server(self):
         stripe = ["--stripe", "--start", "01:00:00:00", "--stop", "01:00:04:00", "--rate", "30 fps"]

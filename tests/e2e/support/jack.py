@@ -1,5 +1,6 @@
 """A JACK server without sound hardware, and a receiver on it that is not ours."""
 
+import contextlib
 import os
 import signal
 import subprocess
@@ -32,6 +33,15 @@ class JackServer:
     def kill(self):
         """As when it crashes: its clients are told nothing."""
         self._server.kill()
+
+    @contextlib.contextmanager
+    def hung(self):
+        """Meanwhile, it answers nobody."""
+        self._server.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self._server.send_signal(signal.SIGCONT)
 
     def stop(self):
         self._server.stop()
