@@ -1,0 +1,120 @@
+#include "midi/alsa/card_identity.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+using namespace vexa;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A tree with the shape of /sys, and cards in it.
+class CardIdentity : public testing::Test {
+protected:
+    fs::path folder(const std::string& path) const {
+        const auto made = root() / path;
+        fs::create_directories(made);
+        return made;
+    }
+
+    static void write(const fs::path& file, const std::string& line) {
+        std::ofstream(file) << line << '\n';
+    }
+
+    /// A card below the device with that path, as the kernel numbers it. A second card of the
+    /// same number takes its place.
+    void addCard(int number, const std::string& id, const std::string& device) const {
+        const auto card = folder(device + "/sound/card" + std::to_string(number));
+        write(card / "id", id);
+        fs::create_directory_symlink(root() / device, card / "device");
+        const auto link = folder("class/sound") / card.filename();
+        fs::remove(link);
+        fs::create_directory_symlink(card, link);
+    }
+
+    /// A card of a USB interface 0 in that place.
+    void addUsbCard(int number, const std::string& usbDevice,
+                    const std::string& serial = {}) const {
+        const auto device = folder(usbDevice);
+        write(device / "idVendor", "1d6b");
+        write(device / "idProduct", "0104");
+        if (!serial.empty())
+            write(device / "serial", serial);
+        const auto interface = usbDevice + '/' + device.filename().string() + ":1.0";
+        write(folder(interface) / "bInterfaceNumber", "00");
+        addCard(number, "Box", interface);
+    }
+
+    std::string identity(int card) const {
+        return cardIdentity(card, (root() / "class/sound").string());
+    }
+
+private:
+    fs::path root() const { return m_folder.path().toStdString(); }
+
+    QTemporaryDir m_folder;
+};
+
+const std::string controller = "devices/pci0000:00/0000:00:14.0";
+
+TEST_F(CardIdentity, OfUsbIsVendorProductSerialNumberAndInterface) {
+    addUsbCard(0, controller + "/usb1/1-2", "A1");
+    EXPECT_EQ(identity(0), "usb:1d6b:0104:A1:00");
+}
+
+TEST_F(CardIdentity, OfUsbWithASerialNumberIsTheSameInAnySocketWithAnyNumber) {
+    addUsbCard(0, controller + "/usb1/1-2", "A1");
+    addUsbCard(3, controller + "/usb2/2-1/2-1.4", "B2");
+    const auto before = identity(0);
+    addUsbCard(0, controller + "/usb1/1-1", "C3");
+    addUsbCard(4, "devices/pci0000:00/0000:00:1a.0/usb3/3-1", "A1");
+    EXPECT_EQ(identity(4), before);
+    EXPECT_NE(identity(0), before);
+    EXPECT_NE(identity(3), before);
+}
+
+TEST_F(CardIdentity, OfUsbWithoutASerialNumberNamesTheSocketButNotTheBus) {
+    addUsbCard(0, controller + "/usb1/1-2");
+    addUsbCard(1, controller + "/usb1/1-3/1-3.4/1-3.4.1");
+    EXPECT_EQ(identity(0), "usb:1d6b:0104::00 at 0000:00:14.0-2");
+    EXPECT_EQ(identity(1), "usb:1d6b:0104::00 at 0000:00:14.0-3.4.1");
+
+    addUsbCard(5, controller + "/usb7/7-2");
+    EXPECT_EQ(identity(5), identity(0));
+}
+
+TEST_F(CardIdentity, OfUsbCardsThatShareASerialNumberNamesTheSocket) {
+    addUsbCard(0, controller + "/usb1/1-2", "0001");
+    addUsbCard(1, controller + "/usb1/1-3", "0001");
+    EXPECT_EQ(identity(0), "usb:1d6b:0104:0001:00 at 0000:00:14.0-2");
+    EXPECT_EQ(identity(1), "usb:1d6b:0104:0001:00 at 0000:00:14.0-3");
+}
+
+TEST_F(CardIdentity, OfFireWireIsTheGuid) {
+    const auto node = controller + "/0000:04:00.0/fw1";
+    write(folder(node) / "guid", "0x0011223344556677");
+    addCard(2, "Box", node + "/fw1.0");
+    EXPECT_EQ(identity(2), "firewire:0x0011223344556677");
+}
+
+TEST_F(CardIdentity, OfOtherHardwareIsItsPlaceOnTheBus) {
+    addCard(0, "Box", "devices/pci0000:00/0000:00:1e.0/0000:05:02.0");
+    EXPECT_EQ(identity(0), "bus:0000:05:02.0");
+}
+
+TEST_F(CardIdentity, OfThisMachineAsAUsbDeviceIsTheController) {
+    addCard(0, "fmidi", "devices/platform/fe980000.usb/gadget.0");
+    EXPECT_EQ(identity(0), "bus:fe980000.usb");
+}
+
+TEST_F(CardIdentity, OfACardWithoutHardwareIsItsId) {
+    addCard(1, "VirMIDI", "devices/platform/snd_virmidi.0");
+    EXPECT_EQ(identity(1), "card:VirMIDI");
+}
+
+TEST_F(CardIdentity, OfACardThatIsNotThereIsNoOnes) { EXPECT_EQ(identity(7), "card:"); }
+
+} // namespace
