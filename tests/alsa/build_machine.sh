@@ -1,0 +1,59 @@
+#!/bin/bash
+# build_machine.sh BINARIES WORK: makes what the virtual machine boots, WORK/vmlinuz and
+# WORK/initramfs.cpio, of a Debian kernel and programs of this machine. The kernel's package is
+# fetched once, and not installed.
+set -euo pipefail
+binaries=$1
+work=$2
+here=$(dirname "$(realpath "$0")")
+modules=(snd-seq snd-seq-midi snd-seq-dummy snd-virmidi snd-usb-audio dummy_hcd usb_f_midi)
+
+need() {
+    command -v "$1" || { echo "$1 is missing: install the package $2" >&2; exit 1; }
+}
+
+fetch_kernel() {
+    local package
+    package=$(apt-cache depends linux-image-amd64 | awk '$1 == "Depends:" { print $2; exit }')
+    rm -rf fetched && mkdir fetched
+    (cd fetched && apt-get -qq -o APT::Sandbox::User=root download "$package")
+    dpkg-deb --fsys-tarfile fetched/*.deb | tar -x -C fetched --wildcards './boot/vmlinuz-*' \
+        './lib/modules/*/modules.*' './lib/modules/*/kernel/'{sound,fs,drivers/{media,usb}}
+    rm fetched/*.deb
+    mv fetched kernel
+}
+
+copy_modules() {
+    local version
+    version=$(basename kernel/lib/modules/*)
+    depmod -b kernel "$version"
+    modprobe -d "$PWD/kernel" -S "$version" --show-depends -a "${modules[@]}" |
+        awk '$1 == "insmod" { print $2 }' | sort -u | sed "s|^$PWD/kernel/||" |
+        cpio --quiet -pd -D kernel "$PWD/root"
+    cp kernel/lib/modules/*/modules.{builtin,builtin.modinfo,order} "root/lib/modules/$version"
+    depmod -b root "$version"
+}
+
+copy_with_libraries() {
+    cp "$@" root/bin
+    ldd "$@" | grep -o '/[^ :]* (0x' | cut -d ' ' -f 1 | sort -u | xargs cp -L --parents -t root
+}
+
+programs=("$binaries"/vexa-{remote,generator} "$(need aseqdump alsa-utils)"
+    "$(need aplaymidi alsa-utils)")
+busybox=$(need busybox busybox-static)
+for tool in cpio:cpio depmod:kmod qemu-system-x86_64:qemu-system-x86; do
+    need ${tool%:*} ${tool#*:} > /dev/null
+done
+
+mkdir -p "$work" && cd "$work"
+[ -d kernel ] || fetch_kernel
+rm -rf root && mkdir -p root/{bin,sbin,dev,proc,sys,tmp,lib/modules,usr/share/alsa}
+copy_modules
+copy_with_libraries "${programs[@]}"
+cp /usr/share/alsa/alsa.conf root/usr/share/alsa
+cp "$busybox" root/bin/busybox
+ln -s ../bin/busybox root/sbin/modprobe
+cp -r "$here"/{init,scenarios} root
+cp kernel/boot/vmlinuz-* vmlinuz
+(cd root && find . | cpio --quiet -o -H newc -R 0:0) > initramfs.cpio

@@ -1,0 +1,47 @@
+"""Where scenarios run: a virtual machine with a Debian kernel, or this machine."""
+
+import os
+import pathlib
+import subprocess
+import tarfile
+
+HERE = pathlib.Path(__file__).parent
+
+
+def scenarios(kind):
+    """All of a folder of scenarios."""
+    return sorted(f"{kind}/{file.stem}" for file in (HERE / "scenarios" / kind).glob("*.sh"))
+
+
+def has_sequencer():
+    """Whether this machine can run the scenarios that need nothing but a sequencer."""
+    return os.access("/dev/snd/seq", os.R_OK | os.W_OK)
+
+
+def run_here(binaries, scenarios, results):
+    path = f"{binaries}:{os.environ['PATH']}"
+    subprocess.run(["sh", HERE / "scenarios/run", results, *scenarios], check=True,
+                   env=os.environ | {"PATH": path})
+
+
+def build_virtual(binaries, work):
+    subprocess.run([HERE / "build_machine.sh", binaries, work], check=True)
+
+
+def run_virtual(work, scenarios, results, seconds):
+    """Boots the machine that was built in `work`, which must be done in so many seconds. It is
+    emulated: also where /dev/kvm opens, the kernel may not come up on it."""
+    console, archive = results.with_suffix(".console"), results.with_suffix(".tar.gz")
+    archive.unlink(missing_ok=True)
+    command = [
+        "qemu-system-x86_64", "-accel", "tcg", "-smp", "2", "-m", "1024", "-nodefaults",
+        "-display", "none", "-no-reboot", "-serial", f"file:{console}", "-serial", f"file:{archive}",
+        "-kernel", work / "vmlinuz", "-initrd", work / "initramfs.cpio",
+        "-append", f"console=ttyS0 quiet panic=-1 SCENARIOS={','.join(scenarios)}"]
+    try:
+        subprocess.run(command, check=True, timeout=seconds, stdin=subprocess.DEVNULL)
+        with tarfile.open(archive) as results_archive:
+            results_archive.extractall(results)
+    except (subprocess.SubprocessError, tarfile.TarError, EOFError) as error:
+        raise RuntimeError(f"{error}; on the console of the virtual machine:\n"
+                           + console.read_text(errors="replace")) from error

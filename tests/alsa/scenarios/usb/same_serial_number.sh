@@ -1,0 +1,13 @@
+# Two boxes whose maker gave all of them one serial number.
+makeBox same-a 0001
+makeBox same-b 0001
+plug same-a 0
+plug same-b 1
+destinations > destinations-01
+unplug same-a
+unplug same-b
+plug same-b 1
+plug same-a 0
+destinations > destinations-10
+unplug same-a
+unplug same-b

@@ -1,0 +1,10 @@
+# A card made in software, before and behind other cards.
+modprobe snd-virmidi
+destinations > destinations-first
+rmmod snd-virmidi
+makeBox virtual
+plug virtual 0
+modprobe snd-virmidi
+destinations > destinations-last
+rmmod snd-virmidi
+unplug virtual
