@@ -34,12 +34,12 @@ QAccessible::State AccessibleButton::state() const {
 QStringList AccessibleButton::actionNames() const {
     auto names = QAccessibleWidget::actionNames();
     if (m_button.isEnabled())
-        names.prepend(toggleAction());
+        names = QStringList{toggleAction(), pressAction()} + names;
     return names;
 }
 
 void AccessibleButton::doAction(const QString& actionName) {
-    if (actionName == toggleAction())
+    if (actionName == toggleAction() || actionName == pressAction())
         m_button.click();
     else
         QAccessibleWidget::doAction(actionName);
