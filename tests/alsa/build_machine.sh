@@ -8,8 +8,15 @@ work=$2
 here=$(dirname "$(realpath "$0")")
 modules=(snd-seq snd-seq-midi snd-seq-dummy snd-virmidi snd-usb-audio dummy_hcd usb_f_midi)
 
-need() {
-    command -v "$1" || { echo "$1 is missing: install the package $2" >&2; exit 1; }
+check_tools() {
+    local tool status=0
+    for tool in aseqdump:alsa-utils aplaymidi:alsa-utils busybox:busybox-static cpio:cpio \
+        depmod:kmod qemu-system-x86_64:qemu-system-x86; do
+        command -v "${tool%:*}" > /dev/null && continue
+        echo "${tool%:*} is missing: install the package ${tool#*:}" >&2
+        status=1
+    done
+    return $status
 }
 
 fetch_kernel() {
@@ -39,20 +46,15 @@ copy_with_libraries() {
     ldd "$@" | grep -o '/[^ :]* (0x' | cut -d ' ' -f 1 | sort -u | xargs cp -L --parents -t root
 }
 
-programs=("$binaries"/vexa-{remote,generator} "$(need aseqdump alsa-utils)"
-    "$(need aplaymidi alsa-utils)")
-busybox=$(need busybox busybox-static)
-for tool in cpio:cpio depmod:kmod qemu-system-x86_64:qemu-system-x86; do
-    need ${tool%:*} ${tool#*:} > /dev/null
-done
-
+check_tools
 mkdir -p "$work" && cd "$work"
 [ -d kernel ] || fetch_kernel
 rm -rf root && mkdir -p root/{bin,sbin,dev,proc,sys,tmp,lib/modules,usr/share/alsa}
 copy_modules
-copy_with_libraries "${programs[@]}"
+copy_with_libraries "$binaries"/vexa-{remote,generator} "$(command -v aseqdump)" \
+    "$(command -v aplaymidi)"
 cp /usr/share/alsa/alsa.conf root/usr/share/alsa
-cp "$busybox" root/bin/busybox
+cp "$(command -v busybox)" root/bin
 ln -s ../bin/busybox root/sbin/modprobe
 cp -r "$here"/{init,scenarios} root
 cp kernel/boot/vmlinuz-* vmlinuz

@@ -15,7 +15,7 @@ import unittest
 import machine
 
 STOP = "F0 7D 42 00 00 00 00 00 F7"
-RUN_SECONDS = 150
+RUN_SECONDS = 200
 RESTARTED = ["usb/order", "usb/same_serial_number", "usb/serial_number"]
 
 binaries, work = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
