@@ -3,7 +3,6 @@
 #include "midi/port_list.h"
 
 #include <algorithm>
-#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <future>
@@ -16,8 +15,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto openingTime = 2s;   // to reach a MIDI system at start-up
-constexpr auto answerTime = 250ms; // to read a list
+constexpr auto openingTime = 2s;   // to reach a MIDI system and read a first list
+constexpr auto answerTime = 250ms; // to read a later one
 constexpr auto farewellTime = 1s;  // for the last messages
 constexpr auto maintenanceInterval = 2s;
 
@@ -90,18 +89,16 @@ private:
 BackgroundMidiSystem::BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver)
     : m_worker(std::make_shared<Worker>()) {
     m_worker->start(std::move(makeDriver));
-    const auto opened = std::make_shared<std::promise<void>>();
-    m_worker->post([opened](MidiDriver&) { opened->set_value(); });
-    opened->get_future().wait_for(openingTime);
+    readPorts(openingTime);
 }
 
 BackgroundMidiSystem::~BackgroundMidiSystem() { m_worker->finish(); }
 
-void BackgroundMidiSystem::readPorts() {
+void BackgroundMidiSystem::readPorts(std::chrono::milliseconds patience) {
     const auto answer = std::make_shared<std::promise<std::vector<MidiPort>>>();
     m_worker->post([answer](MidiDriver& driver) { answer->set_value(driver.ports()); });
     auto future = answer->get_future();
-    if (future.wait_for(answerTime) != std::future_status::ready)
+    if (future.wait_for(patience) != std::future_status::ready)
         return;
 
     const auto ports = future.get();
@@ -123,7 +120,7 @@ const BackgroundMidiSystem::Endpoint* BackgroundMidiSystem::endpoint(MidiObjectR
 }
 
 std::size_t BackgroundMidiSystem::numberOfDestinations() {
-    readPorts();
+    readPorts(answerTime);
     return m_listed.size();
 }
 
@@ -132,7 +129,7 @@ MidiObjectRef BackgroundMidiSystem::destination(std::size_t position) {
 }
 
 std::optional<MidiObject> BackgroundMidiSystem::findByUniqueId(MidiUniqueId id) {
-    readPorts();
+    readPorts(answerTime);
     const auto known = m_refs.find(id);
     if (known == m_refs.end() || std::ranges::find(m_listed, known->second) == m_listed.end())
         return {};

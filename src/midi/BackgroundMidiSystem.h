@@ -3,6 +3,7 @@
 #include "midi/MidiDriver.h"
 #include "midi/MidiSystem.h"
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -14,7 +15,8 @@ namespace vexa {
 /// held up, makes do with the last reading.
 class BackgroundMidiSystem final : public MidiSystem {
 public:
-    /// Makes the driver on the new thread.
+    /// Makes the driver on the new thread, and waits up to two seconds for its first list: it is
+    /// from this that a destination is chosen at start-up.
     explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
 
     /// Leaves the queued messages a second to go out. What then still holds up the driver, such
@@ -42,7 +44,7 @@ private:
     };
     class Worker;
 
-    void readPorts();
+    void readPorts(std::chrono::milliseconds patience);
     const Endpoint* endpoint(MidiObjectRef object) const;
 
     std::shared_ptr<Worker> m_worker;

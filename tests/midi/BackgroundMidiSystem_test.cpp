@@ -141,6 +141,12 @@ TEST_F(BackgroundMidi, ADriverThatIsHeldUpHoldsUpNobody) {
     EXPECT_THAT(world.sent, ElementsAre("usb1/0: 0", "usb1/0: 1", "usb1/0: 2"));
 }
 
+TEST_F(BackgroundMidi, HasTheFirstListFromTheBeginning) {
+    world.hold(true);
+    EXPECT_EQ(system->numberOfDestinations(), 3u);
+    world.hold(false);
+}
+
 TEST_F(BackgroundMidi, TheDriverLivesOnAThreadOfItsOwnAndGoesWithTheSystem) {
     system->numberOfDestinations();
     EXPECT_NE(world.thread, std::this_thread::get_id());
