@@ -35,7 +35,8 @@ def run_virtual(work, scenarios, results, seconds):
     archive.unlink(missing_ok=True)
     command = [
         "qemu-system-x86_64", "-accel", "tcg", "-smp", "2", "-m", "1024", "-nodefaults",
-        "-display", "none", "-no-reboot", "-serial", f"file:{console}", "-serial", f"file:{archive}",
+        "-display", "none", "-no-reboot",
+        "-serial", f"file:{console}", "-serial", f"file:{archive}",
         "-kernel", work / "vmlinuz", "-initrd", work / "initramfs.cpio",
         "-append", f"console=ttyS0 quiet panic=-1 SCENARIOS={','.join(scenarios)}"]
     try:

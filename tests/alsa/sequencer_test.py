@@ -1,4 +1,3 @@
-#!/usr/bin/env python3
 """sequencer_test.py BINARIES WORK: the programs on the ALSA sequencer of a real kernel.
 
 Scenarios (scenarios/*/*.sh) run in a virtual machine, twice where what they leave must be the same
@@ -61,7 +60,7 @@ class SequencerTest(unittest.TestCase):
     maxDiff = None
 
     def assert_ended_on_time(self, result, seconds):
-        """A stripe of so many seconds. Three more are left to start the program and for its farewell
+        """A stripe of so many seconds. Three more are for the start of the program and a farewell
         to a device; one that is waited for takes ten."""
         self.assertEqual(result.number("status"), 0)
         self.assertEqual(result.text("errors"), "")
