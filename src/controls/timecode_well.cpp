@@ -51,10 +51,10 @@ QRect TimecodeWell::cell(qsizetype position) const {
     const auto colonsBefore = static_cast<qreal>(position / 3);
     const auto digitsBefore = static_cast<qreal>(position) - colonsBefore;
     const bool isColon = position % 3 == 2;
-    const QRectF exact(m_left + m_digitWidth * (digitsBefore + colonsBefore * colonShare),
-                       m_rectangle.y(), m_digitWidth * (isColon ? colonShare : 1.0),
-                       m_rectangle.height());
-    return exact.toAlignedRect();
+    const qreal left = m_left + m_digitWidth * (digitsBefore + colonsBefore * colonShare);
+    const qreal right = left + m_digitWidth * (isColon ? colonShare : 1.0);
+    return {QPoint(qRound(left), m_rectangle.top()),
+            QPoint(qRound(right) - 1, m_rectangle.bottom())};
 }
 
 void TimecodeWell::paintGround(QPainter& painter, const QColor& edge, bool focused) const {
