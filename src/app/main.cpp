@@ -12,6 +12,8 @@
 #include <QApplication>
 
 #include <cstdio>
+#include <future>
+#include <optional>
 
 namespace {
 
@@ -30,10 +32,28 @@ int listDestinations(MidiSystem& system) {
     return 0;
 }
 
+/// Makes that system the one to use, with the destination that was asked for.
+std::optional<CommandLineError> takeUp(MidiSystem& system, const CommandLine& line) {
+    Vexa_MIDI_Manager::setMidiSystem(&system);
+    if (!line.destination)
+        return {};
+    const auto found = destinationNamed(*line.destination, destinationNames(system));
+    if (const auto* error = std::get_if<CommandLineError>(&found))
+        return *error;
+    Vexa_MIDI_Manager::sharedMidiManager().connectToDestinationAtIndex(
+        std::get<std::int64_t>(found));
+    return {};
+}
+
 int runWindow(const CommandLine& line) {
     AccessibleButton::install();
-    TimerfdRunLoop runLoop;
+    // Reaching a MIDI system and building the window take about as long: they go on at once.
+    auto opening = std::async(std::launch::async, openMidiSystem, line.midi);
     MainWindow window;
+    const auto system = opening.get();
+    if (const auto error = takeUp(*system, line))
+        return refuse(error->message);
+    TimerfdRunLoop runLoop;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
     window.connectTo(controller);
@@ -44,19 +64,13 @@ int runWindow(const CommandLine& line) {
     return QCoreApplication::exec();
 }
 
-int runWith(const CommandLine& line) {
+int runInTerminal(const CommandLine& line) {
     const auto system = openMidiSystem(line.midi);
     if (line.mode == CommandLine::Mode::Destinations)
         return listDestinations(*system);
-    Vexa_MIDI_Manager::setMidiSystem(system.get());
-    if (line.destination) {
-        const auto found = destinationNamed(*line.destination, destinationNames(*system));
-        if (const auto* error = std::get_if<CommandLineError>(&found))
-            return refuse(error->message);
-        Vexa_MIDI_Manager::sharedMidiManager().connectToDestinationAtIndex(
-            std::get<std::int64_t>(found));
-    }
-    return line.mode == CommandLine::Mode::Stripe ? stripeInTerminal(line) : runWindow(line);
+    if (const auto error = takeUp(*system, line))
+        return refuse(error->message);
+    return stripeInTerminal(line);
 }
 
 bool hasDisplay() {
@@ -82,7 +96,7 @@ int main(int argc, char* argv[]) {
             return refuse(
                 QStringLiteral("there is no display; see --help for striping without one"), 1);
         const QApplication application(argc, argv);
-        return runWith(line);
+        return runWindow(line);
     }
     const QCoreApplication application(argc, argv);
     switch (line.mode) {
@@ -93,6 +107,6 @@ int main(int argc, char* argv[]) {
         std::puts("vexa-remote " VEXA_VERSION);
         return 0;
     default:
-        return runWith(line);
+        return runInTerminal(line);
     }
 }
