@@ -1,0 +1,114 @@
+// How true the clock runs: the program's timer at every frame rate against CLOCK_MONOTONIC, and
+// QTimer beside it. The number of seconds can be given; the standard is a minute.
+
+#include "bench/spread.h"
+#include "engine/TimerfdRunLoop.h"
+#include "timecode/frame_rate.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+using namespace vexa;
+using bench::Spread;
+using Seconds = RunLoop::Seconds;
+using Clock = std::chrono::steady_clock;
+
+namespace {
+
+struct Ticks {
+    Seconds interval;
+    Clock::time_point start = Clock::now();
+    std::vector<Clock::time_point> fired{};
+
+    void note() { fired.push_back(Clock::now()); }
+};
+
+/// Times in milliseconds.
+struct Figures {
+    long lost; ///< negative: so many too many
+    double drift;
+    Spread off; ///< how far ticks were from their time, early or late
+};
+
+Figures figuresOf(const Ticks& ticks) {
+    constexpr double msPerSecond = 1e3;
+    std::vector<double> lateness;
+    std::vector<double> off;
+    for (const auto tick : ticks.fired) {
+        const Seconds due = ticks.interval * static_cast<double>(lateness.size() + 1);
+        lateness.push_back((Seconds(tick - ticks.start) - due).count() * msPerSecond);
+        off.push_back(std::abs(lateness.back()));
+    }
+    // Between medians of a second each: one tick that comes late is no drift.
+    const auto second = static_cast<std::ptrdiff_t>(1.0 / ticks.interval.count());
+    const double first = bench::spreadOf({lateness.begin(), lateness.begin() + second}).p50;
+    const double last = bench::spreadOf({lateness.end() - second, lateness.end()}).p50;
+    const auto due = std::lround(Seconds(ticks.fired.back() - ticks.start) / ticks.interval);
+    return {due - static_cast<long>(ticks.fired.size()), last - first, bench::spreadOf(off)};
+}
+
+void printFigures(const Figures& figures) {
+    std::printf(" %ld | %.3f | %.3f | %.3f | %.3f |", figures.lost, figures.drift, figures.off.p50,
+                figures.off.p99, figures.off.max);
+}
+
+void printTable(const std::vector<Ticks>& ours, const std::vector<Ticks>& qt, Seconds measured) {
+    std::printf(
+        "## Clock: %.0f s at every rate, in ms against CLOCK_MONOTONIC\n\n"
+        "Aim: no tick lost, drift under 2 ms in a minute. Off: how far a tick was from its "
+        "time.\n\n"
+        "| rate | lost | drift | off p50 | p99 | max | QTimer: lost | drift | off p50 | p99 "
+        "| max | drift, QTimer : ours |\n"
+        "|---|---|---|---|---|---|---|---|---|---|---|---|\n",
+        measured.count());
+    for (std::uint64_t code = 0; code < rate::count; ++code) {
+        const auto mine = figuresOf(ours[code]);
+        const auto other = figuresOf(qt[code]);
+        std::printf("| %s |", std::string(frameRateForCode(code).name).c_str());
+        printFigures(mine);
+        printFigures(other);
+        constexpr double least = 0.001; // what the table shows of ours
+        std::printf(" %.0f |\n", std::abs(other.drift) / std::max(std::abs(mine.drift), least));
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QCoreApplication application(argc, argv);
+    const Seconds measured(argc > 1 ? std::atof(argv[1]) : 60.0);
+    if (measured < Seconds(2)) {
+        std::fputs("usage: clock_bench [seconds, 2 or more]\n", stderr);
+        return 2;
+    }
+
+    TimerfdRunLoop runLoop;
+    std::vector<Ticks> ours;
+    std::vector<Ticks> qt;
+    for (std::uint64_t code = 0; code < rate::count; ++code)
+        for (auto* kind : {&ours, &qt})
+            kind->push_back({Seconds(frameRateForCode(code).frameInterval)});
+
+    std::vector<std::unique_ptr<RunLoopTimer>> timers;
+    std::vector<std::unique_ptr<QTimer>> qtTimers;
+    for (auto& ticks : ours) {
+        ticks.start = Clock::now();
+        timers.push_back(runLoop.scheduleTimer(ticks.interval, true, [&] { ticks.note(); }));
+    }
+    for (auto& ticks : qt) {
+        auto& timer = *qtTimers.emplace_back(std::make_unique<QTimer>());
+        timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&timer, &QTimer::timeout, [&] { ticks.note(); });
+        ticks.start = Clock::now();
+        timer.start(std::chrono::round<std::chrono::milliseconds>(ticks.interval));
+    }
+    const auto end = runLoop.scheduleTimer(measured, false, [] { QCoreApplication::quit(); });
+    QCoreApplication::exec();
+    printTable(ours, qt, measured);
+}
