@@ -1,0 +1,98 @@
+// What one tick of the clock costs the window: the events it causes, what is painted anew, and the
+// processor time. The number of seconds can be given; the standard is ten.
+
+#include "app/MainWindow.h"
+#include "engine/TimerfdRunLoop.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+#include "midi/Vexa_MIDI_Manager.h"
+#include "midi/none/NoMidiSystem.h"
+
+#include <QApplication>
+#include <QMetaEnum>
+#include <QPaintEvent>
+
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <map>
+#include <string>
+
+using namespace vexa;
+
+namespace {
+
+struct Tally {
+    long events = 0;
+    long pixels = 0; ///< of paint events
+};
+
+/// Counts every event of the application by its kind and the widget it went to.
+class EventCounter final : public QObject {
+public:
+    std::map<std::string, Tally> tallies;
+
+private:
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        const auto* type = QMetaEnum::fromType<QEvent::Type>().valueToKey(event->type());
+        const auto name = receiver->objectName().isEmpty()
+                              ? QString::fromLatin1(receiver->metaObject()->className())
+                              : receiver->objectName();
+        auto& tally = tallies[std::string(type ? type : "?") + " | " + name.toStdString()];
+        ++tally.events;
+        if (event->type() == QEvent::Paint)
+            for (const auto& rectangle : static_cast<QPaintEvent*>(event)->region())
+                tally.pixels += rectangle.width() * rectangle.height();
+        return false;
+    }
+};
+
+double processorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+void runFor(RunLoop& runLoop, RunLoop::Seconds time) {
+    const auto end = runLoop.scheduleTimer(time, false, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const RunLoop::Seconds measured(argc > 1 ? std::atof(argv[1]) : 10.0);
+
+    NoMidiSystem midi;
+    Vexa_MIDI_Manager::setMidiSystem(&midi);
+    TimerfdRunLoop runLoop;
+    MainWindow window;
+    Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
+    controller.applicationDidFinishLaunching();
+    window.connectTo(controller);
+    window.show();
+    controller.handleStripeMenuItems(transport::playing);
+    runFor(runLoop, RunLoop::Seconds(1)); // until the window has come to rest
+
+    EventCounter counter;
+    QCoreApplication::instance()->installEventFilter(&counter);
+    const double before = processorSeconds();
+    runFor(runLoop, measured);
+    const double spent = processorSeconds() - before;
+    QCoreApplication::instance()->removeEventFilter(&counter);
+
+    const double ticks = measured.count() * controller.frameCount();
+    std::printf("## Clock tick: what it costs the window, on platform %s\n\n"
+                "Processor time a tick: %.0f us, which is %.2f %% of a core at %g frames. Window: "
+                "%d x %d = %d pixels.\n\n"
+                "| event | receiver | a tick | pixels painted a tick |\n|---|---|---|---|\n",
+                qUtf8Printable(QGuiApplication::platformName()), spent / ticks * 1e6,
+                spent / measured.count() * 100, controller.frameCount(), window.width(),
+                window.height(), window.width() * window.height());
+    for (const auto& [what, tally] : counter.tallies)
+        std::printf("| %s | %.2f | %.0f |\n", what.c_str(),
+                    static_cast<double>(tally.events) / ticks,
+                    static_cast<double>(tally.pixels) / ticks);
+}
