@@ -12,7 +12,7 @@ ALLOWED_LATENESS = 0.5  # s, on a machine that starts a server meanwhile
 
 
 def setUpModule():
-    unittest.addModuleCleanup(desktop.start())
+    desktop.start()
 
 
 class LostDevice(DeviceTest):

@@ -12,7 +12,7 @@ AT_FIRST = "01:00:00:00"
 
 
 def setUpModule():
-    unittest.addModuleCleanup(desktop.start())
+    desktop.start()
 
 
 class TimeEntry(DeviceTest):

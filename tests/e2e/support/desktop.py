@@ -1,11 +1,13 @@
 """A screen, a window manager and an accessibility bus for this test process alone."""
 
+import atexit
 import contextlib
+import functools
 import os
 import subprocess
 import tempfile
 
-from gi.repository import Gio
+from gi.repository import Gio, GLib
 
 from support.processes import Child
 from support.waiting import eventually
@@ -13,9 +15,10 @@ from support.waiting import eventually
 BUS_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
 
+@functools.cache
 def start():
-    """Starts the desktop, and leads this process and those it starts to it. Once a process: the
-    accessibility library does not change buses. Returns the call that takes it all down."""
+    """Starts the desktop for as long as this process runs, and leads the process and those it
+    starts to it. Once and no more: the accessibility library does not change buses."""
     runtime = tempfile.TemporaryDirectory(prefix="vexa-e2e-runtime-")
     os.environ["XDG_RUNTIME_DIR"] = runtime.name
     children = []
@@ -26,48 +29,55 @@ def start():
         runtime.cleanup()
 
     def child(*command, **popen_arguments):
-        for output in ("stdout", "stderr"):
-            popen_arguments.setdefault(output, subprocess.DEVNULL)
-        children.append(Child(*command, **popen_arguments))
-        return children[-1]
+        silent = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        children.append(Child(*command, **silent, **popen_arguments))
 
-    try:
-        os.environ["DISPLAY"] = _start_screen(child)
-        bus = child(
-            *["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"],
-            stdout=subprocess.PIPE,
-        )
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
-        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
-        os.environ["QT_QPA_PLATFORM"] = "xcb"
-        child(BUS_LAUNCHER, "--launch-immediately")
-        child("openbox")
-        eventually("a window manager is there", _has_window_manager)
-    except BaseException:
-        stop()
-        raise
-    return stop
+    atexit.register(stop)
+    screen = ["-screen", "0", "1800x1400x24", "-nolisten", "tcp", "-noreset"]
+    # The server itself picks a display number that is free, and tells it when it is ready.
+    display = _answer(lambda fd: child("Xvfb", "-displayfd", fd, *screen, pass_fds=[fd]))
+    os.environ["DISPLAY"] = f":{display}"
+    bus = ["dbus-daemon", "--session", "--nofork", "--nopidfile"]
+    address = _answer(lambda fd: child(*bus, f"--print-address={fd}", pass_fds=[fd]))
+    os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
+    child(BUS_LAUNCHER, "--launch-immediately")
+    os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+    os.environ["QT_QPA_PLATFORM"] = "xcb"
+    # Or the first program to ask for it would have another one started.
+    eventually("the accessibility bus is there", _has_accessibility_bus)
+    child("openbox")
+    eventually("a window manager is there", _has_window_manager)
 
 
 def accessibility_bus():
     """A connection to the bus of its own, for what the accessibility library does not do."""
-    session = Gio.bus_get_sync(Gio.BusType.SESSION)
-    place = ("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")
-    (address,) = session.call_sync(*place, None, None, Gio.DBusCallFlags.NONE, -1, None)
+    (address,) = _ask("org.a11y.Bus", "/org/a11y/bus", "GetAddress")
     flags = Gio.DBusConnectionFlags
     return Gio.DBusConnection.new_for_address_sync(
         address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None
     )
 
 
-def _start_screen(child):
-    """The server itself picks a display number that is free, and tells it when it is ready."""
+def _has_accessibility_bus():
+    name = GLib.Variant("(s)", ("org.a11y.Bus",))
+    return _ask("org.freedesktop.DBus", "/org/freedesktop/DBus", "NameHasOwner", name)[0]
+
+
+def _ask(name, path, method, arguments=None):
+    session = Gio.bus_get_sync(Gio.BusType.SESSION)
+    session.set_exit_on_close(False)
+    return session.call_sync(
+        name, path, name, method, arguments, None, Gio.DBusCallFlags.NONE, -1, None
+    )
+
+
+def _answer(start):
+    """The line that a program writes to the descriptor that it is started with."""
     read_end, write_end = os.pipe()
-    options = ["-screen", "0", "1800x1400x24", "-nolisten", "tcp", "-noreset"]
-    child("Xvfb", "-displayfd", write_end, *options, pass_fds=[write_end])
+    start(write_end)
     os.close(write_end)
     with os.fdopen(read_end) as answer:
-        return ":" + answer.readline().strip()
+        return answer.readline().strip()
 
 
 def _has_window_manager():

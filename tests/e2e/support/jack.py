@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import pathlib
 import signal
 import subprocess
 import threading
@@ -44,7 +45,14 @@ class JackServer:
             self._server.send_signal(signal.SIGCONT)
 
     def stop(self):
+        """The system lists eight servers at most, and strikes off only those that end in order: one
+        that was killed is started once more, to do so."""
         self._server.stop()
+        if self._server.wait() == -signal.SIGKILL:
+            self.start()
+            self._server.stop()
+        for left_over in pathlib.Path("/dev/shm").glob(f"jack_*{self._name}_*"):
+            left_over.unlink()
 
 
 def listed_ports():
@@ -68,10 +76,11 @@ class MidiMonitor:
         eventually("the receiver's port is there", lambda: f"{name}:input" in listed_ports())
 
     def _read(self):
-        for line in self._child.stdout:
-            _, colon, message = line.partition(":")
-            if colon:
-                self._arrivals.append((time.monotonic(), bytes.fromhex(message)))
+        with self._child.stdout as lines:
+            for line in lines:
+                _, colon, message = line.partition(":")
+                if colon:
+                    self._arrivals.append((time.monotonic(), bytes.fromhex(message)))
 
     def take(self, count, seconds=10):
         """The next messages in order, as pairs of monotonic time and bytes: as many as asked for,
@@ -86,4 +95,4 @@ class MidiMonitor:
     def stop(self):
         """Lets it leave the server in order: one that is killed holds the server up."""
         self._child.stop(signal.SIGINT)
-        self._reader.join(5)
+        self._reader.join()

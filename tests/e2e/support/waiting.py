@@ -2,14 +2,16 @@
 
 import time
 
+PATIENCE = 10.0  # s
 
-def eventually(description, probe, seconds=10.0):
+
+def eventually(description, probe):
     """The first true answer of probe(); an AssertionError when there is none in time."""
-    deadline = time.monotonic() + seconds
+    deadline = time.monotonic() + PATIENCE
     while True:
         answer = probe()
         if answer:
             return answer
         if time.monotonic() > deadline:
-            raise AssertionError(f"not within {seconds:g} s: {description}")
+            raise AssertionError(f"not within {PATIENCE:g} s: {description}")
         time.sleep(0.01)

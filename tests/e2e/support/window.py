@@ -15,10 +15,7 @@ MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
 
 
 def xdotool(*arguments):
-    done = subprocess.run(
-        ["xdotool", *map(str, arguments)], capture_output=True, text=True, check=True
-    )
-    return done.stdout.strip()
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
 
 class Window:
@@ -31,10 +28,8 @@ class Window:
             # The first paint lays the widgets out.
             eventually("the window is shown", lambda: self._widget("Stop time"))
         except BaseException:
-            self.program.kill()
+            self.program.stop()
             raise
-
-    # -- what the operator sees
 
     def shown(self, name):
         """The text that a time display or label shows."""
@@ -42,9 +37,6 @@ class Window:
 
     def is_on(self, name):
         return self._has(name, Atspi.StateType.CHECKED)
-
-    def is_enabled(self, name):
-        return self._has(name, Atspi.StateType.ENABLED)
 
     def has_focus(self, name):
         return self._has(name, Atspi.StateType.FOCUSED)
@@ -61,20 +53,17 @@ class Window:
             for item in items
         ]
 
-    def await_shown(self, name, text, seconds=10):
-        what = f"{name} shows {text}"
-        eventually(what, lambda: self.shown(name) == text, seconds)
+    def await_shown(self, name, text):
+        eventually(f"{name} shows {text}", lambda: self.shown(name) == text)
 
     def await_clock(self, text, no_later_than="23:59:59:29"):
         """Waits until the running clock has come to a time."""
         what = f"the clock comes to {text}"
         eventually(what, lambda: text <= self.shown("Current time") <= no_later_than)
 
-    def await_on(self, name, on=True, seconds=10):
+    def await_on(self, name, on=True):
         what = f"{name} is {'on' if on else 'off'}"
-        eventually(what, lambda: self.is_on(name) == on, seconds)
-
-    # -- what the operator does
+        eventually(what, lambda: self.is_on(name) == on)
 
     def press(self, name):
         """Presses a button the way a screen reader does."""
@@ -140,15 +129,11 @@ class Window:
     def close(self):
         self.program.stop()
 
-    # -- over the accessibility bus
-
     def _find_application(self):
-        desktop = Atspi.get_desktop(0)
-        desktop.clear_cache()
-        for application in _children(desktop):
-            if application.get_process_id() == self.program.pid:
-                return application
-        return None
+        everything = Atspi.get_desktop(0)
+        everything.clear_cache()
+        applications = _children(everything)
+        return next((a for a in applications if a.get_process_id() == self.program.pid), None)
 
     def _active_x_window(self):
         found = subprocess.run(
@@ -178,12 +163,8 @@ class Window:
 
 
 def _children(parent):
-    children = []
-    for i in range(parent.get_child_count()):
-        child = parent.get_child_at_index(i)
-        if child:
-            children.append(child)
-    return children
+    children = map(parent.get_child_at_index, range(parent.get_child_count()))
+    return [child for child in children if child]
 
 
 def _first(root, is_wanted, in_menus=False):
