@@ -4,6 +4,8 @@
 #include "midi/device_messages.h"
 #include "midi/display_name.h"
 
+#include <algorithm>
+
 namespace vexa {
 
 namespace {
@@ -56,21 +58,23 @@ void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes) {
 
 std::vector<std::string> Vexa_MIDI_Manager::destinationList() { return destinationNames(m_system); }
 
+std::vector<MidiUniqueId> Vexa_MIDI_Manager::destinationIDs() {
+    std::vector<MidiUniqueId> ids;
+    while (const auto destination = m_system.destination(ids.size()))
+        ids.push_back(m_system.uniqueId(destination).value_or(0));
+    return ids;
+}
+
 void Vexa_MIDI_Manager::connectToDestinationAtIndex(std::int64_t index) {
-    const bool inList =
-        index >= 0 && static_cast<std::uint64_t>(index) <
-                          static_cast<std::uint64_t>(m_system.numberOfDestinations());
-    m_dest = inList ? m_system.destination(static_cast<std::size_t>(index)) : 0;
+    m_dest = index < 0 ? 0 : m_system.destination(static_cast<std::size_t>(index));
     m_destID = m_system.uniqueId(m_dest).value_or(m_destID);
     sendStopMessage();
 }
 
 std::int32_t Vexa_MIDI_Manager::indexOfDestination() {
-    const auto count = m_system.numberOfDestinations();
-    for (std::size_t i = 0; i < count; ++i)
-        if (m_system.uniqueId(m_system.destination(i)) == m_destID)
-            return static_cast<std::int32_t>(i);
-    return 0;
+    const auto ids = destinationIDs();
+    const auto found = std::ranges::find(ids, m_destID);
+    return found == ids.end() ? 0 : static_cast<std::int32_t>(found - ids.begin());
 }
 
 bool Vexa_MIDI_Manager::readPrefs() {

@@ -33,9 +33,12 @@ public:
     void sendStopMessage();
     void sendMessage(std::span<const std::uint8_t> bytes);
 
-    /// A name for each destination, in the system's order; names may be empty or alike.
+    /// A name for each destination that there is now, in the system's order; names may be empty or
+    /// alike. Positions below are those of this list until it is asked for again, whatever is
+    /// plugged in or out meanwhile.
     std::vector<std::string> destinationList();
-    /// Makes the destination at a position of that order the current one and stops the generator
+    std::vector<MidiUniqueId> destinationIDs();
+    /// Makes the destination at a position of the list the current one and stops the generator
     /// there. A position outside the list leaves no destination and keeps destID().
     void connectToDestinationAtIndex(std::int64_t index);
     /// The position of destID(), or 0 when it is not among the destinations.

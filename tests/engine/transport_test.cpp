@@ -212,7 +212,7 @@ TEST_F(Transport, AChangeOfRateDuringPlayLeavesTheShownTimesAlone) {
 }
 
 TEST_F(Transport, AMissingDestinationChangesNothingForTheClock) {
-    rig.midi.remove(rig.destination);
+    rig.midi.unplug(rig.destination);
     rig.setStripe("01:00:00:00", "01:00:00:05", rate::fps25);
     rig.press(transport::playing);
     rig.tick(5);

@@ -111,10 +111,24 @@ TEST_F(Manager, APositionOutsideTheListLeavesNoneAndKeepsTheID) {
 TEST_F(Manager, ConfirmingAnEmptyListWritesTheOldIDBack) {
     const auto box = system.addDestination("A", 11);
     shared().connectToDestinationAtIndex(0);
-    system.remove(box);
+    system.unplug(box);
     shared().connectToDestinationAtIndex(-1);
     shared().writePrefs();
     EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 11);
+}
+
+TEST_F(Manager, PositionsAreThoseOfTheListLastAskedFor) {
+    const auto a = system.addDestination("A", 11);
+    system.addDestination("B", 12);
+    ASSERT_THAT(shared().destinationList(), ElementsAre("A", "B"));
+    system.unplug(a);
+    EXPECT_THAT(shared().destinationIDs(), ElementsAre(11, 12));
+    EXPECT_EQ(shared().indexOfDestination(), 0);
+    shared().connectToDestinationAtIndex(0);
+    EXPECT_EQ(shared().dest(), a) << "and not B, which has its position by now";
+    EXPECT_EQ(shared().destID(), 11);
+    ASSERT_THAT(shared().destinationList(), ElementsAre("B"));
+    EXPECT_THAT(shared().destinationIDs(), ElementsAre(12));
 }
 
 TEST_F(Manager, ThePositionOfAnUnknownIDIs0) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -20,6 +21,7 @@ public:
         std::optional<MidiUniqueId> id;
         std::optional<std::vector<std::uint8_t>> connections;
         MidiObjectRef parent = 0; ///< an endpoint's entity, an entity's device
+        bool isThere = true;
     };
 
     struct Sent {
@@ -40,10 +42,14 @@ public:
         return ref;
     }
 
-    /// Takes an object out of the system, as unplugging does.
-    void remove(MidiObjectRef ref) {
-        m_objects.erase(ref);
+    /// What happens to a destination that is unplugged, and when it is plugged in again.
+    void unplug(MidiObjectRef ref) {
+        object(ref).isThere = false;
         std::erase(m_destinations, ref);
+    }
+    void plugIn(MidiObjectRef ref, std::size_t position) {
+        object(ref).isThere = true;
+        m_destinations.insert(m_destinations.begin() + static_cast<std::ptrdiff_t>(position), ref);
     }
 
     Object& object(MidiObjectRef ref) { return m_objects.at(ref); }
@@ -57,13 +63,17 @@ public:
         return bytes;
     }
 
-    std::size_t numberOfDestinations() override { return m_destinations.size(); }
+    std::size_t numberOfDestinations() override {
+        m_listed = m_destinations;
+        return m_listed.size();
+    }
     MidiObjectRef destination(std::size_t position) override {
-        return position < m_destinations.size() ? m_destinations[position] : 0;
+        return position < m_listed.size() ? m_listed[position] : 0;
     }
     std::optional<MidiObject> findByUniqueId(MidiUniqueId id) override {
+        m_listed = m_destinations;
         for (const auto& [ref, object] : m_objects)
-            if (object.id == id)
+            if (object.id == id && object.isThere)
                 return MidiObject{ref, object.type};
         return {};
     }
@@ -89,7 +99,11 @@ public:
             bytes += text;
         }
         m_sent.push_back({destination, bytes});
+        if (whenSent)
+            whenSent(m_sent.back());
     }
+
+    std::function<void(const Sent&)> whenSent;
 
 private:
     Object lookUp(MidiObjectRef ref) const {
@@ -99,7 +113,8 @@ private:
 
     MidiObjectRef m_next = 1;
     std::map<MidiObjectRef, Object> m_objects;
-    std::vector<MidiObjectRef> m_destinations;
+    std::vector<MidiObjectRef> m_destinations; ///< those that are there
+    std::vector<MidiObjectRef> m_listed;       ///< those that were at the last reading
     std::vector<Sent> m_sent;
 };
 
