@@ -39,6 +39,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     m_outlets.endTimeButton = m_ui->endTimeButton;
     m_outlets.stopTimeCheck = button(m_ui->stopTimeCheck);
     m_outlets.currentStripeItemLabel = m_stripeItemLabel.get();
+    m_outlets.prefsController = &m_prefsController;
 }
 
 MainWindow::~MainWindow() = default;
@@ -58,6 +59,7 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
             &Controller::handleStopTimeButton);
     connect(ui->stopTimeCheck, &QAbstractButton::clicked, &controller,
             &Controller::handleStopTimeCheck);
+    m_prefsController.setOwner(controller);
     new MainMenu(*menuBar(), controller);
 }
 

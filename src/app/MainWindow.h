@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/MessageBoxAlerts.h"
+#include "controls/VexaPrefsController.h"
 #include "controls/outlet_adapters.h"
 #include "engine/plain_outlets.h"
 
@@ -35,6 +36,7 @@ private:
     std::unique_ptr<Ui::MainWindow> m_ui;
     WindowTitleOutlet m_title{*this};
     MessageBoxAlerts m_alerts{*this};
+    VexaPrefsController m_prefsController{*this};
     PlainOutlets m_absent; ///< for the outlets that have no control yet
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;

@@ -40,6 +40,8 @@ const std::vector<Command>& commands() {
          [](Controller& c, std::uint64_t) { c.undo(); }},
         {"&Edit", redo, 0, "Redo", QKeySequence::Redo,
          [](Controller& c, std::uint64_t) { c.redo(); }},
+        {"&Edit-", handlePrefsMenu, 0, "&Preferences…", QKeySequence::Preferences,
+         [](Controller& c, std::uint64_t) { c.handlePrefsMenu(); }},
         {"&Timecode", handleFrameRateMenuItems, rate::fps24, "2&4 fps", {}, frameRate},
         {"&Timecode", handleFrameRateMenuItems, rate::fps25, "2&5 fps", {}, frameRate},
         {"&Timecode", handleFrameRateMenuItems, rate::fps30, "&30 fps", {}, frameRate},
@@ -78,7 +80,7 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller)
         auto& menu = menuTitled(menuBar, title);
         if (newGroup)
             menu.addSeparator();
-        auto* action = menu.addAction(QString::fromLatin1(command.title));
+        auto* action = menu.addAction(QString::fromUtf8(command.title));
         action->setShortcut(command.shortcut);
         connect(action, &QAction::triggered, this,
                 [this, &command] { command.perform(m_controller, command.tag); });

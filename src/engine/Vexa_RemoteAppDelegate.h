@@ -81,6 +81,7 @@ public:
     // menu_commands.cpp
     void handleStripeMenuItems(std::uint64_t tag);
     void handleSetStopTimeMenu();
+    void handlePrefsMenu();
 
     // document_commands.cpp
     void newDocument();

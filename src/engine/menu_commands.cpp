@@ -11,4 +11,6 @@ void Vexa_RemoteAppDelegate::handleSetStopTimeMenu() {
     setStopTimeSet(!m_stopTimeSet, m_stopTime, QStringLiteral("Set Stop Time"));
 }
 
+void Vexa_RemoteAppDelegate::handlePrefsMenu() { m_outlets.prefsController->showPreferences(); }
+
 } // namespace vexa

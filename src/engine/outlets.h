@@ -104,6 +104,14 @@ public:
     virtual void noteNewRecentDocument(const QString& path) = 0;
 };
 
+/// Lets the operator change the preferences.
+class PrefsPanel {
+public:
+    virtual ~PrefsPanel() = default;
+    /// Returns when the panel has been closed, and what was confirmed there is in force.
+    virtual void showPreferences() = 0;
+};
+
 /// All of them; each is set and outlives the controller.
 struct Outlets {
     WindowTitle* window = nullptr;
@@ -120,6 +128,7 @@ struct Outlets {
     Button* removeFromBatchButton = nullptr;
     BatchTable* batchTable = nullptr;
     TextField* currentStripeItemLabel = nullptr;
+    PrefsPanel* prefsController = nullptr;
     Alerts* alerts = nullptr;
     FilePanels* filePanels = nullptr;
     RecentDocuments* recentDocuments = nullptr;

@@ -91,6 +91,11 @@ private:
     QStringList m_columns;
 };
 
+class PlainPrefsPanel : public PrefsPanel {
+public:
+    void showPreferences() override {}
+};
+
 /// As if every panel were cancelled.
 class PlainFilePanels : public FilePanels {
 public:
@@ -119,6 +124,7 @@ struct PlainOutlets {
     PlainButton removeFromBatchButton;
     PlainBatchTable batchTable;
     PlainTextField currentStripeItemLabel;
+    PlainPrefsPanel prefsController;
     PlainFilePanels filePanels;
     PlainRecentDocuments recentDocuments;
 
@@ -130,8 +136,8 @@ struct PlainOutlets {
                 &stopTimeCheck,    &batchCheck,
                 &addToBatchButton, &removeFromBatchButton,
                 &batchTable,       &currentStripeItemLabel,
-                &alerts,           &filePanels,
-                &recentDocuments};
+                &prefsController,  &alerts,
+                &filePanels,       &recentDocuments};
     }
 };
 
