@@ -3,6 +3,7 @@
 #include "batch/VexaBatchStripeData.h"
 #include "engine/RunLoop.h"
 #include "engine/UndoManager.h"
+#include "engine/VexaAddToBatchController.h"
 #include "engine/outlets.h"
 #include "engine/transport_state.h"
 #include "timecode/frame_rate.h"
@@ -78,6 +79,30 @@ public:
     void undo() { m_undoManager.undo(); }
     void redo() { m_undoManager.redo(); }
 
+    // batch_editing.cpp: each edit can be undone, but for the menu's choice of the mode
+    /// Opens the panel for a new item of the current settings, where a stop time is set.
+    void handleAddToBatchListButton();
+    void handleRemoveFromBatchListButton();
+    /// The delete key was pressed in the table.
+    void handleDeleteRows() { handleRemoveFromBatchListButton(); }
+    void handleBatchCheck();
+    /// Choosing what to stripe turns batch striping on; undoing the choice leaves it on.
+    void handleBatchRadios();
+    /// Any tag; those without a meaning do nothing.
+    void handleBatchListMenuItems(std::uint64_t tag);
+    /// A row was clicked, which by itself does nothing.
+    void handleBatchTableEdit() {}
+    void tableViewSelectionDidChange() { handleBatchControlEnabling(); }
+    void addItemToBatchList(std::uint64_t reel, const QString& title, std::uint64_t start,
+                            std::uint64_t stop, std::uint64_t rate, std::uint64_t type);
+    void addItemToBatchList(const BatchItemRef& item, const QString& actionName);
+    void removeItemFromBatchList(const BatchItemRef& item, const QString& actionName);
+    /// Puts the items back while undoing, and deletes the rows otherwise.
+    void undoRedoRemoveFromBatchList(const BatchItems& items, const RowIndexes& rows,
+                                     const QString& actionName);
+    void undoRedoUseBatchStriping(bool useBatch, const QString& actionName);
+    void undoRedoBatchMode(std::uint64_t mode, const QString& actionName);
+
     // menu_commands.cpp
     void handleStripeMenuItems(std::uint64_t tag);
     void handleSetStopTimeMenu();
@@ -126,6 +151,8 @@ public:
     double frameInterval() const { return frameRateForCode(m_frameRate).frameInterval; }
     std::uint64_t syncType() const { return m_syncType; }
     bool useBatch() const { return m_useBatch; }
+    /// As it was before the last click on the batch radios.
+    bool previousUseBatch() const { return m_previousUseBatch; }
     std::uint64_t batchMode() const { return m_batchMode; }
     std::uint64_t itemsToStripe() const { return m_itemsToStripe; }
     std::uint64_t currentStripeItem() const { return m_currentStripeItem; }
@@ -168,9 +195,14 @@ private:
     void endBatchPause();
     /// Returns when the operator has loaded the reel; false when the run is to end instead.
     bool changeReel(std::int64_t reel);
+    void leaveItem(StripeMark mark);
     void startBlink();
     void blink();
     void stopBlink();
+
+    // batch_editing.cpp
+    void batchListChanged();
+    void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
 
     // document_commands.cpp
     int askToSave();
@@ -182,6 +214,7 @@ private:
     Outlets m_outlets;
     RunLoop& m_runLoop;
     UndoManager m_undoManager;
+    VexaAddToBatchController m_addToBatchController;
 
     std::uint64_t m_transportState = transport::stopped;
     std::uint64_t m_prevTransportState = transport::stopped;
@@ -200,10 +233,12 @@ private:
 
     std::unique_ptr<VexaBatchStripeData> m_batchStripeData;
     bool m_useBatch = false;
+    bool m_previousUseBatch = false;
     std::uint64_t m_batchMode = batchModeAll;
     std::uint64_t m_itemsToStripe = 0;
     std::uint64_t m_currentStripeItem = 0;
     std::uint64_t m_currentReel = 0;
+    BatchItemRef m_itemUnderWay; ///< null between the items of a run, and when there is no run
     bool m_waitingForReelChange = false;
     bool m_blinkState = false;
     bool m_dirty = false;           ///< the list has changed since it was opened, saved or cleared

@@ -2,6 +2,8 @@
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 
+#include <utility>
+
 namespace vexa {
 
 namespace {
@@ -16,6 +18,7 @@ void Vexa_RemoteAppDelegate::startBatchRun() {
                                                   : m_batchStripeData->firstItem();
     countItemsToStripe();
     saveCurrentSettings();
+    m_outlets.batchTable->clearMarks();
     m_currentReel = m_batchStripeData->reelOfItem(item);
     takeUpItem(item);
     showItem(item);
@@ -32,6 +35,14 @@ void Vexa_RemoteAppDelegate::takeUpItem(const BatchItemRef& item) {
     m_currentStopTime = m_batchStripeData->stopOfItem(item);
     setFrameRate(m_batchStripeData->rateOfItem(item));
     m_syncType = m_batchStripeData->typeOfItem(item);
+    m_itemUnderWay = item;
+    if (item)
+        m_outlets.batchTable->markItem(item, StripeMark::underWay);
+}
+
+void Vexa_RemoteAppDelegate::leaveItem(StripeMark mark) {
+    if (const auto item = std::exchange(m_itemUnderWay, nullptr))
+        m_outlets.batchTable->markItem(item, mark);
 }
 
 void Vexa_RemoteAppDelegate::showItem(const BatchItemRef& item) {

@@ -52,6 +52,9 @@ public:
     virtual void setTitle(const QString& title) = 0;
 };
 
+/// How far a batch run has come with an item.
+enum class StripeMark { none, underWay, finished };
+
 /// The batch list on screen.
 class BatchTable {
 public:
@@ -65,7 +68,27 @@ public:
     /// Replaces the platform's header by the list's own.
     virtual void installHeader() = 0;
     virtual void setIntercellSpacing(double width, double height) = 0;
+    /// Marks an item's row, and brings it into view when it comes under way. The selection stays.
+    virtual void markItem(const BatchItemRef& item, StripeMark mark) = 0;
+    virtual void clearMarks() = 0;
 };
+
+/// Asks for the reel and the title of a new item of the list.
+class AddToPanel {
+public:
+    virtual ~AddToPanel() = default;
+    virtual void setReel(std::uint64_t reel) = 0;
+    /// 0 when what stands in the field is no number.
+    virtual std::uint64_t reel() const = 0;
+    /// The title stays from one time to the next.
+    virtual QString title() const = 0;
+    virtual void setTitlePlaceholder(const QString& text) = 0;
+    /// Shows the panel over all else; returns one of the codes below when it has been closed.
+    virtual int runModal() = 0;
+};
+
+inline constexpr int panelCancelled = 0;
+inline constexpr int panelConfirmed = 1;
 
 /// A question with buttons; the first is the default.
 struct Alert {
@@ -129,6 +152,7 @@ struct Outlets {
     BatchTable* batchTable = nullptr;
     TextField* currentStripeItemLabel = nullptr;
     PrefsPanel* prefsController = nullptr;
+    AddToPanel* addToPanel = nullptr;
     Alerts* alerts = nullptr;
     FilePanels* filePanels = nullptr;
     RecentDocuments* recentDocuments = nullptr;

@@ -3,6 +3,7 @@
 #include "engine/TimecodeDisplay.h"
 #include "engine/outlets.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -82,13 +83,39 @@ public:
     void setColumnIdentifiers(const QStringList& identifiers) override { m_columns = identifiers; }
     void installHeader() override {}
     void setIntercellSpacing(double, double) override {}
+    void markItem(const BatchItemRef& item, StripeMark mark) override { m_marks[item] = mark; }
+    void clearMarks() override { m_marks.clear(); }
 
+    StripeMark mark(const BatchItemRef& item) const {
+        const auto found = m_marks.find(item);
+        return found == m_marks.end() ? StripeMark::none : found->second;
+    }
     void selectRows(const RowIndexes& rows) { m_selected = rows; }
     const QStringList& columnIdentifiers() const { return m_columns; }
 
 private:
     RowIndexes m_selected;
     QStringList m_columns;
+    std::map<BatchItemRef, StripeMark> m_marks;
+};
+
+/// Cancelled when it is shown, where nobody answers in its place.
+class PlainAddToPanel : public AddToPanel {
+public:
+    void setReel(std::uint64_t reel) override { m_reel = reel; }
+    std::uint64_t reel() const override { return m_reel; }
+    QString title() const override { return m_title; }
+    void setTitlePlaceholder(const QString& text) override { m_placeholder = text; }
+    int runModal() override { return answer ? answer() : panelCancelled; }
+
+    std::function<int()> answer;
+    void setTitle(const QString& title) { m_title = title; }
+    const QString& titlePlaceholder() const { return m_placeholder; }
+
+private:
+    std::uint64_t m_reel = 0;
+    QString m_title;
+    QString m_placeholder;
 };
 
 class PlainPrefsPanel : public PrefsPanel {
@@ -125,6 +152,7 @@ struct PlainOutlets {
     PlainBatchTable batchTable;
     PlainTextField currentStripeItemLabel;
     PlainPrefsPanel prefsController;
+    PlainAddToPanel addToPanel;
     PlainFilePanels filePanels;
     PlainRecentDocuments recentDocuments;
 
@@ -136,8 +164,9 @@ struct PlainOutlets {
                 &stopTimeCheck,    &batchCheck,
                 &addToBatchButton, &removeFromBatchButton,
                 &batchTable,       &currentStripeItemLabel,
-                &prefsController,  &alerts,
-                &filePanels,       &recentDocuments};
+                &prefsController,  &addToPanel,
+                &alerts,           &filePanels,
+                &recentDocuments};
     }
 };
 

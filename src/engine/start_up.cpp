@@ -11,7 +11,7 @@ constexpr Timecode firstStartTime{1, 0, 0, 0};
 } // namespace
 
 Vexa_RemoteAppDelegate::Vexa_RemoteAppDelegate(const Outlets& outlets, RunLoop& runLoop)
-    : m_outlets(outlets), m_runLoop(runLoop) {
+    : m_outlets(outlets), m_runLoop(runLoop), m_addToBatchController(*this, *outlets.addToPanel) {
     for (auto* display :
          {outlets.currentTimeButton, outlets.startTimeButton, outlets.endTimeButton})
         display->setOwner(this);

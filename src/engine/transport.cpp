@@ -26,6 +26,7 @@ void Vexa_RemoteAppDelegate::setTransportState(std::uint64_t state) {
         m_outlets.currentStripeItemLabel->setStringValue({});
     if (state == transport::stopped || state == transport::paused) {
         stopTimer();
+        leaveItem(StripeMark::none);
         Vexa_MIDI_Manager::sharedMidiManager().sendStopMessage();
         cancel(m_blinkTimer);
         cancel(m_pauseTimer);
@@ -39,6 +40,7 @@ void Vexa_RemoteAppDelegate::setTransportButton(std::uint64_t tag) {
 
 void Vexa_RemoteAppDelegate::startPlay() {
     m_waitingForReelChange = false;
+    leaveItem(StripeMark::none);
     if (m_useBatch) {
         startBatchRun();
     } else {
@@ -77,6 +79,7 @@ void Vexa_RemoteAppDelegate::timerFireMethod() {
     if (m_currentTime < m_currentStopTime)
         return;
 
+    leaveItem(StripeMark::finished);
     const bool more = m_batchMode != batchModeAll
                           ? m_batchStripeData->areMoreSelectedItemsAvailable()
                           : m_batchStripeData->areMoreItemsAvailable();

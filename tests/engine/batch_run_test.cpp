@@ -285,4 +285,44 @@ TEST_F(BatchRun, AnEmptySelectionEndsAtItsFirstTick) {
     EXPECT_EQ(controller.itemsToStripe(), 0u);
 }
 
+TEST_F(BatchRun, MarksTheItemUnderWayAndTheFinishedOnesAndKeepsTheSelection) {
+    addThreeItems(1, 1, 1);
+    const auto items = controller.batchStripeData().batchList();
+    const auto marks = [&] {
+        std::vector<StripeMark> shown;
+        for (const auto& item : items)
+            shown.push_back(rig.ui.batchTable.mark(item));
+        return shown;
+    };
+    using enum StripeMark;
+    rig.ui.batchTable.selectRows({2});
+    rig.press(transport::playing);
+    EXPECT_THAT(marks(), ElementsAre(underWay, none, none));
+    rig.tick(3);
+    EXPECT_THAT(marks(), ElementsAre(finished, none, none));
+    endPause();
+    EXPECT_THAT(marks(), ElementsAre(finished, underWay, none));
+    rig.press(transport::paused);
+    EXPECT_THAT(marks(), ElementsAre(finished, none, none)) << "an interrupted item is not striped";
+
+    rig.press(transport::playing);
+    EXPECT_THAT(marks(), ElementsAre(underWay, none, none)) << "a run begins afresh";
+    for (int item = 0; item < 3; ++item) {
+        rig.tick(3);
+        endPause();
+    }
+    EXPECT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_THAT(marks(), ElementsAre(finished, finished, finished));
+    EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes{2});
+}
+
+TEST_F(BatchRun, AStripeOutsideTheListMarksNothing) {
+    addThreeItems(1, 1, 1);
+    controller.setUseBatch(false);
+    rig.press(transport::playing);
+    rig.tick(3);
+    for (const auto& item : controller.batchStripeData().batchList())
+        EXPECT_EQ(rig.ui.batchTable.mark(item), StripeMark::none);
+}
+
 } // namespace

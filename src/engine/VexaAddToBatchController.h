@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vexa {
+
+class AddToPanel;
+class Vexa_RemoteAppDelegate;
+
+/// Asks for the reel and the title of a new batch item, whose other fields are given.
+class VexaAddToBatchController {
+public:
+    /// Both must outlive this.
+    VexaAddToBatchController(Vexa_RemoteAppDelegate& owner, AddToPanel& addToPanel)
+        : m_owner(owner), m_addToPanel(addToPanel) {}
+
+    /// Shows the panel and returns when it is closed. A confirmed item goes to the owner, as
+    /// "untitled" when it was given no title. Times are packed timecodes; the hours of the start
+    /// time are proposed as the reel.
+    void showAddToBatchPanelWithStart(std::uint64_t start, std::uint64_t stop, std::uint64_t rate,
+                                      std::uint64_t type);
+
+private:
+    Vexa_RemoteAppDelegate& m_owner;
+    AddToPanel& m_addToPanel;
+};
+
+} // namespace vexa

@@ -1,0 +1,135 @@
+#include "engine/Vexa_RemoteAppDelegate.h"
+#include "engine/menu_validation.h"
+
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+QString turnBatchStriping(bool on) {
+    return QStringLiteral("Turn %1 Batch Striping")
+        .arg(on ? QStringLiteral("On") : QStringLiteral("Off"));
+}
+
+QString stripe(std::uint64_t mode) {
+    return QStringLiteral("Stripe %1")
+        .arg(mode == batchModeAll ? QStringLiteral("All") : QStringLiteral("Selected"));
+}
+
+} // namespace
+
+void Vexa_RemoteAppDelegate::batchListChanged() {
+    m_outlets.batchTable->reloadData();
+    handleBatchControlEnabling();
+}
+
+void Vexa_RemoteAppDelegate::handleAddToBatchListButton() {
+    if (m_stopTimeSet)
+        m_addToBatchController.showAddToBatchPanelWithStart(m_startTime, m_stopTime, m_frameRate,
+                                                            m_syncType);
+}
+
+void Vexa_RemoteAppDelegate::addItemToBatchList(std::uint64_t reel, const QString& title,
+                                                std::uint64_t start, std::uint64_t stop,
+                                                std::uint64_t rate, std::uint64_t type) {
+    const auto item = m_batchStripeData->addItemWithReel(reel, title, start, stop, rate, type);
+    batchListChanged();
+    m_dirty = true;
+    registerEdit(QStringLiteral("Add to Batch List"),
+                 [this, item](const QString& name) { removeItemFromBatchList(item, name); });
+}
+
+void Vexa_RemoteAppDelegate::removeItemFromBatchList(const BatchItemRef& item,
+                                                     const QString& actionName) {
+    m_batchStripeData->removeItem(item);
+    batchListChanged();
+    m_dirty = true;
+    registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
+}
+
+void Vexa_RemoteAppDelegate::addItemToBatchList(const BatchItemRef& item,
+                                                const QString& actionName) {
+    m_batchStripeData->addItem(item);
+    batchListChanged();
+    // An addition again, not the removal: undoing a redone addition puts in a second copy.
+    registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
+}
+
+void Vexa_RemoteAppDelegate::handleRemoveFromBatchListButton() {
+    const auto rows = m_outlets.batchTable->selectedRowIndexes();
+    if (rows.empty())
+        return;
+    auto items = m_batchStripeData->deleteIndexedItems(rows);
+    batchListChanged();
+    registerRemoval(std::move(items), rows, QStringLiteral("Delete Selected Rows"));
+}
+
+void Vexa_RemoteAppDelegate::undoRedoRemoveFromBatchList(const BatchItems& items,
+                                                         const RowIndexes& rows,
+                                                         const QString& actionName) {
+    if (m_undoManager.isUndoing())
+        m_batchStripeData->addItems(items);
+    else
+        m_batchStripeData->deleteIndexedItems(rows);
+    batchListChanged();
+    registerRemoval(items, rows, actionName);
+}
+
+void Vexa_RemoteAppDelegate::registerRemoval(BatchItems items, const RowIndexes& rows,
+                                             const QString& actionName) {
+    registerEdit(actionName, [this, items = std::move(items), rows](const QString& name) {
+        undoRedoRemoveFromBatchList(items, rows, name);
+    });
+}
+
+void Vexa_RemoteAppDelegate::handleBatchCheck() {
+    const bool on = m_outlets.batchCheck->state();
+    undoRedoUseBatchStriping(on, turnBatchStriping(on));
+}
+
+void Vexa_RemoteAppDelegate::undoRedoUseBatchStriping(bool useBatch, const QString& actionName) {
+    const bool old = std::exchange(m_useBatch, useBatch);
+    m_outlets.batchCheck->setState(useBatch);
+    registerEdit(actionName,
+                 [this, old](const QString& name) { undoRedoUseBatchStriping(old, name); });
+}
+
+void Vexa_RemoteAppDelegate::handleBatchRadios() {
+    const auto mode = m_outlets.batchRadios->selectedTag();
+    m_previousUseBatch = m_useBatch;
+    if (mode == m_batchMode)
+        return;
+    m_useBatch = true;
+    m_outlets.batchCheck->setState(true);
+    undoRedoBatchMode(mode, stripe(mode));
+}
+
+void Vexa_RemoteAppDelegate::undoRedoBatchMode(std::uint64_t mode, const QString& actionName) {
+    const auto old = std::exchange(m_batchMode, mode);
+    if (old == mode)
+        return;
+    m_outlets.batchRadios->selectCellWithTag(mode);
+    registerEdit(actionName, [this, old](const QString& name) { undoRedoBatchMode(old, name); });
+}
+
+void Vexa_RemoteAppDelegate::handleBatchListMenuItems(std::uint64_t tag) {
+    switch (tag) {
+    case batch_menu::all:
+    case batch_menu::selected:
+        m_batchMode = tag;
+        m_outlets.batchRadios->selectCellWithTag(tag);
+        Q_EMIT stateChanged();
+        break;
+    case batch_menu::useBatch:
+        undoRedoUseBatchStriping(!m_useBatch, turnBatchStriping(!m_useBatch));
+        break;
+    case batch_menu::add:
+        handleAddToBatchListButton();
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace vexa
