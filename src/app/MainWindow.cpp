@@ -11,7 +11,19 @@ namespace {
 
 /// The controls stand on a light ground whatever the desktop's colours: their captions have one
 /// gray, which reads on no other.
-QPalette faceplatePalette() { return {QColor(0xf4, 0xf5, 0xf5), QColor(0xfd, 0xfd, 0xfd)}; }
+QPalette faceplatePalette() {
+    QPalette palette(QColor(0xf4, 0xf5, 0xf5), QColor(0xfd, 0xfd, 0xfd));
+    for (const auto role : {QPalette::ButtonText, QPalette::WindowText, QPalette::Text})
+        palette.setColor(QPalette::Disabled, role, QColor(0xb8, 0xbc, 0xbf));
+    palette.setColor(QPalette::Dark, QColor(0xd4, 0xd8, 0xda)); // dividing lines
+    return palette;
+}
+
+void keepPlaceWhenHidden(QWidget& widget) {
+    auto policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+}
 
 } // namespace
 
@@ -22,8 +34,11 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
         button->awakeFromNib();
     for (auto* matrix : findChildren<KelGrayTextMatrix*>())
         matrix->awakeFromNib();
-    for (QWidget* caption : std::initializer_list<QWidget*>{m_ui->startLabel, m_ui->stopTimeCheck})
+    for (QWidget* caption :
+         std::initializer_list<QWidget*>{m_ui->startLabel, m_ui->stopTimeCheck, m_ui->batchCheck})
         setGrayCaption(*caption);
+    for (auto* comingAndGoing : {m_ui->addToBatchButton, m_ui->removeFromBatchButton})
+        keepPlaceWhenHidden(*comingAndGoing);
 
     const auto button = [this](QAbstractButton* widget) {
         return m_buttons.emplace_back(std::make_unique<ButtonOutlet>(*widget)).get();
@@ -34,10 +49,16 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     m_outlets.transportMatrix = m_ui->transportMatrix;
     m_outlets.frameRateMatrix = m_ui->frameRateMatrix;
     m_outlets.syncTypeMatrix = m_ui->syncTypeMatrix;
+    m_outlets.batchRadios = m_ui->batchRadios;
     m_outlets.currentTimeButton = m_ui->currentTimeButton;
     m_outlets.startTimeButton = m_ui->startTimeButton;
     m_outlets.endTimeButton = m_ui->endTimeButton;
     m_outlets.stopTimeCheck = button(m_ui->stopTimeCheck);
+    m_outlets.batchCheck = button(m_ui->batchCheck);
+    m_outlets.addToBatchButton = button(m_ui->addToBatchButton);
+    m_outlets.removeFromBatchButton = button(m_ui->removeFromBatchButton);
+    m_outlets.batchTable = m_ui->batchTable;
+    m_outlets.addToPanel = &m_addToPanel;
     m_outlets.currentStripeItemLabel = m_stripeItemLabel.get();
     m_outlets.prefsController = &m_prefsController;
 }
@@ -60,6 +81,19 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
     connect(ui->stopTimeCheck, &QAbstractButton::clicked, &controller,
             &Controller::handleStopTimeCheck);
     m_prefsController.setOwner(controller);
+    connect(ui->batchCheck, &QAbstractButton::clicked, &controller, &Controller::handleBatchCheck);
+    connect(ui->batchRadios, &KelGrayTextMatrix::action, &controller,
+            &Controller::handleBatchRadios);
+    connect(ui->addToBatchButton, &QAbstractButton::clicked, &controller,
+            &Controller::handleAddToBatchListButton);
+    connect(ui->removeFromBatchButton, &QAbstractButton::clicked, &controller,
+            &Controller::handleRemoveFromBatchListButton);
+    connect(ui->batchTable, &VexaBatchTableView::vexarowsdeleted, &controller,
+            &Controller::handleDeleteRows);
+    connect(ui->batchTable, &VexaBatchTableView::selectionDidChange, &controller,
+            &Controller::tableViewSelectionDidChange);
+    connect(ui->batchTable, &QAbstractItemView::clicked, &controller,
+            &Controller::handleBatchTableEdit);
     new MainMenu(*menuBar(), controller);
 }
 

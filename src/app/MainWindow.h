@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/AddToBatchPanel.h"
 #include "controls/MessageBoxAlerts.h"
 #include "controls/VexaPrefsController.h"
 #include "controls/outlet_adapters.h"
@@ -37,6 +38,7 @@ private:
     WindowTitleOutlet m_title{*this};
     MessageBoxAlerts m_alerts{*this};
     VexaPrefsController m_prefsController{*this};
+    AddToBatchPanel m_addToPanel{this};
     PlainOutlets m_absent; ///< for the outlets that have no control yet
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;

@@ -155,7 +155,7 @@ QString VexaBatchStripeData::objectValueForTableColumn(QStringView column, std::
 
 void VexaBatchStripeData::setObjectValue(const QString& value, QStringView column,
                                          std::size_t row) {
-    if (column != item_key::title)
+    if (!shouldEditTableColumn(column))
         return;
     m_batchList[row]->title = value;
     m_knownInOrder = false;

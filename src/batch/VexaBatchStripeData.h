@@ -95,6 +95,8 @@ public:
     std::size_t numberOfRowsInTableView() const { return m_batchList.size(); }
     /// A cell's text: times as "hh:mm:ss:ff", rate and type by name, other fields as they are.
     QString objectValueForTableColumn(QStringView column, std::size_t row) const;
+    /// Titles only.
+    static bool shouldEditTableColumn(QStringView column) { return column == item_key::title; }
     /// Changes a title; other columns are left alone.
     void setObjectValue(const QString& value, QStringView column, std::size_t row);
     /// "hh:mm:ss:ff" of a packed timecode, whose upper 32 bits count for nothing.

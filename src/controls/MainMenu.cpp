@@ -35,6 +35,7 @@ const std::vector<Command>& commands() {
         c.handleSyncTypeMenuItems(tag);
     };
     const Perform stripe = [](Controller& c, std::uint64_t tag) { c.handleStripeMenuItems(tag); };
+    const Perform batch = [](Controller& c, std::uint64_t tag) { c.handleBatchListMenuItems(tag); };
     static const std::vector<Command> table{
         {"&Edit", undo, 0, "Undo", QKeySequence::Undo,
          [](Controller& c, std::uint64_t) { c.undo(); }},
@@ -54,6 +55,13 @@ const std::vector<Command>& commands() {
         {"&Stripe", handleStripeMenuItems, transport::stopped, "&Stop", Qt::Key_F5, stripe},
         {"&Stripe", handleStripeMenuItems, transport::playing, "&Play", Qt::Key_F6, stripe},
         {"&Stripe", handleStripeMenuItems, transport::paused, "P&ause", Qt::Key_F7, stripe},
+        {"&Batch List", handleBatchListMenuItems, batch_menu::useBatch, "Turn On Batch Striping",
+         Qt::CTRL | Qt::Key_B, batch},
+        {"&Batch List-", handleBatchListMenuItems, batch_menu::all, "Stripe &All Items", {}, batch},
+        {"&Batch List", handleBatchListMenuItems, batch_menu::selected, "Stripe &Selected Items",
+         QKeySequence(), batch},
+        {"&Batch List-", handleBatchListMenuItems, batch_menu::add, "Add to Batch &List…",
+         Qt::Key_F9, batch},
     };
     return table;
 }

@@ -59,11 +59,10 @@ QRect TimecodeWell::cell(qsizetype position) const {
 
 void TimecodeWell::paintGround(QPainter& painter, const QColor& edge, bool focused) const {
     const QRectF frame = QRectF(m_rectangle).adjusted(1, 1, -1, -1);
-    const QColor ground(0x10, 0x12, 0x13);
     const QColor restingEdge(0x3a, 0x3e, 0x40);
     const QColor focusEdge(0x2f, 0x80, 0xd0);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(ground);
+    painter.setBrush(ground());
     painter.setPen(QPen(edge.isValid() ? edge
                         : focused      ? focusEdge
                                        : restingEdge,

@@ -15,6 +15,9 @@ class TimecodeWell {
 public:
     explicit TimecodeWell(const QRect& rectangle);
 
+    /// What light text on a dark ground stands on, in this window.
+    static QColor ground() { return {0x10, 0x12, 0x13}; }
+
     /// A size in which the digits are about as high as that font's capitals need.
     static QSize sizeForDigits(const QFont& font);
 

@@ -17,6 +17,8 @@ inline constexpr auto frameRateKey = "vexadefaultrate"; ///< frame-rate code
 inline constexpr auto syncTypeKey = "vexadefaulttype";  ///< sync-type code
 inline constexpr auto pauseForReelKey = "vexapauseforreel";
 inline constexpr auto midiDestinationKey = "vexamididest"; ///< unique ID, signed 32 bits
+/// Followed by the identifier of a column of the batch table: its width in pixels, integer.
+inline constexpr auto columnWidthKeys = "columnwidth/";
 
 /// The value under a key as a number, or nothing when the key is absent. A present value that is
 /// no number counts as its leading number ("7 seconds" is 7), "true" and "yes" as 1, all else

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "engine/outlets.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class AddToBatchPanel;
+}
+
+namespace vexa {
+
+/// The panel for a new item's reel and title, modal to the whole application.
+class AddToBatchPanel : public QDialog, public AddToPanel {
+    Q_OBJECT
+
+public:
+    explicit AddToBatchPanel(QWidget* parent = nullptr);
+    ~AddToBatchPanel() override;
+
+    void setReel(std::uint64_t reel) override;
+    std::uint64_t reel() const override;
+    QString title() const override;
+    void setTitlePlaceholder(const QString& text) override;
+    int runModal() override;
+
+public Q_SLOTS:
+    void okAddToBatchPanel() { done(panelConfirmed); }
+    void cancelAddToBatchPanel() { done(panelCancelled); }
+
+private:
+    std::unique_ptr<Ui::AddToBatchPanel> m_ui;
+};
+
+} // namespace vexa

@@ -1,0 +1,96 @@
+#include "controls/BatchRowDelegate.h"
+
+#include "controls/BatchTableModel.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace vexa {
+
+namespace {
+
+constexpr int signSide = 10;
+constexpr int signMargin = 6;
+
+StripeMark markOf(const QModelIndex& index) {
+    return static_cast<StripeMark>(index.data(BatchTableModel::markRole).toInt());
+}
+
+bool isDark(const QPalette& palette) { return palette.color(QPalette::Base).lightness() < 128; }
+
+QColor markColor(const QPalette& palette) {
+    return isDark(palette) ? QColor(0x31, 0xdf, 0x1a) : QColor(0x1a, 0x7f, 0x0e);
+}
+
+QColor textColor(const QStyleOptionViewItem& option) {
+    const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    return option.palette.color(
+        group, option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text);
+}
+
+/// A triangle or a tick.
+void paintSign(QPainter& painter, const QRectF& square, StripeMark mark, const QColor& color) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(square.topLeft());
+    painter.scale(square.width(), square.height());
+    if (mark == StripeMark::underWay) {
+        QPainterPath triangle;
+        triangle.addPolygon(QPolygonF{{{0.1, 0.0}, {1.0, 0.5}, {0.1, 1.0}}});
+        painter.fillPath(triangle, color);
+    } else {
+        painter.setPen(QPen(color, 0.18, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF{{{0.05, 0.55}, {0.35, 0.85}, {0.95, 0.15}}});
+    }
+    painter.restore();
+}
+
+} // namespace
+
+void BatchRowDelegate::initStyleOption(QStyleOptionViewItem* option,
+                                       const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const auto mark = markOf(index);
+    if (mark == StripeMark::underWay) {
+        auto tint = markColor(option->palette);
+        tint.setAlphaF(0.16F);
+        option->backgroundBrush = tint;
+        option->font.setBold(true);
+        option->fontMetrics = QFontMetrics(option->font);
+    } else if (mark == StripeMark::finished) {
+        auto paler = option->palette.color(QPalette::Text);
+        paler.setAlphaF(0.65F);
+        option->palette.setColor(QPalette::Text, paler);
+    }
+}
+
+void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+    auto cell = option;
+    initStyleOption(&cell, index);
+    const auto* style = cell.widget ? cell.widget->style() : QApplication::style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
+
+    QRect content = cell.rect.adjusted(m_spacing, 0, 0, 0);
+    const auto mark = markOf(index);
+    if (index.column() == 0 && mark != StripeMark::none) {
+        content.setRight(content.right() - signSide - signMargin);
+        const QRectF square(content.right() + 1,
+                            cell.rect.y() + (cell.rect.height() - signSide) / 2.0, signSide,
+                            signSide);
+        const bool selected = cell.state & QStyle::State_Selected;
+        paintSign(*painter, square, mark, selected ? textColor(cell) : markColor(cell.palette));
+    }
+    painter->setFont(cell.font);
+    painter->setPen(textColor(cell));
+    painter->drawText(content, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      cell.fontMetrics.elidedText(cell.text, Qt::ElideRight, content.width()));
+}
+
+void BatchRowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                            const QModelIndex&) const {
+    editor->setGeometry(option.rect);
+}
+
+} // namespace vexa

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace vexa {
+
+/// Paints the cells of the batch table: their text in line with the header's titles, and in the
+/// first column how far a run has come with the row.
+class BatchRowDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// The share of every section that lies between two columns, in pixels.
+    void setSpacing(int spacing) { m_spacing = spacing; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+private:
+    int m_spacing = 0;
+};
+
+} // namespace vexa

@@ -1,0 +1,154 @@
+#include "controls/VexaBatchTableView.h"
+
+#include "controls/VexaBatchTableHeader.h"
+#include "defaults/user_defaults.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vexa {
+
+namespace {
+
+constexpr char16_t backspace = 0x08;
+constexpr char16_t deleteKey = 0x7F;
+constexpr int rowPadding = 6;
+
+int standardWidth(const QString& column) {
+    static const QHash<QString, int> widths{{item_key::reel, 68},   {item_key::title, 302},
+                                            {item_key::start, 104}, {item_key::stop, 104},
+                                            {item_key::rate, 72},   {item_key::type, 72}};
+    return widths.value(column, 72);
+}
+
+QByteArray widthKey(const QString& column) { return defaults::columnWidthKeys + column.toLatin1(); }
+
+} // namespace
+
+VexaBatchTableView::VexaBatchTableView(QWidget* parent) : QTableView(parent) {
+    setModel(&m_model);
+    setItemDelegate(&m_delegate);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(DoubleClicked | EditKeyPressed);
+    setTabKeyNavigation(false); // Tab leaves the table
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setCornerButtonEnabled(false);
+    setFrameShape(NoFrame);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+bool VexaBatchTableView::handleKey(const QString& characters) {
+    if (characters.size() != 1 || (characters[0] != backspace && characters[0] != deleteKey))
+        return false;
+    return handleDelete();
+}
+
+bool VexaBatchTableView::handleDelete() {
+    if (!hasSelectedRows())
+        return false;
+    Q_EMIT vexarowsdeleted();
+    return true;
+}
+
+RowIndexes VexaBatchTableView::selectedRowIndexes() const {
+    RowIndexes rows;
+    for (const auto& range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.insert(rows.end(), static_cast<std::size_t>(row));
+    return rows;
+}
+
+void VexaBatchTableView::setColumnIdentifiers(const QStringList& identifiers) {
+    m_model.setColumnIdentifiers(identifiers);
+}
+
+void VexaBatchTableView::installHeader() {
+    m_header = new VexaBatchTableHeader(this);
+    setHorizontalHeader(m_header);
+    connect(m_header, &VexaBatchTableHeader::released, this,
+            &VexaBatchTableView::storeColumnWidths);
+}
+
+void VexaBatchTableView::setIntercellSpacing(double width, double height) {
+    const int spacing = static_cast<int>(width);
+    m_header->setSpacing(spacing);
+    m_delegate.setSpacing(spacing);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding +
+                                            static_cast<int>(height));
+    restoreColumnWidths();
+}
+
+void VexaBatchTableView::restoreColumnWidths() {
+    constexpr std::int64_t widest = 4000;
+    m_storedWidths.clear();
+    for (const auto& column : m_model.columnIdentifiers()) {
+        const auto width = defaults::integer(widthKey(column)).value_or(standardWidth(column));
+        const int section = static_cast<int>(m_storedWidths.size());
+        m_header->resizeSection(
+            section, static_cast<int>(std::clamp<std::int64_t>(
+                         width + m_header->spacing(), m_header->minimumSectionSize(), widest)));
+        m_storedWidths.push_back(m_header->columnWidth(section));
+    }
+}
+
+void VexaBatchTableView::storeColumnWidths() {
+    // The last column has whatever width the others leave.
+    for (int column = 0; column < m_header->count() - 1; ++column) {
+        auto& stored = m_storedWidths[static_cast<std::size_t>(column)];
+        if (const int width = m_header->columnWidth(column); width != stored)
+            defaults::setInteger(widthKey(m_model.columnIdentifiers()[column]), stored = width);
+    }
+}
+
+void VexaBatchTableView::markItem(const BatchItemRef& item, StripeMark mark) {
+    m_model.markItem(item, mark);
+    if (mark == StripeMark::underWay)
+        scrollTo(m_model.indexOfItem(item));
+}
+
+void VexaBatchTableView::reset() {
+    QTableView::reset();
+    m_hasSelectedRows = false;
+}
+
+bool VexaBatchTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    // By the keyboard, the title of the row is edited whatever cell is the current one.
+    const auto title = static_cast<int>(m_model.columnIdentifiers().indexOf(item_key::title));
+    return QTableView::edit(trigger == EditKeyPressed ? index.siblingAtColumn(title) : index,
+                            trigger, event);
+}
+
+void VexaBatchTableView::keyPressEvent(QKeyEvent* event) {
+    // By key: platforms differ in the text they give to the keys that edit.
+    const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    const bool consumed =
+        plain && ((event->key() == Qt::Key_Backspace && handleKey(QChar(backspace))) ||
+                  (event->key() == Qt::Key_Delete && handleKey(QChar(deleteKey))));
+    if (!consumed)
+        QTableView::keyPressEvent(event);
+}
+
+void VexaBatchTableView::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (m_model.rowCount() != 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter,
+                     tr("No items yet. Set a stop time, then choose Add to List…"));
+}
+
+void VexaBatchTableView::selectionChanged(const QItemSelection& selected,
+                                          const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    m_hasSelectedRows = selectionModel()->hasSelection();
+    Q_EMIT selectionDidChange();
+}
+
+} // namespace vexa

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "controls/BatchRowDelegate.h"
+#include "controls/BatchTableModel.h"
+#include "engine/outlets.h"
+
+#include <QTableView>
+
+#include <vector>
+
+namespace vexa {
+
+class VexaBatchTableHeader;
+
+/// The batch list as a table of whole rows. The widths that the operator gives its columns are
+/// kept in the settings.
+class VexaBatchTableView : public QTableView, public BatchTable {
+    Q_OBJECT
+
+public:
+    explicit VexaBatchTableView(QWidget* parent = nullptr);
+
+    /// One key, as the character it types. False when it is not one that deletes rows, or when
+    /// none are selected.
+    bool handleKey(const QString& characters);
+    bool handleDelete();
+
+    void reloadData() override { m_model.reloadData(); }
+    bool hasSelectedRows() const override { return m_hasSelectedRows; }
+    RowIndexes selectedRowIndexes() const override;
+    void setColumnIdentifiers(const QStringList& identifiers) override;
+    void installHeader() override;
+    /// Also brings back the column widths.
+    void setIntercellSpacing(double width, double height) override;
+    void markItem(const BatchItemRef& item, StripeMark mark) override;
+    void clearMarks() override { m_model.clearMarks(); }
+
+    void reset() override;
+
+Q_SIGNALS:
+    /// A delete key was pressed with rows selected.
+    void vexarowsdeleted();
+    void selectionDidChange();
+
+protected:
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+
+private:
+    void restoreColumnWidths();
+    void storeColumnWidths();
+
+    BatchTableModel m_model;
+    BatchRowDelegate m_delegate;
+    VexaBatchTableHeader* m_header = nullptr;
+    std::vector<int> m_storedWidths;
+    bool m_hasSelectedRows = false;
+};
+
+} // namespace vexa
