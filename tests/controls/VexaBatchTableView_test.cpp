@@ -1,0 +1,216 @@
+#include "controls/VexaBatchTableHeader.h"
+#include "controls/VexaBatchTableView.h"
+#include "support/CleanDefaults.h"
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace vexa;
+using namespace vexa::test;
+
+namespace {
+
+void setUp(VexaBatchTableView& table) {
+    table.setColumnIdentifiers({item_key::reel, item_key::title, item_key::start, item_key::stop,
+                                item_key::rate, item_key::type});
+    table.installHeader();
+    table.setIntercellSpacing(5.0, 2.0);
+    table.resize(760, 300);
+}
+
+struct TableView : testing::Test {
+    TableView() {
+        setUp(table);
+        addRows(3);
+        table.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&table));
+    }
+    void addRows(std::uint64_t count) {
+        for (std::uint64_t row = 0; row < count; ++row)
+            list.addItemWithReel(list.numItems(), u"item"_qs, 0, 0, 0, 0);
+        table.reloadData();
+    }
+    QPoint middleOf(int row, int column) {
+        return table.visualRect(table.model()->index(row, column)).center();
+    }
+    void click(int row, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, modifiers, middleOf(row, 2));
+    }
+    void doubleClick(int row, int column) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(row, column));
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, middleOf(row, column));
+    }
+    /// Replaces the text of the open editor and commits it.
+    void type(const QString& text) {
+        QTest::keyClicks(editor(), text);
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+    }
+    QLineEdit* editor() { return table.viewport()->findChild<QLineEdit*>(); }
+
+    const CleanDefaults defaults;
+    VexaBatchStripeData list{nullptr};
+    VexaBatchTableView table;
+    QSignalSpy deletions{&table, &VexaBatchTableView::vexarowsdeleted};
+};
+
+TEST_F(TableView, SelectsSeveralWholeRows) {
+    QSignalSpy selections(&table, &VexaBatchTableView::selectionDidChange);
+    EXPECT_FALSE(table.hasSelectedRows());
+    click(2);
+    EXPECT_EQ(selections.count(), 1);
+    click(0, Qt::ControlModifier);
+    EXPECT_TRUE(table.hasSelectedRows());
+    EXPECT_EQ(table.selectedRowIndexes(), (RowIndexes{0, 2}));
+    click(2, Qt::ControlModifier);
+    click(0, Qt::ControlModifier);
+    EXPECT_FALSE(table.hasSelectedRows());
+    table.selectAll();
+    EXPECT_EQ(table.selectedRowIndexes(), (RowIndexes{0, 1, 2}));
+}
+
+TEST_F(TableView, AReloadLeavesNoRowSelectedAndTheViewWhereItIs) {
+    addRows(100);
+    table.selectRow(60);
+    table.verticalScrollBar()->setValue(500);
+    table.reloadData();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(table.hasSelectedRows());
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes());
+    EXPECT_EQ(table.verticalScrollBar()->value(), 500);
+}
+
+TEST_F(TableView, BackspaceAndDeleteTellOnceWhenRowsAreSelected) {
+    table.setFocus();
+    for (const auto key : {Qt::Key_Backspace, Qt::Key_Delete}) {
+        table.selectRow(1);
+        deletions.clear();
+        QTest::keyClick(&table, key);
+        EXPECT_EQ(deletions.count(), 1);
+        table.clearSelection();
+        QTest::keyClick(&table, key);
+        EXPECT_EQ(deletions.count(), 1) << "nothing is selected";
+    }
+}
+
+TEST_F(TableView, OtherKeysAndOtherTextDeleteNothing) {
+    table.selectRow(1);
+    for (const auto& text : {QString(), u"x"_qs, u"\x7f\x7f"_qs, u"\b\b"_qs, u"\x03"_qs})
+        EXPECT_FALSE(table.handleKey(text));
+    QTest::keyClick(&table, Qt::Key_Backspace, Qt::ControlModifier);
+    QTest::keyClick(&table, Qt::Key_H, Qt::ControlModifier);
+    EXPECT_EQ(deletions.count(), 0);
+    EXPECT_TRUE(table.handleKey(u"\x7f"_qs));
+    EXPECT_TRUE(table.handleKey(u"\b"_qs));
+    EXPECT_EQ(deletions.count(), 2);
+}
+
+TEST_F(TableView, WithoutASelectionTheDeleteKeysAreNotTaken) {
+    table.clearSelection();
+    EXPECT_FALSE(table.handleKey(u"\x7f"_qs));
+    EXPECT_FALSE(table.handleDelete());
+    EXPECT_EQ(deletions.count(), 0);
+}
+
+TEST_F(TableView, ADoubleClickEditsATitleAndNothingElse) {
+    for (const int column : {0, 2, 3, 4, 5}) {
+        doubleClick(1, column);
+        EXPECT_EQ(editor(), nullptr) << column;
+    }
+    doubleClick(1, 1);
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_EQ(editor()->text(), u"item"_qs);
+    QTest::keyClick(editor(), Qt::Key_Backspace);
+    QTest::keyClick(editor(), Qt::Key_Backspace);
+    type(u"A reel"_qs);
+    EXPECT_EQ(list.batchList()[1]->title, u"A reel"_qs);
+    EXPECT_EQ(list.batchList()[0]->title, u"item"_qs);
+    EXPECT_EQ(deletions.count(), 0);
+}
+
+TEST_F(TableView, TheEditKeyEditsTheTitleFromAnyColumn) {
+    table.setCurrentIndex(table.model()->index(2, 4));
+    QTest::keyClick(&table, Qt::Key_F2);
+    ASSERT_NE(editor(), nullptr);
+    type(u"last"_qs);
+    EXPECT_EQ(list.batchList()[2]->title, u"last"_qs);
+}
+
+TEST_F(TableView, TheRowThatComesUnderWayIsBroughtIntoView) {
+    addRows(500);
+    table.selectRow(0);
+    const auto item = list.batchList()[400];
+    table.markItem(item, StripeMark::underWay);
+    EXPECT_TRUE(table.viewport()->rect().contains(middleOf(400, 0)));
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{0});
+
+    const int position = table.verticalScrollBar()->value();
+    table.markItem(list.batchList()[0], StripeMark::finished);
+    EXPECT_EQ(table.verticalScrollBar()->value(), position) << "a finished row is not looked for";
+    list.removeItem(item);
+    table.reloadData();
+    table.markItem(item, StripeMark::underWay);
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes());
+}
+
+TEST_F(TableView, ColumnsAreApartByTheIntercellSpacing) {
+    const auto* header = qobject_cast<VexaBatchTableHeader*>(table.horizontalHeader());
+    ASSERT_NE(header, nullptr);
+    EXPECT_EQ(header->spacing(), 5);
+    EXPECT_EQ(header->columnWidth(0), header->sectionSize(0) - 5);
+    const int content = table.rowHeight(0) - 2;
+    table.setIntercellSpacing(5.9, 10.0);
+    EXPECT_EQ(header->spacing(), 5) << "cut off towards zero";
+    EXPECT_EQ(table.rowHeight(0), content + 10);
+}
+
+TEST_F(TableView, AWidthThatTheOperatorGaveAColumnLasts) {
+    auto* header = table.horizontalHeader();
+    const int before = header->sectionSize(1);
+    const QPoint edge(header->sectionViewportPosition(2) - 1, header->height() / 2);
+    QTest::mousePress(header->viewport(), Qt::LeftButton, {}, edge);
+    QTest::mouseMove(header->viewport(), edge - QPoint(20, 0));
+    QTest::mouseMove(header->viewport(), edge - QPoint(60, 0));
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge - QPoint(60, 0));
+    EXPECT_EQ(header->sectionSize(1), before - 60);
+
+    VexaBatchTableView next;
+    setUp(next);
+    EXPECT_EQ(next.horizontalHeader()->sectionSize(1), before - 60);
+    EXPECT_EQ(next.horizontalHeader()->sectionSize(2), header->sectionSize(2));
+}
+
+TEST(TableWidths, OnesThatMakeNoSenseAreBounded) {
+    const CleanDefaults clean;
+    {
+        QSettings settings(QSettings::IniFormat, QSettings::UserScope, u"vexa-remote"_qs,
+                           u"vexa-remote"_qs);
+        settings.setValue(u"columnwidth/vexareel"_qs, -5);
+        settings.setValue(u"columnwidth/vexatitle"_qs, 1e12);
+        settings.setValue(u"columnwidth/vexastart"_qs, u"wide"_qs);
+    }
+    VexaBatchTableView table;
+    setUp(table);
+    auto* header = table.horizontalHeader();
+    EXPECT_EQ(header->sectionSize(0), header->minimumSectionSize());
+    EXPECT_EQ(header->sectionSize(1), 4000);
+    EXPECT_EQ(header->sectionSize(2), header->minimumSectionSize());
+}
+
+TEST_F(TableView, TabLeavesTheTable) {
+    QWidget window;
+    auto* child = new VexaBatchTableView(&window);
+    setUp(*child);
+    auto* other = new QLineEdit(&window);
+    window.show();
+    window.activateWindow();
+    child->reloadData();
+    child->setFocus();
+    QTest::keyClick(child, Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), other);
+}
+
+} // namespace
