@@ -27,7 +27,7 @@ class TerminalStripe(DeviceTest):
 
     def test_writes_a_line_a_second_where_no_terminal_is(self):
         done = program.run(*stripe("23:59:57:10", "23:59:59:00", "24 fps", "FSK"))
-        line = "23:59:57:10 to 23:59:59:00, 24 fps, FSK "
+        line = "23:59:57:10 to 23:59:59:00, 24 fps, FSK  "
         times = ["23:59:57:10", "23:59:58:00", "23:59:59:00"]
         self.assertEqual(done.stdout.splitlines(), [line + time for time in times])
         self.expect_messages(STOP, *play(23, 59, 57, 10, 8), STOP, STOP)
