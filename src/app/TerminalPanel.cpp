@@ -2,9 +2,10 @@
 
 #include <QSocketNotifier>
 
+#include <unistd.h>
+
 #include <cmath>
 #include <cstdio>
-#include <unistd.h>
 
 namespace vexa {
 
