@@ -5,6 +5,8 @@
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "ui_MainWindow.h"
 
+#include <QCloseEvent>
+
 namespace vexa {
 
 namespace {
@@ -45,6 +47,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     };
     m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
     m_outlets = m_absent.outlets(m_alerts);
+    m_outlets.filePanels = &m_filePanels;
     m_outlets.window = &m_title;
     m_outlets.transportMatrix = m_ui->transportMatrix;
     m_outlets.frameRateMatrix = m_ui->frameRateMatrix;
@@ -67,6 +70,7 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
     using Controller = Vexa_RemoteAppDelegate;
+    m_controller = &controller;
     const auto* ui = m_ui.get();
     connect(ui->transportMatrix, &KelGrayTextMatrix::action, &controller,
             &Controller::handleTransportButtons);
@@ -95,6 +99,10 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
     connect(ui->batchTable, &QAbstractItemView::clicked, &controller,
             &Controller::handleBatchTableEdit);
     new MainMenu(*menuBar(), controller);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(!m_controller || m_controller->windowShouldClose());
 }
 
 } // namespace vexa

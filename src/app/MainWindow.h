@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/AddToBatchPanel.h"
+#include "controls/FileDialogPanels.h"
 #include "controls/MessageBoxAlerts.h"
 #include "controls/VexaPrefsController.h"
 #include "controls/outlet_adapters.h"
@@ -29,20 +30,25 @@ public:
 
     Outlets outlets() const { return m_outlets; }
 
-    /// Leads the actions of the controls and menus to the controller, which must outlive the
-    /// window. Call once, when the controller has started up.
+    /// Leads the actions of the controls and menus to the controller, which must be there as long
+    /// as the window is used. Call once, when the controller has started up.
     void connectTo(Vexa_RemoteAppDelegate& controller);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     std::unique_ptr<Ui::MainWindow> m_ui;
     WindowTitleOutlet m_title{*this};
     MessageBoxAlerts m_alerts{*this};
+    FileDialogPanels m_filePanels{*this};
     VexaPrefsController m_prefsController{*this};
     AddToBatchPanel m_addToPanel{this};
     PlainOutlets m_absent; ///< for the outlets that have no control yet
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;
     Outlets m_outlets;
+    Vexa_RemoteAppDelegate* m_controller = nullptr;
 };
 
 } // namespace vexa

@@ -37,6 +37,16 @@ const std::vector<Command>& commands() {
     const Perform stripe = [](Controller& c, std::uint64_t tag) { c.handleStripeMenuItems(tag); };
     const Perform batch = [](Controller& c, std::uint64_t tag) { c.handleBatchListMenuItems(tag); };
     static const std::vector<Command> table{
+        {"&File", newDocument, 0, "&New", QKeySequence::New,
+         [](Controller& c, std::uint64_t) { c.newDocument(); }},
+        {"&File", openDocument, 0, "&Open…", QKeySequence::Open,
+         [](Controller& c, std::uint64_t) { c.openDocument(); }},
+        {"&File-", saveDocument, 0, "&Save", QKeySequence::Save,
+         [](Controller& c, std::uint64_t) { c.saveDocument(); }},
+        {"&File", saveDocumentAs, 0, "Save &As…", QKeySequence::SaveAs,
+         [](Controller& c, std::uint64_t) { c.saveDocumentAs(); }},
+        {"&File", revertDocumentToSaved, 0, "&Revert to Saved", QKeySequence(),
+         [](Controller& c, std::uint64_t) { c.revertDocumentToSaved(); }},
         {"&Edit", undo, 0, "Undo", QKeySequence::Undo,
          [](Controller& c, std::uint64_t) { c.undo(); }},
         {"&Edit", redo, 0, "Redo", QKeySequence::Redo,
@@ -76,10 +86,6 @@ QMenu& menuTitled(QMenuBar& bar, const QString& title) {
 
 MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller)
     : QObject(&menuBar), m_controller(controller) {
-    auto* quit = menuTitled(menuBar, tr("&File")).addAction(tr("&Quit"));
-    quit->setShortcut(QKeySequence::Quit);
-    connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
-
     for (const auto& command : commands()) {
         auto title = QString::fromLatin1(command.menu);
         const bool newGroup = title.endsWith(QLatin1Char('-'));
@@ -94,6 +100,11 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller)
                 [this, &command] { command.perform(m_controller, command.tag); });
         m_items.push_back({command.action, command.tag, action});
     }
+    auto& fileMenu = menuTitled(menuBar, QStringLiteral("&File"));
+    fileMenu.addSeparator();
+    auto* quit = fileMenu.addAction(tr("&Quit"));
+    quit->setShortcut(QKeySequence::Quit);
+    connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
     for (auto* action : menuBar.actions())
         connect(action->menu(), &QMenu::aboutToShow, this, &MainMenu::validate);
     connect(&controller, &Vexa_RemoteAppDelegate::stateChanged, this, &MainMenu::validate);

@@ -13,8 +13,8 @@ namespace vexa {
 
 namespace {
 
-constexpr int keyWidth = 68;
-constexpr int keyHeight = 56;
+constexpr int keyWidth = 72;
+constexpr int keyHeight = 72;
 constexpr int captionGap = 4;
 
 /// The sign in a square of side 1 around the origin.
@@ -91,7 +91,7 @@ void TransportButton::paintEvent(QPaintEvent*) {
     painter.setBrush(isDown() ? ground.darker(115) : ground);
     painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
     painter.drawRoundedRect(key, 5, 5);
-    const qreal side = 0.42 * std::min(key.width(), key.height());
+    const qreal side = 0.36 * std::min(key.width(), key.height());
     painter.translate(key.center());
     painter.scale(side, side);
     painter.fillPath(sign(tag), signColor(tag, on));

@@ -26,9 +26,6 @@ qreal pixelSizeFor(const QSize& size) {
 
 QFont digitFont(qreal pixelSize) {
     QFont font;
-    font.setFamilies({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Liberation Mono"),
-                      QStringLiteral("monospace")});
-    font.setStyleHint(QFont::Monospace);
     font.setPixelSize(std::max(1, qFloor(pixelSize)));
     return font;
 }

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
 #include <gmock/gmock.h>
 
 using namespace vexa;
@@ -92,7 +91,8 @@ TEST_P(ListTitle, IsTheFileNameUpToItsFirstFullStop) {
 INSTANTIATE_TEST_SUITE_P(Names, ListTitle,
                          testing::Values(Title{"Reels 1-4.vexaB", "Reels 1-4"},
                                          Title{"Show.final.vexaB", "Show"}, Title{"List", "List"},
-                                         Title{".vexaB", ""}, Title{"100% #1 %1.vexaB", "100% #1 %1"},
+                                         Title{".vexaB", ""},
+                                         Title{"100% #1 %1.vexaB", "100% #1 %1"},
                                          Title{"Пленка №3.vexaB", "Пленка №3"}));
 
 TEST_F(DocumentCommands, NewClearsAnUnchangedListWithoutAQuestion) {
@@ -253,8 +253,9 @@ TEST_F(DocumentCommands, TheRevertQuestionOfANeverSavedListHasNoFullStop) {
     change();
     alerts.answers = {alertSecondButton};
     EXPECT_FALSE(controller().askRevert());
-    EXPECT_EQ(alerts.shown.at(0).message,
-              QStringLiteral("Do you want to revert to the saved version of the current batch list?"));
+    EXPECT_EQ(
+        alerts.shown.at(0).message,
+        QStringLiteral("Do you want to revert to the saved version of the current batch list?"));
     EXPECT_EQ(alerts.shown.at(0).information, QStringLiteral("It has never been saved"));
 }
 
