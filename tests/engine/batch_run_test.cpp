@@ -51,7 +51,7 @@ TEST_F(BatchRun, BeginsWithTheFirstItemsOwnSettings) {
     EXPECT_THAT(rig.alerts.shown, IsEmpty());
 }
 
-TEST_F(BatchRun, AnItemThatEndsLeavesTwoStopsAndAPause) {
+TEST_F(BatchRun, AnItemThatEndsSendsOneStopAndPauses) {
     addThreeItems(1, 1, 2);
     rig.press(transport::playing);
     rig.midi.takeBytes();
