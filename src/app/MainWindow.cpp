@@ -85,6 +85,13 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
     connect(ui->stopTimeCheck, &QAbstractButton::clicked, &controller,
             &Controller::handleStopTimeCheck);
     m_prefsController.setOwner(controller);
+    connectBatchControlsTo(controller);
+    new MainMenu(*menuBar(), controller);
+}
+
+void MainWindow::connectBatchControlsTo(Vexa_RemoteAppDelegate& controller) {
+    using Controller = Vexa_RemoteAppDelegate;
+    const auto* ui = m_ui.get();
     connect(ui->batchCheck, &QAbstractButton::clicked, &controller, &Controller::handleBatchCheck);
     connect(ui->batchRadios, &KelGrayTextMatrix::action, &controller,
             &Controller::handleBatchRadios);
@@ -98,7 +105,6 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
             &Controller::tableViewSelectionDidChange);
     connect(ui->batchTable, &QAbstractItemView::clicked, &controller,
             &Controller::handleBatchTableEdit);
-    new MainMenu(*menuBar(), controller);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -38,6 +38,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void connectBatchControlsTo(Vexa_RemoteAppDelegate& controller);
+
     std::unique_ptr<Ui::MainWindow> m_ui;
     WindowTitleOutlet m_title{*this};
     MessageBoxAlerts m_alerts{*this};
