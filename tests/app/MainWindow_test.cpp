@@ -1,0 +1,112 @@
+#include "app/MainWindow.h"
+#include "controls/VexaBatchTableView.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+#include "midi/Vexa_MIDI_Manager.h"
+#include "midi/none/NoMidiSystem.h"
+#include "support/CleanDefaults.h"
+#include "support/ManualRunLoop.h"
+
+#include <QAbstractButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace vexa;
+using namespace vexa::test;
+
+namespace {
+
+struct Window : testing::Test {
+    Window() {
+        Vexa_MIDI_Manager::setMidiSystem(&midi);
+        controller.applicationDidFinishLaunching();
+        window.connectTo(controller);
+        window.show();
+    }
+    ~Window() override { Vexa_MIDI_Manager::setMidiSystem(nullptr); }
+
+    template<typename Widget = QAbstractButton>
+    Widget& outlet(const char* name) {
+        return *window.findChild<Widget*>(QString::fromLatin1(name));
+    }
+    void addItems(std::uint64_t count) {
+        for (std::uint64_t reel = 1; reel <= count; ++reel)
+            controller.addItemToBatchList(reel, u"item"_qs, 0, 1, 2, 0);
+    }
+
+    const CleanDefaults defaults;
+    NoMidiSystem midi;
+    ManualRunLoop runLoop;
+    MainWindow window;
+    Vexa_RemoteAppDelegate controller{window.outlets(), runLoop};
+    VexaBatchTableView& table = outlet<VexaBatchTableView>("batchTable");
+};
+
+TEST_F(Window, BatchControlsRestWhileTheListIsEmpty) {
+    EXPECT_FALSE(outlet("batchCheck").isEnabled());
+    EXPECT_FALSE(outlet("batchAll").isEnabled());
+    EXPECT_TRUE(outlet("batchAll").isChecked());
+    EXPECT_FALSE(outlet("addToBatchButton").isVisible());
+    EXPECT_FALSE(outlet("removeFromBatchButton").isVisible());
+}
+
+TEST_F(Window, TheAddButtonComesWithTheStopTimeAndMovesNothing) {
+    const auto& stopTime = outlet("endTimeButton");
+    const auto before = stopTime.geometry();
+    outlet("stopTimeCheck").click();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(outlet("addToBatchButton").isVisible());
+    EXPECT_EQ(stopTime.geometry(), before);
+}
+
+TEST_F(Window, TheRemoveButtonAndTheDeleteKeyDeleteTheSelectedRows) {
+    addItems(3);
+    table.selectRow(0);
+    EXPECT_TRUE(outlet("removeFromBatchButton").isVisible());
+    outlet("removeFromBatchButton").click();
+    EXPECT_EQ(table.model()->rowCount(), 2);
+    EXPECT_FALSE(outlet("removeFromBatchButton").isVisible());
+    table.selectRow(0);
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_EQ(table.model()->rowCount(), 1);
+    controller.undo();
+    EXPECT_EQ(table.model()->rowCount(), 2);
+    EXPECT_FALSE(table.hasSelectedRows());
+}
+
+TEST_F(Window, SelectedCanBeChosenWhileRowsAre) {
+    addItems(2);
+    EXPECT_TRUE(outlet("batchAll").isEnabled());
+    EXPECT_FALSE(outlet("batchSelected").isEnabled());
+    table.selectRow(1);
+    EXPECT_TRUE(outlet("batchSelected").isEnabled());
+    outlet("batchSelected").click();
+    EXPECT_EQ(controller.batchMode(), batchModeSelected);
+    EXPECT_TRUE(outlet("batchCheck").isChecked());
+    table.clearSelection();
+    EXPECT_TRUE(outlet("batchAll").isChecked());
+    outlet("batchCheck").click();
+    EXPECT_FALSE(controller.useBatch());
+}
+
+struct Name {
+    const char* object;
+    const char* accessible;
+};
+
+class BatchControlName : public Window, public testing::WithParamInterface<Name> {};
+
+TEST_P(BatchControlName, IsTheCaptionForAssistiveTechnology) {
+    EXPECT_EQ(outlet<QWidget>(GetParam().object).accessibleName(),
+              QString::fromLatin1(GetParam().accessible));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, BatchControlName,
+                         testing::Values(Name{"addToBatchButton", "Add to batch list"},
+                                         Name{"removeFromBatchButton", "Remove selected items"},
+                                         Name{"batchCheck", "Batch striping"},
+                                         Name{"batchAll", "All"}, Name{"batchSelected", "Selected"},
+                                         Name{"batchTable", "Batch stripe list"},
+                                         Name{"reelField", "Reel number"},
+                                         Name{"titleField", "Title"}));
+
+} // namespace
