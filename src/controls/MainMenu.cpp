@@ -52,7 +52,10 @@ const std::vector<Command>& commands() {
         {"&Edit", redo, 0, "Redo", QKeySequence::Redo,
          [](Controller& c, std::uint64_t) { c.redo(); }},
         {"&Edit-", handlePrefsMenu, 0, "&Preferences…", QKeySequence::Preferences,
-         [](Controller& c, std::uint64_t) { c.handlePrefsMenu(); }},
+         // Queued: a screen reader waits for the choice to end, not for the panel to be closed.
+         [](Controller& c, std::uint64_t) {
+             QMetaObject::invokeMethod(&c, &Controller::handlePrefsMenu, Qt::QueuedConnection);
+         }},
         {"&Timecode", handleFrameRateMenuItems, rate::fps24, "2&4 fps", {}, frameRate},
         {"&Timecode", handleFrameRateMenuItems, rate::fps25, "2&5 fps", {}, frameRate},
         {"&Timecode", handleFrameRateMenuItems, rate::fps30, "&30 fps", {}, frameRate},

@@ -17,7 +17,7 @@ QSize Stepper::sizeHint() const {
     const auto arrow =
         style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
     const int frame = style()->pixelMetric(QStyle::PM_SpinBoxFrameWidth, &option, this);
-    return {arrow.width() + 2 * frame, QSpinBox::sizeHint().height()};
+    return {arrow.width() + frame, QSpinBox::sizeHint().height()};
 }
 
 } // namespace vexa

@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include <algorithm>
@@ -23,6 +24,20 @@ using namespace std::chrono_literals;
 constexpr auto destinationsInterval = 1s;
 constexpr int delayFieldTag = 0;
 constexpr int delayStepperTag = 1;
+
+/// Shows an item's state by a check mark: boxes would offer to check several.
+class CheckMarkDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
+        if (option->checkState == Qt::Checked)
+            option->text += QStringLiteral("  ✓");
+    }
+};
 
 template<class Integer>
 Integer saturated(double value) {
@@ -54,9 +69,11 @@ VexaPrefsController::VexaPrefsController(QWidget& window)
     for (auto* popup : m_prefsPanel.findChildren<QComboBox*>())
         QObject::connect(popup, &QComboBox::currentTextChanged, popup,
                          &QWidget::setAccessibleDescription);
-    for (auto* popup : {m_ui->defaultFrameRatePopup, m_ui->defaultSyncTypePopup})
+    for (auto* popup : {m_ui->defaultFrameRatePopup, m_ui->defaultSyncTypePopup}) {
+        popup->setItemDelegate(new CheckMarkDelegate(popup));
         QObject::connect(popup, &QComboBox::currentIndexChanged, popup,
                          [popup] { preparePopup(*popup, selectedTag(*popup)); });
+    }
     QObject::connect(m_ui->delayField, &QLineEdit::textChanged, &m_prefsPanel,
                      [this] { handlePrefControls(delayFieldTag); });
     QObject::connect(m_ui->delayStepper, &QSpinBox::valueChanged, &m_prefsPanel,

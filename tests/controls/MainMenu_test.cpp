@@ -1,6 +1,7 @@
 #include "controls/MainMenu.h"
 #include "support/ControllerRig.h"
 
+#include <QCoreApplication>
 #include <QMenuBar>
 #include <gtest/gtest.h>
 
@@ -27,8 +28,12 @@ TEST(MainMenu, PreferencesShowsThePanelInAnyState) {
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(item->text(), QStringLiteral("&Preferences…"));
     item->trigger();
+    EXPECT_EQ(panel.shown, 0) << "whoever chose it does not wait for the panel";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel.shown, 1);
     controller.setTransportState(transport::playing);
     item->trigger();
+    QCoreApplication::processEvents();
     EXPECT_EQ(panel.shown, 2);
 }
 
