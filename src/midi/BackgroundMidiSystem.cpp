@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <condition_variable>
 #include <deque>
-#include <future>
 #include <mutex>
 #include <thread>
 
@@ -95,13 +94,18 @@ BackgroundMidiSystem::BackgroundMidiSystem(std::function<std::unique_ptr<MidiDri
 BackgroundMidiSystem::~BackgroundMidiSystem() { m_worker->finish(); }
 
 void BackgroundMidiSystem::readPorts(std::chrono::milliseconds patience) {
+    const auto isAnsweredWithin = [this](auto time) {
+        return m_answer.wait_for(time) == std::future_status::ready;
+    };
+    if (m_answer.valid() && !isAnsweredWithin(0s))
+        return;
     const auto answer = std::make_shared<std::promise<std::vector<MidiPort>>>();
     m_worker->post([answer](MidiDriver& driver) { answer->set_value(driver.ports()); });
-    auto future = answer->get_future();
-    if (future.wait_for(patience) != std::future_status::ready)
+    m_answer = answer->get_future();
+    if (!isAnsweredWithin(patience))
         return;
 
-    const auto ports = future.get();
+    const auto ports = m_answer.get();
     const auto ids = uniqueIds(ports);
     m_listed.clear();
     for (std::size_t i = 0; i < ports.size(); ++i) {

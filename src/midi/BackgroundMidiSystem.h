@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <functional>
+#include <future>
 #include <map>
 #include <memory>
 
@@ -12,7 +13,7 @@ namespace vexa {
 
 /// A MIDI system whose driver runs on a thread of its own, so that no call waits on a device: a
 /// message is queued and the call returns. Reading the list asks the thread and, should it be
-/// held up, makes do with the last reading.
+/// held up, makes do with the last reading; until it goes on, nobody waits for it again.
 class BackgroundMidiSystem final : public MidiSystem {
 public:
     /// Makes the driver on the new thread, and waits up to two seconds for its first list: it is
@@ -48,6 +49,7 @@ private:
     const Endpoint* endpoint(MidiObjectRef object) const;
 
     std::shared_ptr<Worker> m_worker;
+    std::future<std::vector<MidiPort>> m_answer; ///< to the last reading that was asked for
     std::map<MidiUniqueId, MidiObjectRef> m_refs;
     std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1
     std::vector<MidiObjectRef> m_listed; ///< the destinations of the last reading

@@ -22,6 +22,7 @@ struct World {
     std::vector<std::string> sent; ///< "identity: first byte"
     bool held = false;             ///< the driver's next call waits
     std::atomic<int> drivers = 0;
+    int readings = 0;
     std::thread::id thread;
 
     void hold(bool hold) {
@@ -39,6 +40,7 @@ public:
     std::vector<MidiPort> ports() override {
         std::unique_lock lock{m_world.mutex};
         m_world.thread = std::this_thread::get_id();
+        ++m_world.readings;
         m_world.changed.wait(lock, [this] { return !m_world.held; });
         return m_world.ports;
     }
@@ -145,6 +147,19 @@ TEST_F(BackgroundMidi, HasTheFirstListFromTheBeginning) {
     world.hold(true);
     EXPECT_EQ(system->numberOfDestinations(), 3u);
     world.hold(false);
+}
+
+TEST_F(BackgroundMidi, ADriverThatIsHeldUpIsAskedForTheListOnlyOnce) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    world.hold(true);
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(system->numberOfDestinations(), 3u);
+    world.ports.pop_back();
+    world.hold(false);
+    while (system->numberOfDestinations() == 3u)
+        std::this_thread::yield();
+    EXPECT_EQ(system->numberOfDestinations(), 2u);
+    EXPECT_EQ(world.readings, 5) << "twice before, once while and once after, and once more";
 }
 
 TEST_F(BackgroundMidi, TheDriverLivesOnAThreadOfItsOwnAndGoesWithTheSystem) {
