@@ -1,52 +1,77 @@
 #include "defaults/user_defaults.h"
 
+#include <QFile>
 #include <QSettings>
 #include <QVariant>
 
+#include <charconv>
 #include <cmath>
 
 namespace vexa::defaults {
 
 namespace {
 
-QSettings open() {
-    return {QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vexa-remote"),
-            QStringLiteral("vexa-remote")};
-}
+class Settings : public QSettings {
+public:
+    Settings()
+        : QSettings(IniFormat, UserScope, QStringLiteral("vexa-remote"),
+                    QStringLiteral("vexa-remote")) {
+        allKeys(); // looks at every line
+        if (status() == FormatError)
+            keepCopy();
+    }
 
-void set(const char* key, const QVariant& value) {
-    auto settings = open();
-    settings.setValue(QLatin1String(key), value);
-    settings.sync();
-}
+private:
+    void keepCopy() const {
+        const auto copy = fileName() + QLatin1Char('~');
+        QFile::remove(copy);
+        QFile::copy(fileName(), copy);
+    }
+};
 
 double leadingNumber(const QString& text) {
     const auto bytes = text.trimmed().toLower().toLatin1();
     if (bytes.startsWith("t") || bytes.startsWith("y"))
         return 1;
-    const double value = std::strtod(bytes.constData(), nullptr);
+    double value = 0;
+    std::from_chars(bytes.begin(), bytes.end(), value); // whatever the locale's decimal point
     return std::isfinite(value) ? value : 0;
 }
 
 } // namespace
 
 std::optional<double> number(const char* key) {
-    const auto value = open().value(QLatin1String(key));
+    const auto value = Settings().value(QLatin1String(key));
     if (!value.isValid())
         return std::nullopt;
     return leadingNumber(value.toString());
 }
 
 std::optional<std::int64_t> integer(const char* key) {
-    const auto value = number(key);
-    if (!value)
+    const auto value = Settings().value(QLatin1String(key));
+    if (!value.isValid())
         return std::nullopt;
+    const auto text = value.toString();
+    bool isWhole = false;
+    if (const auto whole = text.toLongLong(&isWhole); isWhole)
+        return whole;
+    if (const auto whole = text.toULongLong(&isWhole); isWhole)
+        return static_cast<std::int64_t>(whole);
+    const double real = leadingNumber(text);
     constexpr double limit = 9.2e18; // what a double can hold of 64 bits without overflowing them
-    return std::abs(*value) < limit ? static_cast<std::int64_t>(*value) : 0;
+    return std::abs(real) < limit ? static_cast<std::int64_t>(real) : 0;
 }
 
-void setReal(const char* key, double value) { set(key, value); }
-void setInteger(const char* key, std::int64_t value) { set(key, static_cast<qlonglong>(value)); }
-void setBoolean(const char* key, bool value) { set(key, value); }
+void write(std::initializer_list<Entry> entries) {
+    Settings settings;
+    for (const auto& [key, value] : entries)
+        settings.setValue(QLatin1String(key),
+                          std::visit([](auto number) { return QVariant(number); }, value));
+    settings.sync();
+}
+
+void setReal(const char* key, double value) { write({{key, value}}); }
+void setInteger(const char* key, std::int64_t value) { write({{key, qlonglong{value}}}); }
+void setBoolean(const char* key, bool value) { write({{key, value}}); }
 
 } // namespace vexa::defaults

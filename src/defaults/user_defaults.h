@@ -3,13 +3,17 @@
 #include <QString>
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
+#include <variant>
 
 namespace vexa {
 
 /// The settings that outlive a run, under the keys below, in an INI file below
 /// $XDG_CONFIG_HOME. Every write is on disk when the call returns; a file that cannot be read
-/// counts as empty, and one that cannot be written keeps what it held. Main thread only.
+/// counts as empty, and one that cannot be written keeps what it held. Of one that is no INI file,
+/// what can be read is kept, and the whole is copied to a file of its name and "~". Programs may
+/// write at once. Main thread only.
 namespace defaults {
 
 inline constexpr auto delayKey = "vexadelay";           ///< seconds, real
@@ -25,8 +29,16 @@ inline constexpr auto columnWidthKeys = "columnwidth/";
 /// as 0.
 std::optional<double> number(const char* key);
 
-/// The same, truncated towards zero. Codes and IDs of either sign pass unharmed.
+/// The same, truncated towards zero. Whole numbers of 64 bits, signed or not, pass unharmed.
 std::optional<std::int64_t> integer(const char* key);
+
+struct Entry {
+    const char* key;
+    std::variant<double, qlonglong, bool> value;
+};
+
+/// Writes all of them at once.
+void write(std::initializer_list<Entry> entries);
 
 void setReal(const char* key, double value);
 void setInteger(const char* key, std::int64_t value);

@@ -13,7 +13,7 @@ std::uint64_t code(const char* key, std::uint64_t standard) {
         defaults::integer(key).value_or(static_cast<std::int64_t>(standard)));
 }
 
-std::int64_t stored(std::uint64_t code) { return static_cast<std::int64_t>(code); }
+qlonglong stored(std::uint64_t code) { return static_cast<qlonglong>(code); }
 
 } // namespace
 
@@ -26,10 +26,10 @@ bool Vexa_RemoteAppDelegate::readPrefs() {
 }
 
 void Vexa_RemoteAppDelegate::writePrefs() {
-    defaults::setReal(defaults::delayKey, m_delayInSeconds);
-    defaults::setInteger(defaults::frameRateKey, stored(m_defaultFrameRate));
-    defaults::setInteger(defaults::syncTypeKey, stored(m_defaultSyncType));
-    defaults::setBoolean(defaults::pauseForReelKey, m_pauseForReelChange);
+    defaults::write({{defaults::delayKey, m_delayInSeconds},
+                     {defaults::frameRateKey, stored(m_defaultFrameRate)},
+                     {defaults::syncTypeKey, stored(m_defaultSyncType)},
+                     {defaults::pauseForReelKey, m_pauseForReelChange}});
 }
 
 } // namespace vexa

@@ -1,36 +1,64 @@
 #include "defaults/user_defaults.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <vector>
 
 using namespace vexa;
 
 namespace {
 
-struct UserDefaults : testing::Test {
-    UserDefaults() {
-        QFile::remove(path());
-        // Two files of one size written within a millisecond look the same to the reader.
-        EXPECT_FALSE(defaults::number(defaults::delayKey));
+/// Somebody who may not write everywhere, also where root runs the tests. What is below the path
+/// is theirs.
+class WithoutPrivileges {
+public:
+    explicit WithoutPrivileges(const QString& path) {
+        if (geteuid() != 0)
+            return;
+        giveAway(path);
+        for (QDirIterator it(path, QDir::AllEntries | QDir::NoDotAndDotDot,
+                             QDirIterator::Subdirectories);
+             it.hasNext();)
+            giveAway(it.next());
+        EXPECT_EQ(seteuid(nobody), 0);
     }
-    ~UserDefaults() override { QFile::remove(path()); }
+    ~WithoutPrivileges() { EXPECT_EQ(seteuid(getuid()), 0); }
+    WithoutPrivileges(const WithoutPrivileges&) = delete;
+    WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
 
-    static QString path() {
-        return qEnvironmentVariable("XDG_CONFIG_HOME") +
-               QStringLiteral("/vexa-remote/vexa-remote.ini");
+private:
+    static constexpr uid_t nobody = 65534;
+    static void giveAway(const QString& path) {
+        EXPECT_EQ(chown(path.toLocal8Bit().constData(), nobody, nobody), 0);
     }
-    static void writeFile(const QByteArray& content) {
+};
+
+struct UserDefaults : testing::Test {
+    UserDefaults() { QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path()); }
+
+    QString path() const { return home.filePath(QStringLiteral("vexa-remote/vexa-remote.ini")); }
+    QString copyPath() const { return path() + QLatin1Char('~'); }
+    void writeFile(const QByteArray& content) const {
         QDir().mkpath(QFileInfo(path()).path());
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
     }
-    static QByteArray fileContent() {
-        QFile file(path());
+    static QByteArray contentOf(const QString& name) {
+        QFile file(name);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
+
+    const QTemporaryDir home;
 };
 
 TEST_F(UserDefaults, AnAbsentKeyGivesNothing) {
@@ -42,8 +70,8 @@ TEST_F(UserDefaults, WhatIsWrittenIsOnDiskAtOnce) {
     defaults::setReal("vexadelay", 7.5);
     defaults::setInteger("vexamididest", -2147483647 - 1);
     defaults::setBoolean("vexapauseforreel", false);
-    EXPECT_TRUE(fileContent().contains("vexadelay=7.5"));
-    EXPECT_TRUE(fileContent().contains("vexamididest=-2147483648"));
+    EXPECT_TRUE(contentOf(path()).contains("vexadelay=7.5"));
+    EXPECT_TRUE(contentOf(path()).contains("vexamididest=-2147483648"));
     EXPECT_EQ(defaults::number("vexadelay"), 7.5);
     EXPECT_EQ(defaults::integer("vexamididest"), -2147483648);
     EXPECT_EQ(defaults::number("vexapauseforreel"), 0);
@@ -63,19 +91,101 @@ TEST_P(WrongKind, IsTakenAsTheNumberItBeginsWith) {
     EXPECT_EQ(defaults::integer("vexadelay"), GetParam().integer);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, WrongKind,
-                         testing::Values(Stored{"7.9", 7.9, 7}, Stored{"-7.9", -7.9, -7},
-                                         Stored{"seven", 0, 0}, Stored{"", 0, 0},
-                                         Stored{"12 seconds", 12, 12}, Stored{"true", 1, 1},
-                                         Stored{"false", 0, 0}, Stored{"yes", 1, 1},
-                                         Stored{"nan", 0, 0}, Stored{"inf", 0, 0},
-                                         Stored{"1e300", 1e300, 0}));
+INSTANTIATE_TEST_SUITE_P(
+    Values, WrongKind,
+    testing::Values(Stored{"7.9", 7.9, 7}, Stored{"-7.9", -7.9, -7}, Stored{"seven", 0, 0},
+                    Stored{"", 0, 0}, Stored{"12 seconds", 12, 12}, Stored{"true", 1, 1},
+                    Stored{"false", 0, 0}, Stored{"yes", 1, 1}, Stored{"nan", 0, 0},
+                    Stored{"inf", 0, 0}, Stored{"1e300", 1e300, 0}, Stored{"-1", -1, -1},
+                    Stored{"9007199254740993", 9007199254740992, 9007199254740993},
+                    Stored{"18446744073709551615", 0x1p64, -1}, Stored{"0.5", 0.5, 0},
+                    Stored{"\" 7 \"", 7, 7}, Stored{"1, 2", 0, 0}));
 
-TEST_F(UserDefaults, AGarbageFileCountsAsEmpty) {
-    writeFile(QByteArray("\0\1\2[[[\xff\xfe=no\n", 14));
+TEST_F(UserDefaults, SeveralAreWrittenAtOnce) {
+    defaults::write({{"vexadelay", 7.5}, {"vexadefaultrate", 3LL}, {"vexapauseforreel", true}});
+    EXPECT_EQ(defaults::number("vexadelay"), 7.5);
+    EXPECT_EQ(defaults::integer("vexadefaultrate"), 3);
+    EXPECT_EQ(defaults::number("vexapauseforreel"), 1);
+}
+
+TEST_F(UserDefaults, AGarbageFileCountsAsEmptyAndIsKeptBesideTheNewOne) {
+    const QByteArray garbage("\0\1\2[[[\xff\xfe\nno\n", 12);
+    writeFile(garbage);
     EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
     defaults::setReal("vexadelay", 3);
     EXPECT_EQ(defaults::number("vexadelay"), 3);
+    EXPECT_EQ(contentOf(copyPath()), garbage);
+}
+
+TEST_F(UserDefaults, WhatCanBeReadOfABrokenFileIsKept) {
+    writeFile("[General]\nvexadelay=9\nbroken line\nunknown=yes\n[Other]\nx=1\n");
+    EXPECT_EQ(defaults::number("vexadelay"), 9);
+    defaults::setInteger("vexadefaultrate", 1);
+    EXPECT_EQ(contentOf(path()), "[General]\nunknown=yes\nvexadefaultrate=1\nvexadelay=9\n\n"
+                                 "[Other]\nx=1\n");
+    EXPECT_TRUE(contentOf(copyPath()).contains("broken line"));
+    defaults::setInteger("vexadefaultrate", 2);
+    EXPECT_TRUE(contentOf(copyPath()).contains("broken line"));
+}
+
+TEST_F(UserDefaults, AWholeFileIsNotCopied) {
+    writeFile("[General]\nvexadelay=9\n");
+    defaults::setReal("vexadelay", 3);
+    EXPECT_FALSE(QFile::exists(copyPath()));
+}
+
+TEST_F(UserDefaults, AFileThatMayOnlyBeReadKeepsItsContent) {
+    writeFile("[General]\nvexadelay=9\n");
+    ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
+    const WithoutPrivileges user(home.path());
+    EXPECT_EQ(defaults::number("vexadelay"), 9);
+    defaults::setReal("vexadelay", 3);
+    EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=9\n");
+}
+
+TEST_F(UserDefaults, AFileThatMayNotBeReadCountsAsEmptyAndKeepsItsContent) {
+    writeFile("[General]\nvexadelay=9\n");
+    ASSERT_TRUE(QFile::setPermissions(path(), {}));
+    {
+        const WithoutPrivileges user(home.path());
+        EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
+        defaults::setReal("vexadelay", 3);
+    }
+    ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
+    EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=9\n");
+}
+
+TEST_F(UserDefaults, ADirectoryInPlaceOfTheFileCountsAsEmptyAndStays) {
+    ASSERT_TRUE(QDir().mkpath(path()));
+    EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
+    defaults::setReal("vexadelay", 3);
+    EXPECT_TRUE(QFileInfo(path()).isDir());
+}
+
+TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
+    const auto directory = QFileInfo(path()).path();
+    QFile file(directory);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    defaults::setReal("vexadelay", 3);
+    EXPECT_TRUE(QFileInfo(directory).isFile());
+}
+
+TEST_F(UserDefaults, ProgramsThatWriteAtOnceLoseNothing) {
+    constexpr int times = 50;
+    const char* const keys[] = {"vexadelay", "vexadefaultrate", "vexamididest"};
+    std::vector<pid_t> programs;
+    for (const auto* key : keys) {
+        programs.push_back(fork());
+        if (programs.back() == 0) {
+            for (int i = 1; i <= times; ++i)
+                defaults::setInteger(key, i);
+            _exit(0);
+        }
+    }
+    for (const auto program : programs)
+        waitpid(program, nullptr, 0);
+    for (const auto* key : keys)
+        EXPECT_EQ(defaults::integer(key), times) << key;
 }
 
 } // namespace
