@@ -9,10 +9,12 @@ QColor captionGray() { return QColor::fromRgbF(0.455F, 0.455F, 0.455F); }
 
 void setGrayCaption(QWidget& control) {
     auto palette = control.palette();
-    // Not for disabled controls: they stay paler than those that can be used.
-    for (const auto group : {QPalette::Active, QPalette::Inactive})
-        for (const auto role : {QPalette::ButtonText, QPalette::WindowText, QPalette::Text})
-            palette.setColor(group, role, captionGray());
+    for (const auto role : {QPalette::ButtonText, QPalette::WindowText, QPalette::Text}) {
+        palette.setColor(QPalette::Active, role, captionGray());
+        palette.setColor(QPalette::Inactive, role, captionGray());
+        // What cannot be used is to be told apart at a glance.
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgbF(0.73F, 0.73F, 0.73F));
+    }
     control.setPalette(palette);
 }
 
