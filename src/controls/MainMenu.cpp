@@ -85,6 +85,11 @@ QMenu& menuTitled(QMenuBar& bar, const QString& title) {
     return found == actions.end() ? *bar.addMenu(title) : *(*found)->menu();
 }
 
+/// The switch of batch striping says in its title what it does; a mark would say the opposite.
+bool showsMark(MenuAction action, std::uint64_t tag) {
+    return action != MenuAction::handleBatchListMenuItems || tag != batch_menu::useBatch;
+}
+
 } // namespace
 
 MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller)
@@ -124,7 +129,7 @@ void MainMenu::validate() {
     for (const auto& item : m_items) {
         const auto state = validateMenuItem(m_controller, item.action, item.tag);
         item.qAction->setEnabled(state.enabled);
-        if (state.marked) {
+        if (state.marked && showsMark(item.action, item.tag)) {
             item.qAction->setCheckable(true);
             item.qAction->setChecked(*state.marked);
         }

@@ -37,4 +37,40 @@ TEST(MainMenu, PreferencesShowsThePanelInAnyState) {
     EXPECT_EQ(panel.shown, 2);
 }
 
+TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
+    ControllerRig rig;
+    auto& controller = rig.controller;
+    QMenuBar bar;
+    const MainMenu menu(bar, controller);
+    const auto item = [&](std::uint64_t tag) {
+        return menu.item(MenuAction::handleBatchListMenuItems, tag);
+    };
+    auto* const toggle = item(batch_menu::useBatch);
+    EXPECT_EQ(toggle->text(), QStringLiteral("Turn On Batch Striping"));
+    EXPECT_FALSE(toggle->isEnabled());
+    EXPECT_EQ(item(batch_menu::all)->text(), QStringLiteral("Stripe &All Items"));
+    EXPECT_EQ(item(batch_menu::selected)->text(), QStringLiteral("Stripe &Selected Items"));
+    EXPECT_EQ(item(batch_menu::add)->text(), QStringLiteral("Add to Batch &List…"));
+    EXPECT_FALSE(item(batch_menu::add)->isEnabled()) << "no stop time is set";
+
+    controller.setStopTimeSet(true, tc("01:00:10:00"), QStringLiteral("Set Stop Time"));
+    rig.ui.addToPanel.answer = [] { return panelConfirmed; };
+    item(batch_menu::add)->trigger();
+    ASSERT_EQ(controller.batchStripeData().numItems(), 1u);
+
+    toggle->trigger();
+    EXPECT_TRUE(controller.useBatch());
+    EXPECT_EQ(toggle->text(), QStringLiteral("Turn Off Batch Striping"));
+    EXPECT_FALSE(toggle->isCheckable());
+    EXPECT_TRUE(item(batch_menu::all)->isChecked());
+    EXPECT_FALSE(item(batch_menu::selected)->isEnabled()) << "no row is selected";
+
+    rig.ui.batchTable.selectRows({0});
+    controller.tableViewSelectionDidChange();
+    item(batch_menu::selected)->trigger();
+    EXPECT_EQ(controller.batchMode(), batchModeSelected);
+    EXPECT_TRUE(item(batch_menu::selected)->isChecked());
+    EXPECT_FALSE(item(batch_menu::all)->isChecked());
+}
+
 } // namespace
