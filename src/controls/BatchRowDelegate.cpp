@@ -72,6 +72,12 @@ void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const auto* style = cell.widget ? cell.widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
 
+    const bool selected = cell.state & QStyle::State_Selected;
+    if (cell.state & QStyle::State_HasFocus && !selected) {
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(cell);
+        style->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, cell.widget);
+    }
     QRect content = cell.rect.adjusted(m_spacing, 0, 0, 0);
     const auto mark = markOf(index);
     if (index.column() == 0 && mark != StripeMark::none) {
@@ -79,7 +85,6 @@ void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         const QRectF square(content.right() + 1,
                             cell.rect.y() + (cell.rect.height() - signSide) / 2.0, signSide,
                             signSide);
-        const bool selected = cell.state & QStyle::State_Selected;
         paintSign(*painter, square, mark, selected ? textColor(cell) : markColor(cell.palette));
     }
     painter->setFont(cell.font);
@@ -90,7 +95,8 @@ void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
 void BatchRowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                             const QModelIndex&) const {
-    editor->setGeometry(option.rect);
+    constexpr int lineEditMargin = 2;
+    editor->setGeometry(option.rect.adjusted(m_spacing - lineEditMargin, 0, 0, 0));
 }
 
 } // namespace vexa
