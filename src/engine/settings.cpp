@@ -13,6 +13,8 @@ void Vexa_RemoteAppDelegate::setFrameAndSyncFromDefaults() {
     m_outlets.frameRateMatrix->selectCellWithTag(m_frameRate);
     m_syncType = m_defaultSyncType;
     m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
+    handleFrameRateEnabling();
+    Q_EMIT stateChanged();
 }
 
 } // namespace vexa

@@ -73,6 +73,25 @@ TEST_F(Preferences, ConfirmedUnchangedStillStopsTheGeneratorResetsAndRewrites) {
     EXPECT_FALSE(rig.controller.dirty());
 }
 
+TEST_F(Preferences, RatesCanBeChosenAgainWhenTheDefaultEndsFsk) {
+    rig.controller.handleSyncTypeMenuItems(sync::fsk);
+    ASSERT_FALSE(rig.ui.frameRateMatrix.isEnabled());
+    showAndConfirm();
+    EXPECT_EQ(rig.controller.syncType(), sync::mtc);
+    EXPECT_TRUE(rig.ui.frameRateMatrix.isEnabled());
+    EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), rate::fps30);
+}
+
+TEST_F(Preferences, NoRateCanBeChosenWhenTheDefaultIsFsk) {
+    show([] {
+        syncTypePopup().setCurrentIndex(2);
+        press(Qt::Key_Return);
+    });
+    EXPECT_FALSE(rig.ui.frameRateMatrix.isEnabled());
+    EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), std::nullopt);
+    EXPECT_EQ(rig.controller.frameRate(), rate::fps30);
+}
+
 TEST_F(Preferences, TheDestinationIsStoppedBeforeAnythingIsStored) {
     rig.midi.whenSent = [&](const Sent&) {
         EXPECT_EQ(rig.controller.delayInSeconds(), 5);
