@@ -57,6 +57,19 @@ TEST_F(DisplayName, LeavesANamelessDeviceOut) {
     EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("x", device({})))), "Port 1");
 }
 
+TEST_F(DisplayName, TellsAnEmptyDeviceNameFromNone) {
+    const auto nameless = device("");
+    EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("x", nameless))), " Port 1");
+    EXPECT_EQ(nameOf(system.addDestination({}, 2, entity({}, nameless))), "");
+}
+
+TEST_F(DisplayName, OfAnExternalEndpointDependsOnItsDeviceAlone) {
+    EXPECT_EQ(nameOf(system.addDestination("In", 1), true), "In");
+    EXPECT_EQ(nameOf(system.addDestination("In", 2, entity("x", 0)), true), "In");
+    EXPECT_EQ(nameOf(system.addDestination("In", 3, entity("x", device({}))), true), "In");
+    EXPECT_EQ(nameOf(system.addDestination({}, 4, entity({}, device("Synth"))), true), "Synth");
+}
+
 TEST_F(DisplayName, OfTheOnlyExternalEntityIsTheDevices) {
     const auto synth = device("Synth");
     const auto port = system.addDestination("In", 1, entity("x", synth));
@@ -97,6 +110,18 @@ TEST_F(DestinationName, SkipsWhatDoesNotResolveOrHasNoName) {
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 9, 0, 0, 0, 1, 0, 0, 0, 2}), "Recorder");
 }
 
+TEST_F(DestinationName, OfNothingButNamelessObjectsIsThePortsOwn) {
+    system.add({MidiObjectType::ExternalDevice, {}, 1, {}, 0});
+    system.add({MidiObjectType::ExternalDestination, {}, 2, {}, entity({}, device({}))});
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 1, 0, 0, 0, 2}), "Hub Port 1");
+}
+
+TEST_F(DestinationName, SkipsInTheMiddleWithoutALeftoverComma) {
+    addExternalDevice("Recorder", 1);
+    addExternalDevice("Synth", 3);
+    EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0, 3}), "Recorder, Synth");
+}
+
 TEST_F(DestinationName, IgnoresTrailingBytes) {
     addExternalDevice("Recorder", 1);
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 1, 0, 0, 0}), "Recorder");
@@ -135,6 +160,30 @@ INSTANTIATE_TEST_SUITE_P(Types, OtherObject,
                                          MidiObjectType::Source, MidiObjectType::Destination,
                                          MidiObjectType::ExternalDevice,
                                          MidiObjectType::ExternalEntity));
+
+TEST_F(DestinationName, InAStudioOfEveryKindOfObject) {
+    const auto hub = device("Hub");
+    const auto synth = system.add({MidiObjectType::ExternalDevice, "Synth", 100, {}, 0});
+    const auto mixer = system.add({MidiObjectType::ExternalDevice, "Mixer", 200, {}, 0});
+    const auto external = [&](MidiObjectRef parent) {
+        return system.add({MidiObjectType::ExternalEntity, "Group", {}, {}, parent});
+    };
+    system.add({MidiObjectType::ExternalDestination, "In", 101, {}, external(synth)});
+    system.add({MidiObjectType::ExternalSource, "Bus A", 201, {}, external(mixer)});
+    system.add({MidiObjectType::ExternalDestination, "Mixer", 202, {}, external(mixer)});
+
+    const auto addPort = [&](const char* name, MidiUniqueId id, Bytes connections) {
+        const auto port = system.addDestination(name, id, entity("x", hub));
+        system.object(port).connections = std::move(connections);
+    };
+    addPort("Port 1", 1, {0, 0, 0, 101, 0, 0, 0, 201, 0, 0, 0, 202, 0, 0, 0, 100});
+    addPort("Port 2", 2, {0, 0, 0, 99});
+    addPort("Port 3", 3, {0, 0, 0, 2});
+    addPort("Hub", 4, {});
+    system.addDestination("Soft Synth", 5);
+    EXPECT_THAT(destinationNames(system), ElementsAre("Synth, Mixer Bus A, Mixer, Synth",
+                                                      "Hub Port 2", "Port 2", "Hub", "Soft Synth"));
+}
 
 TEST_F(DisplayName, NamesOfAllDestinationsKeepOrderAndRepeats) {
     EXPECT_THAT(destinationNames(system), IsEmpty());
