@@ -1,55 +1,25 @@
 #include "generator/hex_bytes.h"
 #include "generator/jack_input.h"
+#include "support/JackServer.h"
 
 #include <gtest/gtest.h>
 
 #include <poll.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
-#include <cstdlib>
 #include <string>
 #include <thread>
 #include <vector>
 
 using namespace vexa;
+using namespace vexa::test;
 using Clock = std::chrono::steady_clock;
 using Outcome = MidiInput::Outcome;
 
 namespace {
 
-pid_t spawned(std::vector<const char*> arguments) {
-    arguments.push_back(nullptr);
-    pid_t pid = 0;
-    EXPECT_EQ(posix_spawnp(&pid, arguments[0], nullptr, nullptr,
-                           const_cast<char**>(arguments.data()), environ),
-              0);
-    return pid;
-}
-
-/// A JACK server of the test's own, without sound hardware, and what is opened on it.
+/// A JACK server, and what is opened on it.
 class JackInputTest : public testing::Test {
 protected:
-    JackInputTest() {
-        setenv("JACK_DEFAULT_SERVER", m_name.c_str(), 1);
-        setenv("JACK_NO_AUDIO_RESERVATION", "1", 1);
-    }
-    ~JackInputTest() override { stopServer(SIGTERM); }
-
-    void startServer() {
-        m_server = spawned({"jackd", "-n", m_name.c_str(), "-r", "-d", "dummy", "-p", "256"});
-    }
-
-    void stopServer(int signal) {
-        if (m_server <= 0)
-            return;
-        kill(m_server, signal);
-        waitpid(m_server, nullptr, 0);
-        m_server = 0;
-    }
-
     /// Opens the input as soon as the server is up.
     static std::unique_ptr<MidiInput> openWhenUp() {
         const auto deadline = Clock::now() + std::chrono::seconds(10);
@@ -61,9 +31,7 @@ protected:
         return nullptr;
     }
 
-private:
-    const std::string m_name = "vexa-test-" + std::to_string(getpid());
-    pid_t m_server = 0;
+    JackServer server;
 };
 
 bool waitFor(const MidiInput& input) {
@@ -85,7 +53,7 @@ void send(const MidiInput& input, const std::vector<std::string>& events) {
 TEST_F(JackInputTest, IsNotThereWithoutAServer) { EXPECT_EQ(openJackInput(), nullptr); }
 
 TEST_F(JackInputTest, HandsOnWhatIsSentWithItsArrival) {
-    startServer();
+    server.start();
     const auto input = openWhenUp();
     ASSERT_NE(input, nullptr);
     EXPECT_EQ(input->name(), "Vexa Generator");
@@ -104,7 +72,7 @@ TEST_F(JackInputTest, HandsOnWhatIsSentWithItsArrival) {
 }
 
 TEST_F(JackInputTest, TellsOfWhatItHadNoRoomFor) {
-    startServer();
+    server.start();
     const auto input = openWhenUp();
     ASSERT_NE(input, nullptr);
     std::string event;
@@ -121,15 +89,15 @@ TEST_F(JackInputTest, TellsOfWhatItHadNoRoomFor) {
 class JackServerDeath : public JackInputTest, public testing::WithParamInterface<int> {};
 
 TEST_P(JackServerDeath, IsToldAndANewServerTakesTheInputAgain) {
-    startServer();
+    server.start();
     auto input = openWhenUp();
     ASSERT_NE(input, nullptr);
-    stopServer(GetParam());
+    server.stop(GetParam());
     ASSERT_TRUE(waitFor(*input));
     EXPECT_EQ(input->read([](Moment, auto) {}), Outcome::Gone);
     input.reset();
     EXPECT_EQ(openJackInput(), nullptr);
-    startServer();
+    server.start();
     input = openWhenUp();
     ASSERT_NE(input, nullptr);
     EXPECT_EQ(input->name(), "Vexa Generator");

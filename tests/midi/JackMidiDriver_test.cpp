@@ -1,0 +1,216 @@
+#include "defaults/user_defaults.h"
+#include "midi/BackgroundMidiSystem.h"
+#include "midi/Vexa_MIDI_Manager.h"
+#include "midi/jack/JackMidiDriver.h"
+#include "support/CleanDefaults.h"
+#include "support/JackServer.h"
+
+#include <gmock/gmock.h>
+
+#include <fcntl.h>
+
+#include <cstdio>
+
+using namespace vexa;
+using namespace vexa::test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const std::string stopFrame = "F0 7D 42 00 00 00 00 00 F7";
+
+/// A receiver on the server, there as long as this object.
+class Receiver {
+public:
+    explicit Receiver(const char* name, const char* alias = nullptr) {
+        int input[2];
+        int output[2];
+        EXPECT_EQ(pipe2(input, O_CLOEXEC) | pipe2(output, O_CLOEXEC), 0);
+        std::vector<const char*> arguments{JACK_RECEIVE, name};
+        if (alias)
+            arguments.push_back(alias);
+        m_pid = spawned(arguments, {input[0], output[1]});
+        close(input[0]);
+        close(output[1]);
+        m_input = input[1];
+        m_output = fdopen(output[0], "r");
+        EXPECT_EQ(next(), "ready");
+    }
+    ~Receiver() { leave(); }
+    Receiver(const Receiver&) = delete;
+    Receiver& operator=(const Receiver&) = delete;
+
+    /// Waits for the next message; empty when the receiver has ended.
+    std::string next() {
+        char line[256];
+        if (!std::fgets(line, sizeof line, m_output))
+            return {};
+        const std::string text(line);
+        return text.substr(0, text.find_last_not_of(" \n") + 1);
+    }
+
+    /// Takes the receiver off the server; returns what it had got since next() was last asked.
+    std::vector<std::string> leave() {
+        std::vector<std::string> rest;
+        if (m_pid == 0)
+            return rest;
+        close(m_input);
+        for (auto line = next(); !line.empty(); line = next())
+            rest.push_back(line);
+        std::fclose(m_output);
+        waitpid(m_pid, nullptr, 0);
+        m_pid = 0;
+        return rest;
+    }
+
+private:
+    pid_t m_pid = 0;
+    int m_input = -1;
+    std::FILE* m_output = nullptr;
+};
+
+/// The program, as far as MIDI goes, from its launch to its end.
+class Program {
+public:
+    Program() { Vexa_MIDI_Manager::setMidiSystem(&m_system); }
+    ~Program() { Vexa_MIDI_Manager::setMidiSystem(nullptr); }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    static Vexa_MIDI_Manager& manager() { return Vexa_MIDI_Manager::sharedMidiManager(); }
+
+    static void choose(const std::string& name) {
+        const auto list = manager().destinationList();
+        const auto found = std::ranges::find(list, name);
+        ASSERT_NE(found, list.end()) << name;
+        manager().connectToDestinationAtIndex(found - list.begin());
+        manager().writePrefs();
+    }
+
+private:
+    BackgroundMidiSystem m_system{[] { return std::make_unique<JackMidiDriver>(); }};
+};
+
+struct JackMidi : testing::Test {
+    JackMidi() { server.start(); }
+
+    CleanDefaults clean;
+    JackServer server;
+};
+
+TEST_F(JackMidi, ListsThePortsInTheServersOrder) {
+    const Receiver beta("beta");
+    const Receiver alpha("alpha");
+    const Program program;
+    EXPECT_THAT(Program::manager().destinationList(), ElementsAre("beta:in", "alpha:in"));
+    const auto ids = Program::manager().destinationIDs();
+    EXPECT_THAT(Program::manager().destinationList(), ElementsAre("beta:in", "alpha:in"));
+    EXPECT_EQ(Program::manager().destinationIDs(), ids);
+    EXPECT_NE(ids[0], ids[1]);
+}
+
+TEST_F(JackMidi, TheChoiceOutlastsThePrograms) {
+    Receiver alpha("alpha");
+    Receiver beta("beta");
+    {
+        const Program program;
+        Program::choose("beta:in");
+        EXPECT_EQ(beta.next(), stopFrame);
+    }
+    {
+        const Program program;
+        EXPECT_EQ(Program::manager().indexOfDestination(), 1);
+        EXPECT_EQ(beta.next(), stopFrame);
+    }
+    EXPECT_THAT(alpha.leave(), IsEmpty());
+    EXPECT_THAT(beta.leave(), IsEmpty());
+}
+
+TEST_F(JackMidi, TheChoiceOutlastsTheServerAndAnotherOrder) {
+    {
+        const Receiver alpha("alpha");
+        Receiver beta("beta");
+        const Program program;
+        Program::choose("beta:in");
+        EXPECT_EQ(beta.next(), stopFrame);
+    }
+    server.stop(SIGTERM);
+    server.start();
+    Receiver beta("beta");
+    Receiver alpha("alpha");
+    const Program program;
+    EXPECT_EQ(Program::manager().indexOfDestination(), 0);
+    EXPECT_EQ(beta.next(), stopFrame);
+    EXPECT_THAT(alpha.leave(), IsEmpty());
+}
+
+TEST_F(JackMidi, AReceiverThatComesBackGetsTheNextMessageAndNoOtherEverDoes) {
+    Receiver alpha("alpha");
+    auto beta = std::make_unique<Receiver>("beta");
+    std::unique_ptr<Receiver> gamma;
+    {
+        const Program program;
+        Program::choose("beta:in");
+        EXPECT_EQ(beta->next(), stopFrame);
+        beta.reset();
+        gamma = std::make_unique<Receiver>("gamma"); // where the server had beta
+        Program::manager().sendStopMessage();
+        EXPECT_THAT(Program::manager().destinationList(), ElementsAre("alpha:in", "gamma:in"));
+        beta = std::make_unique<Receiver>("beta");
+        Program::manager().sendSetupMessageStart(0x01020304, 1, 0);
+        EXPECT_EQ(beta->next(), "F0 7D 42 01 02 03 04 01 F7");
+        EXPECT_EQ(beta->next(), "F0 7D 42 01 02 03 04 7F F7");
+    }
+    EXPECT_THAT(alpha.leave(), IsEmpty());
+    EXPECT_THAT(gamma->leave(), IsEmpty());
+}
+
+class JackMidiServerLoss : public JackMidi, public testing::WithParamInterface<int> {};
+
+TEST_P(JackMidiServerLoss, IsMadeGoodWhenTheNextServerComes) {
+    auto beta = std::make_unique<Receiver>("beta");
+    const Program program;
+    Program::choose("beta:in");
+    EXPECT_EQ(beta->next(), stopFrame);
+    server.stop(GetParam());
+    beta.reset();
+    Program::manager().sendStopMessage();
+    server.start();
+    const Receiver alpha("alpha");
+    beta = std::make_unique<Receiver>("beta");
+    EXPECT_THAT(Program::manager().destinationList(), ElementsAre("alpha:in", "beta:in"));
+    Program::manager().sendSetupMessageStart(0, 3, 1);
+    EXPECT_EQ(beta->next(), "F0 7D 42 00 00 00 00 07 F7");
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, JackMidiServerLoss, testing::Values(SIGTERM, SIGKILL));
+
+TEST_F(JackMidi, HardwareIsKnownByItsAlias) {
+    MidiUniqueId id = 0;
+    {
+        const Receiver hardware("hardware_1", "midi_bridge:UM-ONE MIDI 1");
+        const Program program;
+        EXPECT_THAT(Program::manager().destinationList(), ElementsAre("UM-ONE MIDI 1"));
+        id = Program::manager().destinationIDs().at(0);
+    }
+    const Receiver first("hardware_1", "midi_bridge:Other MIDI 1");
+    const Receiver second("hardware_2", "midi_bridge:UM-ONE MIDI 1");
+    const Receiver third("hardware_3", "midi_bridge:UM-ONE MIDI 1");
+    const Program program;
+    EXPECT_THAT(Program::manager().destinationList(),
+                ElementsAre("Other MIDI 1", "UM-ONE MIDI 1", "UM-ONE MIDI 1"));
+    const auto ids = Program::manager().destinationIDs();
+    EXPECT_EQ(ids[1], id);
+    EXPECT_NE(ids[0], id);
+    EXPECT_NE(ids[2], id) << "a second one of the same name";
+}
+
+TEST_F(JackMidi, WithoutAServerThereIsNothing) {
+    server.stop(SIGTERM);
+    const Program program;
+    EXPECT_THAT(Program::manager().destinationList(), IsEmpty());
+    EXPECT_EQ(Program::manager().dest(), 0u);
+}
+
+} // namespace

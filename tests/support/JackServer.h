@@ -1,0 +1,62 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace vexa::test {
+
+/// Starts a program that is found on the path. Files: what it gets as its standard input and
+/// output, where given.
+inline pid_t spawned(std::vector<const char*> arguments, const std::vector<int>& files = {}) {
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        posix_spawn_file_actions_adddup2(&actions, files[i], static_cast<int>(i));
+    pid_t pid = 0;
+    EXPECT_EQ(posix_spawnp(&pid, arguments[0], &actions, nullptr,
+                           const_cast<char**>(arguments.data()), environ),
+              0);
+    posix_spawn_file_actions_destroy(&actions);
+    return pid;
+}
+
+/// A JACK server of the test's own, without sound hardware, for everything that is opened on one
+/// from now on.
+class JackServer {
+public:
+    JackServer() {
+        setenv("JACK_DEFAULT_SERVER", m_name.c_str(), 1);
+        setenv("JACK_NO_AUDIO_RESERVATION", "1", 1);
+    }
+    ~JackServer() { stop(SIGTERM); }
+    JackServer(const JackServer&) = delete;
+    JackServer& operator=(const JackServer&) = delete;
+
+    /// Does not wait until it is up.
+    void start() {
+        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-d", "dummy", "-p", "256"});
+    }
+
+    void stop(int signal) {
+        if (m_pid <= 0)
+            return;
+        kill(m_pid, signal);
+        waitpid(m_pid, nullptr, 0);
+        m_pid = 0;
+    }
+
+private:
+    const std::string m_name = "vexa-test-" + std::to_string(getpid());
+    pid_t m_pid = 0;
+};
+
+} // namespace vexa::test
