@@ -3,7 +3,7 @@
 #include "controls/AddToBatchPanel.h"
 #include "controls/FileDialogPanels.h"
 #include "controls/MessageBoxAlerts.h"
-#include "controls/VexaPrefsController.h"
+#include "controls/PreferencesOnDemand.h"
 #include "controls/outlet_adapters.h"
 #include "engine/plain_outlets.h"
 
@@ -44,7 +44,7 @@ private:
     WindowTitleOutlet m_title{*this};
     MessageBoxAlerts m_alerts{*this};
     FileDialogPanels m_filePanels{*this};
-    VexaPrefsController m_prefsController{*this};
+    PreferencesOnDemand m_prefsController{*this};
     AddToBatchPanel m_addToPanel{this};
     PlainOutlets m_absent; ///< for the outlets that have no control yet
     std::vector<std::unique_ptr<Button>> m_buttons;
