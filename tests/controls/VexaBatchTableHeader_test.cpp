@@ -6,10 +6,10 @@
 #include <QStandardItemModel>
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <vector>
 
 using namespace vexa;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
