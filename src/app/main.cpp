@@ -4,6 +4,7 @@
 #include "app/terminal_stripe.h"
 #include "app/termination_signals.h"
 #include "controls/AccessibleButton.h"
+#include "controls/AccessiblePopup.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
@@ -47,6 +48,7 @@ std::optional<CommandLineError> takeUp(MidiSystem& system, const CommandLine& li
 
 int runWindow(const CommandLine& line) {
     AccessibleButton::install();
+    AccessiblePopup::install();
     // Reaching a MIDI system and building the window take about as long: they go on at once.
     auto opening = std::async(std::launch::async, openMidiSystem, line.midi);
     MainWindow window;

@@ -32,8 +32,12 @@ class Window:
             raise
 
     def shown(self, name):
-        """The text that a time display or label shows."""
+        """The text that a time display, label or pop-up list shows."""
         return self._widget(name).get_description()
+
+    def text(self, name):
+        """What stands in a text field."""
+        return Atspi.Text.get_text(self._widget(name), 0, -1)
 
     def is_on(self, name):
         return self._has(name, Atspi.StateType.CHECKED)
@@ -145,7 +149,8 @@ class Window:
         return found[1] if found[:1] == [str(self.program.pid)] else None
 
     def _widget(self, name):
-        return _first(self._application, lambda widget: widget.get_name() == name)
+        """Not the caption of that name beside it."""
+        return _first(self._application, lambda w: w.get_name() == name and not _is_caption(w))
 
     def _has(self, name, state):
         return _is(self._widget(name), state)
@@ -180,3 +185,8 @@ def _first(root, is_wanted, in_menus=False):
 
 def _is(widget, state):
     return widget.get_state_set().contains(state)
+
+
+def _is_caption(widget):
+    relations = [relation.get_relation_type() for relation in widget.get_relation_set()]
+    return Atspi.RelationType.LABEL_FOR in relations
