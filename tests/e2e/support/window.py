@@ -46,8 +46,9 @@ class Window:
         return self._has(name, Atspi.StateType.FOCUSED)
 
     def titles(self):
-        """The titles of all windows of the program, alerts among them."""
-        return [window.get_name() for window in _children(self._application)]
+        """The titles of all windows of the program that are shown, alerts among them."""
+        windows = _children(self._application)
+        return [w.get_name() for w in windows if _is(w, Atspi.StateType.SHOWING)]
 
     def menu(self, title):
         """The titles of a menu's items; those that cannot be chosen in parentheses."""
