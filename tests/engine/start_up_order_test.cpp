@@ -4,6 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <span>
+
 using namespace vexa;
 using namespace vexa::test;
 using testing::ElementsAre;

@@ -1,4 +1,3 @@
-#include "defaults/user_defaults.h"
 #include "midi/BackgroundMidiSystem.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/jack/JackMidiDriver.h"
@@ -9,6 +8,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace vexa;
