@@ -18,14 +18,17 @@ def setUpModule():
     desktop.start()
 
 
+THIRD_OF_A_SECOND = 10  # frames
+THREE_SECONDS = 3 << 8
+
+
 def item(number, reel, title, hour):
-    """A third of a second of tape, from a full hour on."""
+    """A stretch of tape from a full hour on."""
     return {
         "vexaid": number,
         "vexareel": reel,
         "vexatitle": title,
         "vexastart": hour << 24,
-        "vexastop": hour << 24 | 10,
         "vexarate": 2,
         "vexatype": 0,
     }
@@ -35,13 +38,14 @@ THREE_ITEMS = [item(0, 1, "one", 1), item(1, 1, "two", 2), item(2, 2, "three", 3
 
 
 class BatchRun(DeviceTest):
-    def open_list(self, delay):
+    def open_list(self, delay, length=THIRD_OF_A_SECOND):
         """The window with the three items, batch striping on and settings of the operator's."""
+        items = [{**item, "vexastop": item["vexastart"] + length} for item in THREE_ITEMS]
         settings = pathlib.Path(os.environ["XDG_CONFIG_HOME"])
         (settings / "vexa-remote").mkdir()
         (settings / "vexa-remote" / "vexa-remote.ini").write_text(f"[General]\nvexadelay={delay}\n")
         file = settings / "Day 1.vexaB"
-        file.write_bytes(plistlib.dumps({"vexabatchlist": THREE_ITEMS}))
+        file.write_bytes(plistlib.dumps({"vexabatchlist": items}))
         self.window = Window("--midi", "jack", str(file))
         self.addCleanup(self.window.close)
         self.expect_messages(STOP)
@@ -98,7 +102,7 @@ class BatchRun(DeviceTest):
         self.window.await_on("Stop")
 
     def test_pause_and_play_begin_again_at_the_first_item(self):
-        self.open_list(delay=1)
+        self.open_list(delay=1, length=THREE_SECONDS)
         self.window.keys("F6")
         self.expect_messages(*play(1, 0, 0, 0, FPS_30_MTC), STOP)
         self.expect_messages(*play(2, 0, 0, 0, FPS_30_MTC)[1:])
