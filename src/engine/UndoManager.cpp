@@ -46,6 +46,9 @@ UndoManager::UndoManager(QObject* parent) : QObject(parent) {
         application->installEventFilter(this);
 }
 
+// A stack that goes down says that it is cleared; the owner of this is half gone by then.
+UndoManager::~UndoManager() { m_stack.disconnect(this); }
+
 UndoManager::Group& UndoManager::openGroup() {
     if (!m_open) {
         m_open = new Group(*this);

@@ -17,6 +17,7 @@ class UndoManager : public QObject {
 
 public:
     explicit UndoManager(QObject* parent = nullptr);
+    ~UndoManager() override;
 
     /// Records the call that takes back the edit just made.
     void registerUndo(std::function<void()> inverse);

@@ -155,4 +155,14 @@ TEST_F(Undo, TellsOfEveryChange) {
     EXPECT_GT(std::exchange(changes, 0), 0);
 }
 
+TEST(UndoManagerAtItsEnd, TellsOfNoChange) {
+    int changes = 0;
+    {
+        UndoManager manager;
+        manager.registerUndo([] {});
+        QObject::connect(&manager, &UndoManager::changed, [&] { ++changes; });
+    }
+    EXPECT_EQ(changes, 0);
+}
+
 } // namespace
