@@ -41,9 +41,10 @@ public:
     JackServer(const JackServer&) = delete;
     JackServer& operator=(const JackServer&) = delete;
 
-    /// Does not wait until it is up.
+    /// Does not wait until it is up. Synchronous: a receiver that comes late on a busy machine
+    /// still gets its period.
     void start() {
-        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-d", "dummy", "-p", "256"});
+        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-p", "256"});
     }
 
     void stop(int signal) {
