@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/AddToBatchPanel.h"
+#include "controls/AddToBatchPanelOnDemand.h"
 #include "controls/FileDialogPanels.h"
 #include "controls/MessageBoxAlerts.h"
 #include "controls/PreferencesOnDemand.h"
@@ -45,7 +45,7 @@ private:
     MessageBoxAlerts m_alerts{*this};
     FileDialogPanels m_filePanels{*this};
     PreferencesOnDemand m_prefsController{*this};
-    AddToBatchPanel m_addToPanel{this};
+    AddToBatchPanelOnDemand m_addToPanel{*this};
     PlainOutlets m_absent; ///< for the outlets that have no control yet
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;
