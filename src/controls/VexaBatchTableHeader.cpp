@@ -30,6 +30,10 @@ VexaBatchTableHeader::VexaBatchTableHeader(QWidget* parent)
     setStretchLastSection(true);
 }
 
+QString VexaBatchTableHeader::title(int column) const {
+    return model()->headerData(column, Qt::Horizontal).toString();
+}
+
 void VexaBatchTableHeader::drawRect(QPainter& painter, const QRectF& bounds) const {
     const QColor light = QColor::fromRgbF(0.3F, 0.3F, 0.3F, 0.6F);
     const QColor dark = QColor::fromRgbF(0.1F, 0.1F, 0.1F, 0.6F);
@@ -45,8 +49,7 @@ void VexaBatchTableHeader::drawRect(QPainter& painter, const QRectF& bounds) con
         painter.setFont(m_lucida10gray.font);
         painter.setPen(m_lucida10gray.color);
         painter.drawText(QRectF(textX, bounds.top() + titleTop, width, bounds.height()),
-                         Qt::AlignLeft | Qt::AlignTop,
-                         model()->headerData(column, Qt::Horizontal).toString());
+                         Qt::AlignLeft | Qt::AlignTop, title(column));
         previousWidth = width;
         const qreal end = x + width + m_spacing - 1.0;
         strokeVertical(painter, end, top, bottom, dark);
@@ -54,9 +57,11 @@ void VexaBatchTableHeader::drawRect(QPainter& painter, const QRectF& bounds) con
     }
 }
 
-QSize VexaBatchTableHeader::sizeHint() const {
-    const int height = QFontMetrics(m_lucida10gray.font).height() + 2 * static_cast<int>(titleTop);
-    return {QHeaderView::sizeHint().width(), height};
+QSize VexaBatchTableHeader::sectionSizeFromContents(int column) const {
+    const QFontMetrics metrics(m_lucida10gray.font);
+    const int spacings = 2 * m_spacing; // one before the title, one after the column
+    return {metrics.horizontalAdvance(title(column)) + spacings,
+            metrics.height() + 2 * static_cast<int>(titleTop)};
 }
 
 void VexaBatchTableHeader::mouseReleaseEvent(QMouseEvent* event) {

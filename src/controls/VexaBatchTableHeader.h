@@ -29,8 +29,6 @@ public:
     /// Paints titles and dividers, and no ground, for columns that begin at the left of bounds.
     void drawRect(QPainter& painter, const QRectF& bounds) const;
 
-    QSize sizeHint() const override;
-
 Q_SIGNALS:
     /// The mouse was let go, perhaps after a column was resized.
     void released();
@@ -38,8 +36,12 @@ Q_SIGNALS:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    /// By the type that is painted, not by the style's bold one.
+    QSize sectionSizeFromContents(int column) const override;
 
 private:
+    QString title(int column) const;
+
     TextAttributes m_lucida10gray;
     int m_spacing = 0;
 };

@@ -123,6 +123,17 @@ TEST(HeaderText, IsLucidaGrandeOfNinePointsInGray) {
     EXPECT_EQ(header.lucida10gray().color, QColor(128, 128, 128));
 }
 
+TEST(HeaderText, AColumnThatIsFittedToItsTitleHoldsItsOwnTypeAndTheSpace) {
+    QStandardItemModel model(0, 1);
+    model.setHorizontalHeaderLabels({u"Start"_qs});
+    VexaBatchTableHeader header;
+    header.setModel(&model);
+    header.setSpacing(5);
+    const QFontMetrics metrics(header.lucida10gray().font);
+    EXPECT_EQ(header.sectionSizeHint(0), metrics.horizontalAdvance(u"Start"_qs) + 10);
+    EXPECT_EQ(header.sizeHint().height(), metrics.height() + 4);
+}
+
 TEST(HeaderText, ReadsOnTheGroundOfTheHeader) {
     VexaBatchTableHeader header;
     header.resize(100, height);
