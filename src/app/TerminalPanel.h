@@ -41,14 +41,16 @@ private:
     QEventLoop m_loop;
 };
 
-/// Tells whoever listens which item's title is shown.
-class ItemLabel final : public TextField {
+/// The list of a run: tells whoever listens how the run gets on, not which titles it shows, since
+/// an item may have none.
+class RunProgress final : public PlainBatchTable {
 public:
-    void setStringValue(const QString& text) override {
-        if (onText)
-            onText(text);
+    void markItem(const BatchItemRef& item, StripeMark mark) override {
+        PlainBatchTable::markItem(item, mark);
+        if (onMark)
+            onMark(item, mark);
     }
-    std::function<void(const QString&)> onText;
+    std::function<void(const BatchItemRef&, StripeMark)> onMark;
 };
 
 /// Counts the seconds of a pause down.

@@ -30,7 +30,12 @@ class TerminalStripe {
 public:
     TerminalStripe() {
         m_controller.applicationDidFinishLaunching();
-        m_label.onText = [this](const QString& title) { showItem(title); };
+        m_progress.onMark = [this](const BatchItemRef& item, StripeMark mark) {
+            if (mark == StripeMark::underWay)
+                showItem(item);
+            else
+                showPause();
+        };
     }
 
     /// False, with a line that says why, when there is no such stripe.
@@ -64,7 +69,7 @@ private:
     Outlets outlets() {
         auto outlets = m_plain.outlets(m_alerts);
         outlets.currentTimeButton = &m_clock;
-        outlets.currentStripeItemLabel = &m_label;
+        outlets.batchTable = &m_progress;
         return outlets;
     }
 
@@ -103,27 +108,35 @@ private:
         }
         m_controller.setUseBatch(true);
         if (!line.rows.empty()) {
-            m_plain.batchTable.selectRows(line.rows);
+            m_progress.selectRows(line.rows);
             m_controller.setBatchMode(batchModeSelected);
         }
         return true;
     }
 
-    void showItem(const QString& title) {
+    void showItem(const BatchItemRef& item) {
         m_countdown.stop();
-        if (!title.isEmpty()) {
-            m_clock.setHeading(title.toStdString() + "  " + text(m_controller.currentTime()) +
-                               " to " + text(m_controller.currentStopTime()) + ", " +
-                               codes(m_controller));
-        } else if (m_controller.transportState() == transport::pausedBetweenItems) {
-            m_clock.setHeading({});
-            m_countdown.start(m_controller.delayInSeconds());
-        }
+        const auto title = m_controller.batchStripeData().titleOfItem(item).toStdString();
+        m_clock.setHeading((title.empty() ? "(no title)" : title) + "  " +
+                           text(m_controller.currentTime()) + " to " +
+                           text(m_controller.currentStopTime()) + ", " + codes(m_controller));
+    }
+
+    void showPause() {
+        m_clock.setHeading({});
+        // Queued: whether another item follows is known when this one has been left.
+        QMetaObject::invokeMethod(
+            qApp,
+            [this] {
+                if (m_controller.transportState() == transport::pausedBetweenItems)
+                    m_countdown.start(m_controller.delayInSeconds());
+            },
+            Qt::QueuedConnection);
     }
 
     PlainOutlets m_plain;
     TerminalClock m_clock;
-    ItemLabel m_label;
+    RunProgress m_progress;
     TerminalAlerts m_alerts;
     TimerfdRunLoop m_runLoop;
     Countdown m_countdown{m_runLoop};
