@@ -1,10 +1,10 @@
 #!/bin/bash
-# build_machine.sh BINARIES WORK: makes what the virtual machine boots, WORK/vmlinuz and
-# WORK/initramfs.cpio, of a Debian kernel and programs of this machine. The kernel's package is
-# fetched once, and not installed.
+# build_machine.sh WORK PROGRAM…: makes what the virtual machine boots, WORK/vmlinuz and
+# WORK/initramfs.cpio, of a Debian kernel, these programs and those of this machine that the
+# scenarios use. The kernel's package is fetched once, and not installed.
 set -euo pipefail
-binaries=$1
-work=$2
+work=$1
+shift
 here=$(dirname "$(realpath "$0")")
 modules=(snd-seq snd-seq-midi snd-seq-dummy snd-virmidi snd-usb-audio dummy_hcd usb_f_midi)
 
@@ -51,8 +51,7 @@ mkdir -p "$work" && cd "$work"
 [ -d kernel ] || fetch_kernel
 rm -rf root && mkdir -p root/{bin,sbin,dev,proc,sys,tmp,lib/modules,usr/share/alsa}
 copy_modules
-copy_with_libraries "$binaries"/vexa-{remote,generator} "$(command -v aseqdump)" \
-    "$(command -v aplaymidi)"
+copy_with_libraries "$@" "$(command -v aseqdump)" "$(command -v aplaymidi)"
 cp /usr/share/alsa/alsa.conf root/usr/share/alsa
 cp "$(command -v busybox)" root/bin
 ln -s ../bin/busybox root/sbin/modprobe

@@ -24,8 +24,8 @@ def run_here(binaries, scenarios, results):
                    env=os.environ | {"PATH": path})
 
 
-def build_virtual(binaries, work):
-    subprocess.run([HERE / "build_machine.sh", binaries, work], check=True)
+def build_virtual(work, *programs):
+    subprocess.run([HERE / "build_machine.sh", work, *programs], check=True)
 
 
 def run_virtual(work, scenarios, results, seconds):

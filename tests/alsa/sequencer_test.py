@@ -170,7 +170,7 @@ def setUpModule():
         machine.run_here(binaries, machine.scenarios("sequencer"), work / "first")
     else:
         scenarios += machine.scenarios("sequencer")
-    machine.build_virtual(binaries, work)
+    machine.build_virtual(work, binaries / "vexa-remote", binaries / "vexa-generator")
     machine.run_virtual(work, scenarios, work / "first", RUN_SECONDS)
     machine.run_virtual(work, RESTARTED, work / "second", RUN_SECONDS)
 

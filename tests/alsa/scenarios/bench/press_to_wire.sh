@@ -1,0 +1,1 @@
+press_to_wire_bench 500 > figures
