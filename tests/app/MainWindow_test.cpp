@@ -105,8 +105,6 @@ INSTANTIATE_TEST_SUITE_P(Table, BatchControlName,
                                          Name{"removeFromBatchButton", "Remove selected items"},
                                          Name{"batchCheck", "Batch striping"},
                                          Name{"batchAll", "All"}, Name{"batchSelected", "Selected"},
-                                         Name{"batchTable", "Batch stripe list"},
-                                         Name{"reelField", "Reel number"},
-                                         Name{"titleField", "Title"}));
+                                         Name{"batchTable", "Batch stripe list"}));
 
 } // namespace

@@ -35,6 +35,11 @@ TEST_F(Panel, EndsByItsButtonsWithTheirCodes) {
     EXPECT_FALSE(panel.isVisible());
 }
 
+TEST_F(Panel, ItsFieldsAreNamedForAssistiveTechnology) {
+    EXPECT_EQ(reelField->accessibleName(), u"Reel number"_qs);
+    EXPECT_EQ(titleField->accessibleName(), u"Title"_qs);
+}
+
 TEST_F(Panel, HoldsUpTheWholeApplicationWhileItIsShown) {
     run([&] {
         EXPECT_TRUE(panel.isModal());
