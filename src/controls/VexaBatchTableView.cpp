@@ -106,10 +106,17 @@ void VexaBatchTableView::storeColumnWidths() {
     }
 }
 
+void VexaBatchTableView::scrollToItem(const BatchItemRef& item) {
+    // After a reload, scroll bars come and go: behind this layout, and before what is queued now.
+    executeDelayedItemsLayout();
+    QMetaObject::invokeMethod(
+        this, [this, item] { scrollTo(m_model.indexOfItem(item)); }, Qt::QueuedConnection);
+}
+
 void VexaBatchTableView::markItem(const BatchItemRef& item, StripeMark mark) {
     m_model.markItem(item, mark);
     if (mark == StripeMark::underWay)
-        scrollTo(m_model.indexOfItem(item));
+        scrollToItem(item);
 }
 
 void VexaBatchTableView::reset() {

@@ -32,6 +32,7 @@ public:
     void installHeader() override;
     /// Also brings back the column widths.
     void setIntercellSpacing(double width, double height) override;
+    void scrollToItem(const BatchItemRef& item) override;
     void markItem(const BatchItemRef& item, StripeMark mark) override;
     void clearMarks() override { m_model.clearMarks(); }
 

@@ -35,6 +35,7 @@ void Vexa_RemoteAppDelegate::addItemToBatchList(std::uint64_t reel, const QStrin
                                                 std::uint64_t rate, std::uint64_t type) {
     const auto item = m_batchStripeData->addItemWithReel(reel, title, start, stop, rate, type);
     batchListChanged();
+    m_outlets.batchTable->scrollToItem(item);
     m_dirty = true;
     registerEdit(QStringLiteral("Add to Batch List"),
                  [this, item](const QString& name) { removeItemFromBatchList(item, name); });
@@ -52,6 +53,7 @@ void Vexa_RemoteAppDelegate::addItemToBatchList(const BatchItemRef& item,
                                                 const QString& actionName) {
     m_batchStripeData->addItem(item);
     batchListChanged();
+    m_outlets.batchTable->scrollToItem(item);
     // An addition again, not the removal: undoing a redone addition puts in a second copy.
     registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
 }

@@ -68,6 +68,8 @@ public:
     /// Replaces the platform's header by the list's own.
     virtual void installHeader() = 0;
     virtual void setIntercellSpacing(double width, double height) = 0;
+    /// Brings the item's row into view, if the list holds it. The selection stays.
+    virtual void scrollToItem(const BatchItemRef& item) = 0;
     /// Marks an item's row, and brings it into view when it comes under way. The selection stays.
     virtual void markItem(const BatchItemRef& item, StripeMark mark) = 0;
     virtual void clearMarks() = 0;

@@ -83,6 +83,7 @@ public:
     void setColumnIdentifiers(const QStringList& identifiers) override { m_columns = identifiers; }
     void installHeader() override {}
     void setIntercellSpacing(double, double) override {}
+    void scrollToItem(const BatchItemRef& item) override { m_inView = item; }
     void markItem(const BatchItemRef& item, StripeMark mark) override { m_marks[item] = mark; }
     void clearMarks() override { m_marks.clear(); }
 
@@ -90,12 +91,14 @@ public:
         const auto found = m_marks.find(item);
         return found == m_marks.end() ? StripeMark::none : found->second;
     }
+    const BatchItemRef& itemInView() const { return m_inView; }
     void selectRows(const RowIndexes& rows) { m_selected = rows; }
     const QStringList& columnIdentifiers() const { return m_columns; }
 
 private:
     RowIndexes m_selected;
     QStringList m_columns;
+    BatchItemRef m_inView;
     std::map<BatchItemRef, StripeMark> m_marks;
 };
 

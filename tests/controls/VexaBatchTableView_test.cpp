@@ -36,6 +36,13 @@ struct TableView : testing::Test {
     QPoint middleOf(int row, int column) {
         return table.visualRect(table.model()->index(row, column)).center();
     }
+    bool isInView(int row) {
+        return table.viewport()->rect().contains(table.visualRect(table.model()->index(row, 0)));
+    }
+    void scrollTo(const BatchItemRef& item) {
+        table.scrollToItem(item);
+        QCoreApplication::processEvents();
+    }
     void click(int row, Qt::KeyboardModifiers modifiers = {}) {
         QTest::mouseClick(table.viewport(), Qt::LeftButton, modifiers, middleOf(row, 2));
     }
@@ -139,12 +146,31 @@ TEST_F(TableView, TheEditKeyEditsTheTitleFromAnyColumn) {
     EXPECT_EQ(list.batchList()[2]->title, u"last"_qs);
 }
 
+TEST_F(TableView, AnItemIsBroughtIntoViewAndTheSelectionStays) {
+    addRows(500);
+    const auto item = list.batchList()[400];
+    scrollTo(item);
+    EXPECT_TRUE(isInView(400)) << "straight after a reload";
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes());
+
+    table.selectRow(1);
+    scrollTo(item);
+    EXPECT_TRUE(isInView(400));
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{1});
+
+    const int position = table.verticalScrollBar()->value();
+    list.removeItem(item);
+    scrollTo(item);
+    EXPECT_EQ(table.verticalScrollBar()->value(), position) << "it is not in the list";
+}
+
 TEST_F(TableView, TheRowThatComesUnderWayIsBroughtIntoView) {
     addRows(500);
     table.selectRow(0);
     const auto item = list.batchList()[400];
     table.markItem(item, StripeMark::underWay);
-    EXPECT_TRUE(table.viewport()->rect().contains(middleOf(400, 0)));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isInView(400));
     EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{0});
 
     const int position = table.verticalScrollBar()->value();

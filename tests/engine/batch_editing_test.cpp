@@ -91,6 +91,17 @@ TEST_F(BatchEditing, TheButtonAddsAnItemOfTheCurrentSettings) {
     EXPECT_TRUE(rig.ui.batchCheck.isEnabled());
 }
 
+TEST_F(BatchEditing, AnAddedItemIsBroughtIntoView) {
+    const auto first = addItem(3, "first");
+    EXPECT_EQ(rig.ui.batchTable.itemInView(), first);
+    const auto second = addItem(2, "second");
+    EXPECT_EQ(rig.ui.batchTable.itemInView(), second);
+    undo.undo();
+    rig.ui.batchTable.scrollToItem(first);
+    undo.redo();
+    EXPECT_EQ(rig.ui.batchTable.itemInView(), second);
+}
+
 TEST_F(BatchEditing, AnAdditionIsUndoneAndRedoneAndThenOnlyEverRepeated) {
     addItem(1, "first");
     countAsSaved();
