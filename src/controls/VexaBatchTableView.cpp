@@ -17,7 +17,7 @@ constexpr char16_t deleteKey = 0x7F;
 constexpr int rowPadding = 6;
 
 int standardWidth(const QString& column) {
-    static const QHash<QString, int> widths{{item_key::reel, 68},   {item_key::title, 302},
+    static const QHash<QString, int> widths{{item_key::reel, 68},   {item_key::title, 284},
                                             {item_key::start, 104}, {item_key::stop, 104},
                                             {item_key::rate, 72},   {item_key::type, 72}};
     return widths.value(column, 72);
