@@ -1,14 +1,10 @@
 """A batch list striped in the window, from its file to the last stop."""
 
-import os
-import pathlib
-import plistlib
 import unittest
 
 from support import desktop
 from support.cases import DeviceTest
-from support.waiting import eventually
-from support.window import Window
+from support.items import Item
 from support.wire import STOP, play
 
 FPS_30_MTC = 2  # a mode code
@@ -18,37 +14,19 @@ def setUpModule():
     desktop.start()
 
 
-THIRD_OF_A_SECOND = 10  # frames
-THREE_SECONDS = 3 << 8
-
-
-def item(number, reel, title, hour):
-    """A stretch of tape from a full hour on."""
-    return {
-        "vexaid": number,
-        "vexareel": reel,
-        "vexatitle": title,
-        "vexastart": hour << 24,
-        "vexarate": 2,
-        "vexatype": 0,
-    }
-
-
-THREE_ITEMS = [item(0, 1, "one", 1), item(1, 1, "two", 2), item(2, 2, "three", 3)]
+THIRD_OF_A_SECOND = "00:10"
+THREE_SECONDS = "03:00"
+TITLES_AND_REELS = (("one", 1), ("two", 1), ("three", 2))
 
 
 class BatchRun(DeviceTest):
-    def open_list(self, delay, length=THIRD_OF_A_SECOND):
+    def open_three_items(self, delay, length=THIRD_OF_A_SECOND):
         """The window with the three items, batch striping on and settings of the operator's."""
-        items = [{**item, "vexastop": item["vexastart"] + length} for item in THREE_ITEMS]
-        settings = pathlib.Path(os.environ["XDG_CONFIG_HOME"])
-        (settings / "vexa-remote").mkdir()
-        (settings / "vexa-remote" / "vexa-remote.ini").write_text(f"[General]\nvexadelay={delay}\n")
-        file = settings / "Day 1.vexaB"
-        file.write_bytes(plistlib.dumps({"vexabatchlist": items}))
-        self.window = Window("--midi", "jack", str(file))
-        self.addCleanup(self.window.close)
-        self.expect_messages(STOP)
+        self.write_settings(vexadelay=delay)
+        self.window, _, _ = self.open_list(
+            Item(reel, title, f"0{hour}:00:00:00", f"0{hour}:00:{length}")
+            for hour, (title, reel) in enumerate(TITLES_AND_REELS, start=1)
+        )
         self.window.type_time("Start time", "05:00:00:00")
         self.window.press("DTL")
         self.window.press("Batch striping")
@@ -65,7 +43,7 @@ class BatchRun(DeviceTest):
         self.assertEqual(self.window.shown("Current item"), "")
 
     def test_stripes_item_after_item_and_asks_for_the_second_reel(self):
-        self.open_list(delay=2)
+        self.open_three_items(delay=2)
         self.window.keys("F6")
         first = self.expect_messages(*play(1, 0, 0, 0, FPS_30_MTC), STOP)
         for name in ("Pause", "Play", "Pause"):  # they blink
@@ -73,7 +51,7 @@ class BatchRun(DeviceTest):
         second = self.expect_item(2, STOP)
         self.assertAlmostEqual(second[0] - first[-1], 2, delta=0.2)
         self.assertAlmostEqual(second[-1] - second[0], 1 / 3, delta=0.1)
-        eventually("the reel is asked for", lambda: len(self.window.titles()) == 2)
+        self.window.await_alert("Please load reel 2, then hit Continue")
         self.assertEqual(self.monitor.take(1, 0.5), [], "sent while the reel is asked for")
         self.window.press("Continue")
         self.expect_item(3, STOP, STOP)
@@ -81,18 +59,18 @@ class BatchRun(DeviceTest):
         self.assertEqual(len(self.window.titles()), 1)
 
     def test_without_a_delay_the_next_item_follows_at_once(self):
-        self.open_list(delay=0)
+        self.open_three_items(delay=0)
         self.window.keys("F6")
         first, second = play(1, 0, 0, 0, FPS_30_MTC), play(2, 0, 0, 0, FPS_30_MTC)
         moments = self.expect_messages(*first, STOP, *second[1:], STOP)
         self.assertLess(moments[4] - moments[3], 0.1)
-        eventually("the reel is asked for", lambda: len(self.window.titles()) == 2)
+        self.window.await_alert("Please load reel 2, then hit Continue")
         self.window.press("Continue")
         self.expect_item(3, STOP, STOP)
         self.expect_settings_back()
 
     def test_stop_in_the_pause_ends_the_run(self):
-        self.open_list(delay=1)
+        self.open_three_items(delay=1)
         self.window.keys("F6")
         self.expect_messages(*play(1, 0, 0, 0, FPS_30_MTC), STOP)
         self.window.await_on("Pause")
@@ -102,7 +80,7 @@ class BatchRun(DeviceTest):
         self.window.await_on("Stop")
 
     def test_pause_and_play_begin_again_at_the_first_item(self):
-        self.open_list(delay=1, length=THREE_SECONDS)
+        self.open_three_items(delay=1, length=THREE_SECONDS)
         self.window.keys("F6")
         self.expect_messages(*play(1, 0, 0, 0, FPS_30_MTC), STOP)
         self.expect_messages(*play(2, 0, 0, 0, FPS_30_MTC)[1:])

@@ -1,9 +1,12 @@
 """What the tests of the program have in common."""
 
 import os
+import pathlib
 import tempfile
 import unittest
 
+from support.batch_list import BatchList
+from support.items import list_file
 from support.jack import JackServer, MidiMonitor
 from support.window import Window
 from support.wire import STOP
@@ -16,6 +19,12 @@ class ProgramTest(unittest.TestCase):
         settings = tempfile.TemporaryDirectory(prefix="vexa-e2e-settings-")
         self.addCleanup(settings.cleanup)
         os.environ["XDG_CONFIG_HOME"] = settings.name
+        self.settings = pathlib.Path(settings.name) / "vexa-remote" / "vexa-remote.ini"
+
+    def write_settings(self, **settings):
+        lines = [f"{key}={value}" for key, value in settings.items()]
+        self.settings.parent.mkdir(exist_ok=True)
+        self.settings.write_text("\n".join(["[General]", *lines, ""]))
 
 
 class DeviceTest(ProgramTest):
@@ -50,9 +59,16 @@ class DeviceTest(ProgramTest):
         self.monitor.stop()
         self.assertEqual(self.monitor.take(0), [], "came after the last message expected")
 
-    def open_window(self):
+    def open_window(self, *arguments):
         """The window at rest, its start-up message read."""
-        window = Window("--midi", "jack")
+        window = Window("--midi", "jack", *arguments)
         self.addCleanup(window.close)
         self.expect_messages(STOP)
         return window
+
+    def open_list(self, items):
+        """A window with a list file of these items: the window, its list and the file."""
+        file = self.settings.parent.parent / "Day 1.vexaB"
+        file.write_bytes(list_file(items))
+        window = self.open_window(str(file))
+        return window, BatchList(window), file

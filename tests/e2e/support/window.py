@@ -11,11 +11,24 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 from support import desktop, program
 from support.waiting import eventually
 
+# Those that are looked into only when what is in them is asked for.
 MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
+CLOSED_ROLES = (*MENU_ROLES, Atspi.Role.TABLE)
 
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def click(widget, times=1):
+    """Not in a scaled window: Qt tells the bus its own pixels, not the screen's."""
+    box = extents(widget)
+    x, y = box.x + box.width // 2, box.y + box.height // 2
+    xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
+
+
+def extents(widget):
+    return Atspi.Component.get_extents(widget, Atspi.CoordType.SCREEN)
 
 
 class Window:
@@ -26,18 +39,22 @@ class Window:
             self._application.set_cache_mask(Atspi.Cache.NONE)
             self._x_window = eventually("the window is active", self._active_x_window)
             # The first paint lays the widgets out.
-            eventually("the window is shown", lambda: self._widget("Stop time"))
+            eventually("the window is shown", lambda: self.widget("Stop time"))
         except BaseException:
             self.program.stop()
             raise
 
+    def widget(self, name):
+        """Not the caption of that name beside it."""
+        return _first(self._application, lambda w: w.get_name() == name and not _is_caption(w))
+
     def shown(self, name):
         """The text that a time display, label or pop-up list shows."""
-        return self._widget(name).get_description()
+        return self.widget(name).get_description()
 
     def text(self, name):
         """What stands in a text field."""
-        return Atspi.Text.get_text(self._widget(name), 0, -1)
+        return Atspi.Text.get_text(self.widget(name), 0, -1)
 
     def is_on(self, name):
         return self._has(name, Atspi.StateType.CHECKED)
@@ -49,6 +66,12 @@ class Window:
         """The titles of all windows of the program that are shown, alerts among them."""
         windows = _children(self._application)
         return [w.get_name() for w in windows if _is(w, Atspi.StateType.SHOWING)]
+
+    def is_shown(self, name):
+        return self._has(name, Atspi.StateType.SHOWING)
+
+    def is_enabled(self, name):
+        return self._has(name, Atspi.StateType.ENABLED)
 
     def menu(self, title):
         """The titles of a menu's items; those that cannot be chosen in parentheses."""
@@ -66,17 +89,26 @@ class Window:
         what = f"the clock comes to {text}"
         eventually(what, lambda: text <= self.shown("Current time") <= no_later_than)
 
+    def await_title(self, title, there=True):
+        """Waits until a window, panel or alert of that title is there, or has gone."""
+        what = f"{title} is {'there' if there else 'gone'}"
+        eventually(what, lambda: (title in self.titles()) == there)
+
+    def await_alert(self, text):
+        """Waits for an alert by its message, or by the text below that."""
+        eventually(f"an alert says {text}", lambda: self.widget(text))
+
     def await_on(self, name, on=True):
         what = f"{name} is {'on' if on else 'off'}"
         eventually(what, lambda: self.is_on(name) == on)
 
     def press(self, name):
         """Presses a button the way a screen reader does."""
-        self._do(self._widget(name))
+        self._do(self.widget(name))
 
     def press_at_once(self, *names):
         """Presses buttons so that the program, which was busy, finds all the presses waiting."""
-        presses = [(w.app.bus_name, w.path) for w in map(self._widget, names)]
+        presses = [(w.app.bus_name, w.path) for w in map(self.widget, names)]
         bus = desktop.accessibility_bus()
         self.program.send_signal(signal.SIGSTOP)
         for name, path in presses:
@@ -86,7 +118,7 @@ class Window:
         self.program.send_signal(signal.SIGCONT)
 
     def focus(self, name):
-        Atspi.Component.grab_focus(self._widget(name))
+        Atspi.Component.grab_focus(self.widget(name))
         eventually(f"{name} has the keyboard", lambda: self.has_focus(name))
 
     def choose(self, title, item_title):
@@ -95,11 +127,8 @@ class Window:
         self._do(item)
 
     def click(self, name, times=1):
-        """Clicks with the mouse in the middle of a widget. Not in a scaled window: Qt tells the
-        bus its own pixels, not the screen's."""
-        box = Atspi.Component.get_extents(self._widget(name), Atspi.CoordType.SCREEN)
-        x, y = box.x + box.width // 2, box.y + box.height // 2
-        xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
+        """Clicks with the mouse in the middle of a widget."""
+        click(self.widget(name), times)
 
     def keys(self, *names):
         """Strikes keys, by their X names."""
@@ -107,6 +136,11 @@ class Window:
 
     def type(self, text):
         self.keys(*text)
+
+    def write(self, text):
+        """Types text of any letters over what stands in the field that has the keyboard."""
+        self.keys("ctrl+a")
+        xdotool("type", "--delay", 2, text)
 
     def hold_key(self, name, until):
         """Holds a key down until something is so; the keyboard repeats it meanwhile."""
@@ -149,12 +183,8 @@ class Window:
         ).stdout.split()
         return found[1] if found[:1] == [str(self.program.pid)] else None
 
-    def _widget(self, name):
-        """Not the caption of that name beside it."""
-        return _first(self._application, lambda w: w.get_name() == name and not _is_caption(w))
-
     def _has(self, name, state):
-        return _is(self._widget(name), state)
+        return _is(self.widget(name), state)
 
     def _menu_items(self, title):
         bar = _first(self._application, lambda w: w.get_role() == Atspi.Role.MENU_BAR, True)
@@ -177,7 +207,7 @@ def _first(root, is_wanted, in_menus=False):
     for child in _children(root):
         if is_wanted(child):
             return child
-        if in_menus or child.get_role() not in MENU_ROLES:
+        if in_menus or child.get_role() not in CLOSED_ROLES:
             found = _first(child, is_wanted, in_menus)
             if found:
                 return found

@@ -1,10 +1,30 @@
 """The frames of the generator, as bytes."""
 
+from support.items import RATES, SYNC_TYPES, fields
+
 STOP = bytes.fromhex("f0 7d 42 00 00 00 00 00 f7")
+
+
+def setup_and_start(hours, minutes, seconds, frames, mode):
+    setup = bytes([0xF0, 0x7D, 0x42, hours, minutes, seconds, frames, mode, 0xF7])
+    return [setup, bytes([*setup[:7], 0x7F, 0xF7])]
 
 
 def play(hours, minutes, seconds, frames, mode):
     """What Play sends: stop, setup and start."""
-    setup = bytes([0xF0, 0x7D, 0x42, hours, minutes, seconds, frames, mode, 0xF7])
-    start = bytes([*setup[:7], 0x7F, 0xF7])
-    return [STOP, setup, start]
+    return [STOP, *setup_and_start(hours, minutes, seconds, frames, mode)]
+
+
+def mode(rate, sync):
+    """The mode code: a code of the sync type holds no rate when it is the last."""
+    return 8 if sync == "FSK" else RATES.index(rate) + len(RATES) * SYNC_TYPES.index(sync)
+
+
+def stripe(item):
+    """The item's part of a batch run, up to the stop at its end."""
+    return [*setup_and_start(*fields(item.start), mode(item.rate, item.sync)), STOP]
+
+
+def run(items):
+    """A whole batch run, from Play to its end."""
+    return [STOP, *(message for item in items for message in stripe(item)), STOP]

@@ -1,0 +1,57 @@
+"""Items of a batch list: as the table shows them, and as a list file holds them."""
+
+import plistlib
+from typing import NamedTuple
+
+RATES = ("24 fps", "25 fps", "30 fps", "30 df")
+SYNC_TYPES = ("MTC", "DTL", "FSK")
+
+
+class Item(NamedTuple):
+    reel: int
+    title: str
+    start: str
+    stop: str
+    rate: str = "30 fps"
+    sync: str = "MTC"
+
+    @property
+    def row(self):
+        """The texts of the item's row."""
+        return (str(self.reel), *self[1:])
+
+
+def fields(time):
+    """Hours, minutes, seconds and frames of a time's text."""
+    return [int(pair) for pair in time.split(":")]
+
+
+def list_file(items):
+    """A batch list file with these items."""
+    return plistlib.dumps({"vexabatchlist": [_element(n, item) for n, item in enumerate(items)]})
+
+
+def items_in(list_file):
+    """The items that a batch list file holds."""
+    return [_item(element) for element in plistlib.loads(list_file)["vexabatchlist"]]
+
+
+def _element(number, item):
+    return {
+        "vexaid": number,
+        "vexareel": item.reel,
+        "vexatitle": item.title,
+        "vexastart": int.from_bytes(fields(item.start), "big"),
+        "vexastop": int.from_bytes(fields(item.stop), "big"),
+        "vexarate": RATES.index(item.rate),
+        "vexatype": SYNC_TYPES.index(item.sync),
+    }
+
+
+def _item(element):
+    start, stop = (
+        ":".join(f"{field:02}" for field in element[key].to_bytes(4, "big"))
+        for key in ("vexastart", "vexastop")
+    )
+    rate, sync = RATES[element["vexarate"]], SYNC_TYPES[element["vexatype"]]
+    return Item(element["vexareel"], element["vexatitle"], start, stop, rate, sync)
