@@ -59,7 +59,8 @@ int runWindow(const CommandLine& line) {
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
     window.connectTo(controller);
-    const TerminationSignals signals([] { QCoreApplication::quit(); });
+    // Whoever sends a signal answers no question about an unsaved list, as quit() would ask.
+    const TerminationSignals signals([] { QCoreApplication::exit(); });
     if (!line.file.isNull())
         controller.openFile(line.file);
     window.show();
