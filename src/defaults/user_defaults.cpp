@@ -1,10 +1,14 @@
 #include "defaults/user_defaults.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QSettings>
+#include <QThread>
 #include <QVariant>
 
 #include <charconv>
+#include <chrono>
 #include <cmath>
 
 namespace vexa::defaults {
@@ -19,6 +23,22 @@ public:
         allKeys(); // looks at every line
         if (status() == FormatError)
             keepCopy();
+    }
+
+    /// False when another program holds the file and does not let go of it. QSettings itself would
+    /// wait half a minute, and with it the clock.
+    bool awaitOthers() const {
+        using namespace std::chrono_literals;
+        QLockFile lock(fileName() + QStringLiteral(".lock"));
+        const QDeadlineTimer deadline(1s);
+        while (!lock.tryLock()) {
+            if (lock.error() != QLockFile::LockFailedError)
+                break;
+            if (deadline.hasExpired())
+                return false;
+            QThread::msleep(5);
+        }
+        return true;
     }
 
 private:
@@ -64,6 +84,8 @@ std::optional<std::int64_t> integer(const char* key) {
 
 void write(std::initializer_list<Entry> entries) {
     Settings settings;
+    if (!settings.awaitOthers())
+        return;
     for (const auto& [key, value] : entries)
         settings.setValue(QLatin1String(key),
                           std::visit([](auto number) { return QVariant(number); }, value));

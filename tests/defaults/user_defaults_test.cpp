@@ -2,8 +2,10 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -168,6 +170,22 @@ TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     defaults::setReal("vexadelay", 3);
     EXPECT_TRUE(QFileInfo(directory).isFile());
+}
+
+TEST_F(UserDefaults, AProgramThatHoldsTheFileForeverIsNotWaitedFor) {
+    const QByteArray before = "[General]\nvexadelay=9\n";
+    writeFile(before);
+    QLockFile other(path() + QStringLiteral(".lock"));
+    ASSERT_TRUE(other.lock());
+    QElapsedTimer time;
+    time.start();
+    defaults::setReal("vexadelay", 3);
+    EXPECT_LT(time.elapsed(), 5000) << "milliseconds";
+    EXPECT_EQ(defaults::number("vexadelay"), 9);
+    EXPECT_EQ(contentOf(path()), before);
+    other.unlock();
+    defaults::setReal("vexadelay", 3);
+    EXPECT_EQ(defaults::number("vexadelay"), 3);
 }
 
 TEST_F(UserDefaults, ProgramsThatWriteAtOnceLoseNothing) {
