@@ -1,10 +1,14 @@
 """The preferences panel: what it shows, applies and remembers."""
 
+import os
+import pathlib
+import socket
 import unittest
 
 from support import desktop
 from support.cases import DeviceTest
 from support.jack import MidiMonitor
+from support.preferences import Preferences
 from support.waiting import eventually
 from support.window import Window
 from support.wire import STOP, play
@@ -18,55 +22,35 @@ def setUpModule():
     desktop.start()
 
 
-class Preferences(DeviceTest):
+class Panel(DeviceTest):
     def setUp(self):
         super().setUp()
         self.studio_b = MidiMonitor("studio-b")
         self.addCleanup(self.studio_b.stop)
         self.window = self.open_window()
-
-    def open_panel(self):
-        self.window.choose("Edit", "Preferences…")
-        eventually(
-            "the panel is there",
-            lambda: "Preferences" in self.window.titles()
-            and self.window.has_focus("Delay between items"),
-        )
-
-    def close_panel(self, key):
-        self.window.keys(key)
-        eventually("the panel is gone", lambda: "Preferences" not in self.window.titles())
-
-    def panel(self):
-        return (
-            self.window.text("Delay between items"),
-            self.window.shown("MIDI destination"),
-            self.window.shown("Default frame rate"),
-            self.window.shown("Default sync type"),
-            self.window.is_on("Pause for reel change"),
-        )
+        self.panel = Preferences(self.window)
 
     def await_destination(self, name):
         self.window.await_shown("MIDI destination", name)
 
     def change_everything(self):
-        self.window.keys("1", "2", *["Tab", "Tab", "Down"], *["Tab", "Down"] * 2, "Tab", "space")
-        eventually("everything is changed", lambda: self.panel() == CHANGED)
+        self.panel.change(delay="12", destination=1, rate=1, sync=1, pause=True)
+        eventually("everything is changed", lambda: self.panel.shown() == CHANGED)
 
     def expect_at_studio_b(self, *messages):
         taken = [message for _, message in self.studio_b.take(len(messages))]
         self.assertEqual(taken, list(messages))
 
     def test_the_first_time(self):
-        self.open_panel()
-        self.assertEqual(self.panel(), AT_FIRST)
-        self.close_panel("Escape")
+        self.panel.open()
+        self.assertEqual(self.panel.shown(), AT_FIRST)
+        self.panel.close("Escape")
 
     def test_confirmed_unchanged(self):
         self.window.press("24 fps")
         self.window.press("FSK")
-        self.open_panel()
-        self.close_panel("Return")
+        self.panel.open()
+        self.panel.close("Return")
         self.expect_messages(STOP)
         self.window.await_on("30 fps")
         self.assertTrue(self.window.is_on("MTC"))
@@ -74,19 +58,19 @@ class Preferences(DeviceTest):
         self.window.await_on("24 fps")
 
     def test_cancelled(self):
-        self.open_panel()
+        self.panel.open()
         self.change_everything()
-        self.close_panel("Escape")
-        self.open_panel()
-        self.assertEqual(self.panel(), AT_FIRST)
-        self.close_panel("Escape")
+        self.panel.close("Escape")
+        self.panel.open()
+        self.assertEqual(self.panel.shown(), AT_FIRST)
+        self.panel.close("Escape")
         self.assertTrue(self.window.is_on("30 fps"))
         self.assertTrue(self.window.is_on("MTC"))
 
     def test_changed_and_remembered(self):
-        self.open_panel()
+        self.panel.open()
         self.change_everything()
-        self.close_panel("Return")
+        self.panel.close("Return")
         self.expect_at_studio_b(STOP)
         self.window.await_on("30 df")
         self.assertTrue(self.window.is_on("DTL"))
@@ -94,12 +78,13 @@ class Preferences(DeviceTest):
 
         self.window = Window("--midi", "jack")
         self.addCleanup(self.window.close)
+        self.panel = Preferences(self.window)
         self.expect_at_studio_b(STOP, STOP)
         self.assertTrue(self.window.is_on("30 df"))
         self.assertTrue(self.window.is_on("DTL"))
-        self.open_panel()
-        self.assertEqual(self.panel(), CHANGED)
-        self.close_panel("Escape")
+        self.panel.open()
+        self.assertEqual(self.panel.shown(), CHANGED)
+        self.panel.close("Escape")
         self.window.keys("F6")
         self.expect_at_studio_b(*play(1, 0, 0, 0, DROP_FRAME_DTL))
         self.window.keys("F5")
@@ -109,24 +94,113 @@ class Preferences(DeviceTest):
         self.window.type_time("Stop time", "01:00:03:00")
         self.window.keys("F6")
         began = self.expect_messages(*play(1, 0, 0, 0, FPS_30))[-1]
-        self.open_panel()
+        self.panel.open()
         ended = self.expect_messages(STOP, STOP)[0]
         self.assertAlmostEqual(ended - began, 3, delta=0.3)
         self.assertIn("Preferences", self.window.titles())
         self.assertEqual(self.window.shown("Current time"), "01:00:03:00")
-        self.close_panel("Escape")
+        self.panel.close("Escape")
 
     def test_the_choice_stays_with_its_device(self):
-        self.open_panel()
+        self.panel.open()
         self.monitor.stop()
         self.await_destination("")
         studio_c = MidiMonitor("studio-c")
         self.addCleanup(studio_c.stop)
         self.connect_monitor()
         self.await_destination("midi-monitor:input")
-        self.close_panel("Return")
+        self.panel.close("Return")
         self.expect_messages(STOP)
         self.assertEqual(studio_c.take(0) + self.studio_b.take(0), [])
+
+
+class StoredSettings(DeviceTest):
+    def open_panel(self):
+        self.window = self.open_window()
+        self.panel = Preferences(self.window)
+        self.panel.open()
+
+    def confirm(self):
+        self.panel.close("Return")
+        self.expect_messages(STOP)
+
+    def change_and_confirm(self):
+        """A change is in force, whatever becomes of it on the disk."""
+        self.panel.change(delay="12", rate=1)
+        self.confirm()
+        self.window.await_on("30 df")
+        self.panel.open()
+        self.assertEqual(self.panel.shown()[::2], ("12", "30 df", True))
+        self.panel.close("Escape")
+
+    def stored(self):
+        lines = self.settings.read_text().splitlines()
+        return dict(line.split("=") for line in lines if "=" in line)
+
+    def check_not_stored(self):
+        before = self.settings.read_bytes()
+        self.open_panel()
+        self.change_and_confirm()
+        self.assertEqual(self.settings.read_bytes(), before)
+
+    def test_a_delay_of_part_of_a_second_is_cut_off(self):
+        self.write_settings(vexadelay=7.9)
+        self.open_panel()
+        self.assertEqual(self.panel.shown()[0], "7")
+        self.panel.close("Escape")
+        self.assertEqual(self.stored(), {"vexadelay": "7.9"})
+        self.panel.open()
+        self.confirm()
+        self.assertEqual(self.stored()["vexadelay"], "7")
+
+    def test_values_of_wrong_kinds_are_taken_as_the_numbers_they_begin_with(self):
+        self.write_settings(
+            vexadelay="slow",
+            vexadefaultrate="1.9",
+            vexadefaulttype="2 or so",
+            vexapauseforreel="perhaps",
+            vexamididest="the box",
+        )
+        self.open_panel()
+        self.assertEqual(self.panel.shown(), ("0", "midi-monitor:input", "25 fps", "FSK", False))
+        self.panel.close("Escape")
+
+    def test_a_file_of_garbage_counts_as_none_and_is_kept(self):
+        garbage = bytes(range(256)) * 16
+        self.write_settings()
+        self.settings.write_bytes(garbage)
+        self.open_panel()
+        self.assertEqual(self.panel.shown(), AT_FIRST)
+        self.change_and_confirm()
+        self.assertEqual(self.stored()["vexadelay"], "12")
+        self.assertEqual(self.settings.with_name("vexa-remote.ini~").read_bytes(), garbage)
+
+    def test_a_file_that_may_only_be_read_stays(self):
+        self.write_settings(vexadelay=3)
+        self.settings.chmod(0o444)
+        self.check_not_stored()
+
+    def test_a_directory_that_may_only_be_read_stays(self):
+        self.write_settings(vexadelay=3)
+        with self.read_only(self.settings.parent):
+            self.check_not_stored()
+
+    def test_no_directory_can_be_made(self):
+        with self.read_only(self.settings.parent.parent):
+            self.open_panel()
+            self.change_and_confirm()
+        self.assertFalse(self.settings.exists())
+
+    def test_another_program_that_is_writing_forever_holds_nobody_up(self):
+        self.write_settings(vexadelay=3)
+        lock = self.settings.with_name("vexa-remote.ini.lock")
+        this_program = pathlib.Path("/proc/self/exe").readlink().name
+        lock.write_text(f"{os.getpid()}\n{this_program}\n{socket.gethostname()}\n")
+        self.check_not_stored()
+        lock.unlink()
+        self.panel.open()
+        self.confirm()
+        self.assertEqual(self.stored()["vexadelay"], "12")
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 """What the tests of the program have in common."""
 
+import contextlib
 import os
 import pathlib
 import tempfile
@@ -25,6 +26,15 @@ class ProgramTest(unittest.TestCase):
         lines = [f"{key}={value}" for key, value in settings.items()]
         self.settings.parent.mkdir(exist_ok=True)
         self.settings.write_text("\n".join(["[General]", *lines, ""]))
+
+    @contextlib.contextmanager
+    def read_only(self, directory):
+        """Meanwhile, nothing can be made or replaced in it."""
+        directory.chmod(0o555)
+        try:
+            yield
+        finally:
+            directory.chmod(0o755)
 
 
 class DeviceTest(ProgramTest):
