@@ -8,6 +8,8 @@
 #include <QMenuBar>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace vexa {
 
@@ -52,10 +54,7 @@ const std::vector<Command>& commands() {
         {"&Edit", redo, 0, "Redo", QKeySequence::Redo,
          [](Controller& c, std::uint64_t) { c.redo(); }},
         {"&Edit-", handlePrefsMenu, 0, "&Preferences…", QKeySequence::Preferences,
-         // Queued: a screen reader waits for the choice to end, not for the panel to be closed.
-         [](Controller& c, std::uint64_t) {
-             QMetaObject::invokeMethod(&c, &Controller::handlePrefsMenu, Qt::QueuedConnection);
-         }},
+         [](Controller& c, std::uint64_t) { c.handlePrefsMenu(); }},
         {"&Timecode", handleFrameRateMenuItems, rate::fps24, "2&4 fps", {}, frameRate},
         {"&Timecode", handleFrameRateMenuItems, rate::fps25, "2&5 fps", {}, frameRate},
         {"&Timecode", handleFrameRateMenuItems, rate::fps30, "&30 fps", {}, frameRate},
@@ -85,6 +84,20 @@ QMenu& menuTitled(QMenuBar& bar, const QString& title) {
     return found == actions.end() ? *bar.addMenu(title) : *(*found)->menu();
 }
 
+/// Such a command waits until whoever chose it has been answered: a screen reader waits for its
+/// choice to end, not for the panel to be closed.
+bool opensPanel(const Command& command) {
+    return QString::fromUtf8(command.title).endsWith(QChar(u'…'));
+}
+
+/// Two choices at once open one panel.
+auto unlessPanelIsOpen(std::function<void()> perform) {
+    return [perform = std::move(perform)] {
+        if (!QApplication::activeModalWidget())
+            perform();
+    };
+}
+
 /// The switch of batch striping says in its title what it does; a mark would say the opposite.
 bool showsMark(MenuAction action, std::uint64_t tag) {
     return action != MenuAction::handleBatchListMenuItems || tag != batch_menu::useBatch;
@@ -104,8 +117,12 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller)
             menu.addSeparator();
         auto* action = menu.addAction(QString::fromUtf8(command.title));
         action->setShortcut(command.shortcut);
-        connect(action, &QAction::triggered, this,
-                [this, &command] { command.perform(m_controller, command.tag); });
+        const auto perform = [this, &command] { command.perform(m_controller, command.tag); };
+        if (opensPanel(command))
+            connect(action, &QAction::triggered, this, unlessPanelIsOpen(perform),
+                    Qt::QueuedConnection);
+        else
+            connect(action, &QAction::triggered, this, perform);
         m_items.push_back({command.action, command.tag, action});
     }
     auto& fileMenu = menuTitled(menuBar, QStringLiteral("&File"));

@@ -2,6 +2,7 @@
 #include "support/ControllerRig.h"
 
 #include <QCoreApplication>
+#include <QDialog>
 #include <QMenuBar>
 #include <gtest/gtest.h>
 
@@ -37,6 +38,27 @@ TEST(MainMenu, PreferencesShowsThePanelInAnyState) {
     EXPECT_EQ(panel.shown, 2);
 }
 
+TEST(MainMenu, TwoChoicesAtOnceOpenOnePanel) {
+    ControllerRig rig;
+    rig.controller.setStopTimeSet(true, tc("01:00:10:00"), QStringLiteral("Set Stop Time"));
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller);
+    int opened = 0;
+    rig.ui.addToPanel.answer = [&opened] {
+        ++opened;
+        QDialog panel;
+        panel.setModal(true);
+        panel.show();
+        QCoreApplication::processEvents();
+        return panelCancelled;
+    };
+    auto* const add = menu.item(MenuAction::handleBatchListMenuItems, batch_menu::add);
+    add->trigger();
+    add->trigger();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(opened, 1);
+}
+
 TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     ControllerRig rig;
     auto& controller = rig.controller;
@@ -56,6 +78,8 @@ TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     controller.setStopTimeSet(true, tc("01:00:10:00"), QStringLiteral("Set Stop Time"));
     rig.ui.addToPanel.answer = [] { return panelConfirmed; };
     item(batch_menu::add)->trigger();
+    EXPECT_EQ(controller.batchStripeData().numItems(), 0u) << "nor for this panel";
+    QCoreApplication::processEvents();
     ASSERT_EQ(controller.batchStripeData().numItems(), 1u);
 
     toggle->trigger();
