@@ -1,11 +1,16 @@
 #include "defaults/user_defaults.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
+#include <QTemporaryFile>
 #include <QThread>
 #include <QVariant>
+
+#include <unistd.h>
 
 #include <charconv>
 #include <chrono>
@@ -39,6 +44,16 @@ public:
             QThread::msleep(5);
         }
         return true;
+    }
+
+    /// QSettings itself would put in place whatever part of the file a full disk takes.
+    bool hasRoom() const {
+        const QFileInfo file(fileName());
+        QDir().mkpath(file.path());
+        QTemporaryFile probe(fileName());
+        const QByteArray room(file.size() + 4096, '\n');
+        return probe.open() && probe.write(room) == room.size() && probe.flush() &&
+               fsync(probe.handle()) == 0 && probe.size() == room.size();
     }
 
 private:
@@ -84,7 +99,7 @@ std::optional<std::int64_t> integer(const char* key) {
 
 void write(std::initializer_list<Entry> entries) {
     Settings settings;
-    if (!settings.awaitOthers())
+    if (!settings.awaitOthers() || !settings.hasRoom())
         return;
     for (const auto& [key, value] : entries)
         settings.setValue(QLatin1String(key),

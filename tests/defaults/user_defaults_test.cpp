@@ -1,4 +1,5 @@
 #include "defaults/user_defaults.h"
+#include "support/FileSizeLimit.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -16,6 +17,7 @@
 #include <vector>
 
 using namespace vexa;
+using namespace vexa::test;
 
 namespace {
 
@@ -170,6 +172,19 @@ TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     defaults::setReal("vexadelay", 3);
     EXPECT_TRUE(QFileInfo(directory).isFile());
+}
+
+TEST_F(UserDefaults, AFileOnAFullDiskKeepsItsContent) {
+    const QByteArray before = "[General]\nother=" + QByteArray(1000, 'x') + "\nvexadelay=9\n";
+    writeFile(before);
+    for (const rlim_t room : {1, 500, 1100}) {
+        const FileSizeLimit limit(room);
+        defaults::setReal("vexadefaultrate", 3);
+        EXPECT_EQ(contentOf(path()), before) << room;
+    }
+    EXPECT_EQ(QDir(QFileInfo(path()).path()).entryList(QDir::Files).size(), 1);
+    defaults::setReal("vexadelay", 3);
+    EXPECT_EQ(defaults::number("vexadelay"), 3);
 }
 
 TEST_F(UserDefaults, AProgramThatHoldsTheFileForeverIsNotWaitedFor) {

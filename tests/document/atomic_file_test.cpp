@@ -1,4 +1,5 @@
 #include "document/atomic_file.h"
+#include "support/FileSizeLimit.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -10,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/time.h>
 #include <sys/wait.h>
@@ -19,6 +19,7 @@
 #include <random>
 
 using namespace vexa;
+using namespace vexa::test;
 
 namespace {
 
@@ -114,27 +115,6 @@ TEST_F(ReplaceFile, FailsWhereNoFileCanBe) {
     EXPECT_FALSE(replaceFile({}, "x"));
     EXPECT_EQ(entries(), QStringList());
 }
-
-/// While it lives, this process's files end at so many bytes, as on a disk that is full.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        m_handler = signal(SIGXFSZ, SIG_IGN);
-    }
-    ~FileSizeLimit() {
-        signal(SIGXFSZ, m_handler);
-        setrlimit(RLIMIT_FSIZE, &m_before);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
-};
 
 class ReplaceFileOnAFullDisk : public ReplaceFile, public testing::WithParamInterface<qsizetype> {};
 
