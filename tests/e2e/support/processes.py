@@ -9,6 +9,8 @@ class Child:
 
     def __init__(self, *command, **popen_arguments):
         popen_arguments.setdefault("stdin", subprocess.DEVNULL)
+        # A file that may not grow further then makes a write fail, as a full disk does.
+        popen_arguments.setdefault("restore_signals", False)
         self._process = subprocess.Popen(
             ["setpriv", "--pdeathsig", "TERM", *map(str, command)], text=True, **popen_arguments
         )
