@@ -141,7 +141,7 @@ TEST_F(ReplaceFile, IsOldOrNewWheneverASavingProcessIsKilled) {
     const QByteArray texts[] = {QByteArray(300000, 'a'), QByteArray(400000, 'b')};
     ASSERT_TRUE(replaceFile(path(), texts[0]));
     std::mt19937 random(1);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 300; ++round) {
         const auto microseconds = std::uniform_int_distribution<suseconds_t>(1, 20000)(random);
         const pid_t saver = fork();
         ASSERT_GE(saver, 0);
