@@ -19,14 +19,18 @@ class BatchList:
 
     def rows(self):
         """The texts of every row."""
-        return [self._texts(row) for row in range(self.length())]
+        table = self._table()
+        return [_texts(table, row) for row in range(Atspi.Table.get_n_rows(table))]
 
     def length(self):
         return Atspi.Table.get_n_rows(self._table())
 
     def marks(self):
         """Of every row, how far a run has come with it, as a screen reader says it."""
-        return [self._cell(row, TITLE).get_description() for row in range(self.length())]
+        table = self._table()
+        rows = range(Atspi.Table.get_n_rows(table))
+        cells = (Atspi.Table.get_accessible_at(table, row, TITLE) for row in rows)
+        return [cell.get_description() for cell in cells]
 
     def selected(self):
         return list(Atspi.Table.get_selected_rows(self._table()))
@@ -65,7 +69,7 @@ class BatchList:
         self._window.keys("F2")
         self._window.write(title)
         self._window.keys("Return")
-        eventually(f"the title is {title}", lambda: self._texts(row)[TITLE] == title)
+        eventually(f"the title is {title}", lambda: self.rows()[row][TITLE] == title)
 
     def set_up(self, item):
         """Gives the window the settings that the item is to be made of."""
@@ -103,5 +107,7 @@ class BatchList:
     def _cell(self, row, column):
         return Atspi.Table.get_accessible_at(self._table(), row, column)
 
-    def _texts(self, row):
-        return tuple(self._cell(row, column).get_name() for column in COLUMNS)
+
+def _texts(table, row):
+    cells = (Atspi.Table.get_accessible_at(table, row, column) for column in COLUMNS)
+    return tuple(cell.get_name() for cell in cells)

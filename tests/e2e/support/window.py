@@ -59,6 +59,11 @@ class Window:
     def is_on(self, name):
         return self._has(name, Atspi.StateType.CHECKED)
 
+    def all_on(self):
+        """The names of all that is on: buttons, boxes, radio cells."""
+        everything = _descendants(self._application)
+        return [w.get_name() for w in everything if _is(w, Atspi.StateType.CHECKED)]
+
     def has_focus(self, name):
         return self._has(name, Atspi.StateType.FOCUSED)
 
@@ -203,15 +208,15 @@ def _children(parent):
     return [child for child in children if child]
 
 
-def _first(root, is_wanted, in_menus=False):
+def _descendants(root, in_menus=False):
     for child in _children(root):
-        if is_wanted(child):
-            return child
+        yield child
         if in_menus or child.get_role() not in CLOSED_ROLES:
-            found = _first(child, is_wanted, in_menus)
-            if found:
-                return found
-    return None
+            yield from _descendants(child, in_menus)
+
+
+def _first(root, is_wanted, in_menus=False):
+    return next(filter(is_wanted, _descendants(root, in_menus)), None)
 
 
 def _is(widget, state):
