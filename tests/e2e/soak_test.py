@@ -1,0 +1,89 @@
+"""Batches of a thousand items without a pause: every message counts, and memory stays as it is."""
+
+import os
+import sys
+import unittest
+
+from support import desktop, program
+from support.cases import DeviceTest
+from support.items import RATES, SYNC_TYPES, Item, list_file
+from support.wire import STOP, run
+
+ITEMS_IN_TERMINAL = 1000
+ITEMS_IN_WINDOW = int(os.environ.get("VEXA_SOAK_ITEMS", 500))
+WARM_UP = 100  # items after which a program has what it needs
+ALLOWED_GROWTH = 1024  # KiB
+PATIENCE = 60  # s
+
+
+def setUpModule():
+    desktop.start()
+
+
+def item(number):
+    """A stripe of one frame; the whole minutes are ones that drop no frame."""
+    minute, second = divmod(number, 60)
+    start = f"{minute // 6:02}:{minute % 6}0:{second:02}"
+    rate, sync = RATES[number % len(RATES)], SYNC_TYPES[number % len(SYNC_TYPES)]
+    return Item(number, f"item {number}", f"{start}:00", f"{start}:01", rate, sync)
+
+
+def items(count):
+    """The last of them is long enough to look at the program while it lasts."""
+    last = item(count)
+    return [*map(item, range(count)), last._replace(stop=last.start[:-5] + "59:00")]
+
+
+def memory(process):
+    """What the process holds of the machine's memory, in KiB."""
+    with open(f"/proc/{process.pid}/status", encoding="ascii") as status:
+        return next(int(line.split()[1]) for line in status if line.startswith("VmRSS"))
+
+
+class Soak(DeviceTest):
+    def setUp(self):
+        super().setUp()
+        self.write_settings(vexadelay=0, vexapauseforreel="false")
+
+    def receive(self, count):
+        """At least so many messages."""
+        received = []
+        while len(received) < count:
+            taken = self.monitor.take(1, PATIENCE)
+            self.assertTrue(taken, f"only {len(received)} of {count} messages")
+            received += taken
+        return received
+
+    def check_run(self, process, sent, items):
+        """The messages come in order, up to the last item, and no memory is lost on the way."""
+        received = self.receive(3 * WARM_UP)
+        before = memory(process)
+        received += self.receive(len(sent) - len(received))
+        growth = memory(process) - before
+        self.assertEqual([message for _, message in received], sent)
+        seconds = received[-1][0] - received[0][0]
+        print(f"\n{items} items in {seconds:.1f} s; {before} KiB {growth:+}", file=sys.stderr)
+        self.assertLess(growth, ALLOWED_GROWTH)
+
+    def test_in_the_terminal(self):
+        batch = items(ITEMS_IN_TERMINAL)
+        file = self.settings.with_name("long.vexaB")
+        file.write_bytes(list_file(batch))
+        process = program.start("--midi", "jack", "--stripe", file)
+        self.addCleanup(process.stop)
+        self.check_run(process, [STOP, *run(batch)[:-2]], ITEMS_IN_TERMINAL)
+        process.stop()
+        self.expect_messages(STOP)
+
+    def test_in_the_window(self):
+        batch = items(ITEMS_IN_WINDOW)
+        window, _, _ = self.open_list(batch)
+        window.press("Batch striping")
+        window.keys("F6")
+        self.check_run(window.program, run(batch)[:-2], ITEMS_IN_WINDOW)
+        window.keys("F5")
+        self.expect_messages(STOP)
+
+
+if __name__ == "__main__":
+    unittest.main()
