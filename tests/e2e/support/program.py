@@ -15,10 +15,11 @@ AS_OPERATOR = (
 )
 
 
-def run(*arguments, seconds=30):
+def run(*arguments, answers=None, seconds=30):
     """Runs to the end: a CompletedProcess with texts."""
+    command = [*AS_OPERATOR, PATH, *arguments]
     return subprocess.run(
-        [*AS_OPERATOR, PATH, *arguments], capture_output=True, text=True, timeout=seconds, check=False
+        command, input=answers, capture_output=True, text=True, timeout=seconds, check=False
     )
 
 

@@ -1,0 +1,61 @@
+"""A batch list striped in the terminal, from its file to the last stop."""
+
+import pathlib
+import unittest
+
+from support import program
+from support.cases import DeviceTest
+from support.items import Item, list_file
+from support.wire import STOP, run, stripe
+
+ONE = Item(1, "one", "01:00:00:00", "01:00:00:10")
+UNTITLED = Item(1, "", "02:00:00:00", "02:00:00:10", "25 fps", "DTL")
+THREE = Item(2, "three", "03:00:00:00", "03:00:00:10")
+REEL_QUESTION = "Please load reel 2, then hit Continue: "
+
+
+class TerminalBatch(DeviceTest):
+    def setUp(self):
+        super().setUp()
+        self.file = pathlib.Path(self.settings.parent.parent, "Day 1.vexaB")
+        self.file.write_bytes(list_file([ONE, UNTITLED, THREE]))
+
+    def stripe_list(self, *arguments, answers):
+        stripe_list = ["--midi", "jack", "--stripe", str(self.file), *arguments]
+        self.done = program.run(*stripe_list, answers=answers)
+
+    def test_shows_items_and_pauses_and_goes_on_with_the_next_reel_at_enter(self):
+        self.write_settings(vexadelay=1)
+        self.stripe_list(answers="\n")
+        self.assertEqual((self.done.returncode, self.done.stderr), (0, ""))
+        lines = self.done.stdout.splitlines()
+        pause = "next item in 1 s"
+        self.assertEqual(
+            [line for position, line in enumerate(lines) if line != lines[position - 1]],
+            [
+                "one  01:00:00:00 to 01:00:00:10, 30 fps, MTC  01:00:00:00",
+                pause,
+                "(no title)  02:00:00:00 to 02:00:00:10, 25 fps, DTL  02:00:00:00",
+                pause,
+                REEL_QUESTION,
+                "three  03:00:00:00 to 03:00:00:10, 30 fps, MTC  03:00:00:00",
+            ],
+        )
+        self.expect_messages(STOP, *run([ONE, UNTITLED, THREE]))
+
+    def test_stripes_the_rows_that_are_named(self):
+        self.write_settings(vexadelay=0)
+        self.stripe_list("--rows", "3,1", answers="\n")
+        self.assertEqual(self.done.returncode, 0)
+        self.expect_messages(STOP, *run([ONE, THREE]))
+
+    def test_ends_where_nobody_answers_for_the_next_reel(self):
+        self.write_settings(vexadelay=0)
+        self.stripe_list(answers="")
+        self.assertEqual(self.done.returncode, 130)
+        self.assertEqual(self.done.stdout.splitlines()[-1], REEL_QUESTION)
+        self.expect_messages(STOP, STOP, *stripe(ONE), *stripe(UNTITLED), STOP)
+
+
+if __name__ == "__main__":
+    unittest.main()
