@@ -7,7 +7,7 @@ from support.batch_list import ADD_PANEL, COLUMNS, TITLE, BatchList
 from support.cases import DeviceTest
 from support.items import Item
 from support.waiting import eventually
-from support.wire import STOP, run
+from support.wire import run
 
 # Apart by each thing that they are sorted by.
 SORTED = [

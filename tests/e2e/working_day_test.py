@@ -1,6 +1,7 @@
 """Whole days of an operator, from the first launch to the crash."""
 
 import unittest
+from itertools import cycle
 
 from support import desktop
 from support.batch_list import BatchList
@@ -58,8 +59,8 @@ class TenReels(DeviceTest):
     """The list is edited in the pauses, while the operator walks to the machine."""
 
     REELS = [
-        Item(n, f"reel {n}", f"{n:02}:00:00:00", f"{n:02}:00:00:10", RATES[n % 4], SYNC_TYPES[n % 3])
-        for n in range(1, 11)
+        Item(n, f"reel {n}", f"{n:02}:00:00:00", f"{n:02}:00:00:10", rate, sync)
+        for n, rate, sync in zip(range(1, 11), cycle(RATES), cycle(SYNC_TYPES))
     ]
 
     def setUp(self):

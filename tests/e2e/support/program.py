@@ -10,9 +10,8 @@ PATH = os.environ.get(
     "VEXA_REMOTE", pathlib.Path(__file__).parents[3] / "build" / "dev" / "bin" / "vexa-remote"
 )
 # Root could write anywhere; the programs may not, whoever runs the tests.
-AS_OPERATOR = (
-    ["setpriv", "--bounding-set=-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
-)
+WITHOUT_PRIVILEGES = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
+COMMAND = [*WITHOUT_PRIVILEGES, PATH] if os.geteuid() == 0 else [PATH]
 
 
 def run(*arguments, answers=None, seconds=30):
@@ -25,4 +24,4 @@ def run(*arguments, answers=None, seconds=30):
 
 def start(*arguments):
     """Runs on. What it complains about is seen in the test's own output."""
-    return Child(*AS_OPERATOR, PATH, *arguments, stdout=subprocess.DEVNULL)
+    return Child(*COMMAND, *arguments, stdout=subprocess.DEVNULL)
