@@ -35,7 +35,7 @@ public:
     bool awaitOthers() const {
         using namespace std::chrono_literals;
         QLockFile lock(fileName() + QStringLiteral(".lock"));
-        const QDeadlineTimer deadline(1s);
+        const QDeadlineTimer deadline(500ms);
         while (!lock.tryLock()) {
             if (lock.error() != QLockFile::LockFailedError)
                 break;

@@ -13,8 +13,8 @@ namespace vexa {
 /// $XDG_CONFIG_HOME. Every write is on disk when the call returns; a file that cannot be read
 /// counts as empty, and one that cannot be written keeps what it held. Of one that is no INI file,
 /// what can be read is kept, and the whole is copied to a file of its name and "~". Programs may
-/// write at once; one that holds the file for longer than a second is not waited for, and nothing
-/// is written. Main thread only.
+/// write at once; one that holds the file for longer than half a second is not waited for,
+/// and nothing is written. Main thread only.
 namespace defaults {
 
 inline constexpr auto delayKey = "vexadelay";           ///< seconds, real
