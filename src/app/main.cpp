@@ -5,12 +5,17 @@
 #include "app/termination_signals.h"
 #include "controls/AccessibleButton.h"
 #include "controls/AccessiblePopup.h"
+#include "desktop/ApplicationService.h"
+#include "desktop/DesktopRequests.h"
+#include "desktop/application_id.h"
+#include "desktop/hand_over.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/display_name.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <future>
@@ -46,7 +51,24 @@ std::optional<CommandLineError> takeUp(MidiSystem& system, const CommandLine& li
     return {};
 }
 
-int runWindow(const CommandLine& line) {
+/// Whether the program that is running already has taken over what was asked of this one. A MIDI
+/// system or destination of one's own asks for a window of one's own: messages are not to go
+/// where they were not meant to.
+bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVariantMap& tokens) {
+    constexpr int patience = 5000; // ms
+    if (service.takeName() != BusName::Taken || line.destination ||
+        line.midi != MidiChoice::Automatic)
+        return false;
+    if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
+        return true;
+    std::fputs("vexa-remote: the one that is running does not answer; here is another\n", stderr);
+    return false;
+}
+
+int runWindow(const CommandLine& line, const QVariantMap& tokens) {
+    ApplicationService service(QDBusConnection::sessionBus());
+    if (isTakenOver(service, line, tokens))
+        return 0;
     AccessibleButton::install();
     AccessiblePopup::install();
     // Reaching a MIDI system and building the window take about as long: they go on at once.
@@ -59,10 +81,11 @@ int runWindow(const CommandLine& line) {
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
     window.connectTo(controller);
+    const DesktopRequests desktop(window, controller, service);
     // Whoever sends a signal answers no question about an unsaved list, as quit() would ask.
     const TerminationSignals signals([] { QCoreApplication::exit(); });
     if (!line.file.isNull())
-        controller.openFile(line.file);
+        controller.openFile(QFileInfo(line.file).absoluteFilePath());
     window.show();
     return QCoreApplication::exec();
 }
@@ -94,12 +117,14 @@ int main(int argc, char* argv[]) {
 
     QCoreApplication::setApplicationName(QStringLiteral("Vexa Remote"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VEXA_VERSION));
+    QGuiApplication::setDesktopFileName(applicationId);
     if (line.mode == CommandLine::Mode::Window) {
         if (!hasDisplay())
             return refuse(
                 QStringLiteral("there is no display; see --help for striping without one"), 1);
+        const auto tokens = startupTokens();
         const QApplication application(argc, argv);
-        return runWindow(line);
+        return runWindow(line, tokens);
     }
     const QCoreApplication application(argc, argv);
     switch (line.mode) {

@@ -58,6 +58,13 @@ def accessibility_bus():
     )
 
 
+def x_windows(title, pid=None):
+    """The windows with that title, of that process if given, by their X numbers."""
+    search = ["xdotool", "search", "--all", "--onlyvisible", "--name", f"^{title}$"]
+    search += ["--pid", str(pid)] if pid else []
+    return subprocess.run(search, capture_output=True, text=True, check=False).stdout.split()
+
+
 def _has_accessibility_bus():
     name = GLib.Variant("(s)", ("org.a11y.Bus",))
     return _ask("org.freedesktop.DBus", "/org/freedesktop/DBus", "NameHasOwner", name)[0]

@@ -23,6 +23,10 @@ class Child:
     def stdout(self):
         return self._process.stdout
 
+    @property
+    def stderr(self):
+        return self._process.stderr
+
     def send_signal(self, number):
         self._process.send_signal(number)
 

@@ -14,14 +14,14 @@ WITHOUT_PRIVILEGES = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"
 COMMAND = [*WITHOUT_PRIVILEGES, PATH] if os.geteuid() == 0 else [PATH]
 
 
-def run(*arguments, answers=None, seconds=30):
-    """Runs to the end: a CompletedProcess with texts."""
-    command = [*AS_OPERATOR, PATH, *arguments]
+def run(*arguments, answers=None, seconds=30, folder=None):
+    """Runs to the end, in that folder: a CompletedProcess with texts."""
+    streams = {"input": answers, "capture_output": True, "text": True}
     return subprocess.run(
-        command, input=answers, capture_output=True, text=True, timeout=seconds, check=False
+        [*COMMAND, *arguments], **streams, timeout=seconds, check=False, cwd=folder
     )
 
 
-def start(*arguments):
-    """Runs on. What it complains about is seen in the test's own output."""
-    return Child(*COMMAND, *arguments, stdout=subprocess.DEVNULL)
+def start(*arguments, stderr=None):
+    """Runs on. What it complains about is seen in the test's own output, unless led elsewhere."""
+    return Child(*COMMAND, *arguments, stdout=subprocess.DEVNULL, stderr=stderr)

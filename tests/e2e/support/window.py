@@ -22,9 +22,13 @@ def xdotool(*arguments):
 
 def click(widget, times=1):
     """Not in a scaled window: Qt tells the bus its own pixels, not the screen's."""
+    xdotool("mousemove", *center(widget), "click", "--repeat", times, "--delay", 20, 1)
+
+
+def center(widget):
+    """Where its middle is on the screen."""
     box = extents(widget)
-    x, y = box.x + box.width // 2, box.y + box.height // 2
-    xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
+    return box.x + box.width // 2, box.y + box.height // 2
 
 
 def extents(widget):
@@ -134,6 +138,12 @@ class Window:
     def click(self, name, times=1):
         """Clicks with the mouse in the middle of a widget."""
         click(self.widget(name), times)
+
+    def minimize(self):
+        xdotool("windowminimize", "--sync", self._x_window)
+
+    def await_active(self):
+        eventually("the window is active", self._active_x_window)
 
     def keys(self, *names):
         """Strikes keys, by their X names."""

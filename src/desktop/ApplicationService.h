@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace vexa {
+
+enum class BusName { Ours, Taken, NoBus };
+
+/// The program as other programs see it on the session bus: org.freedesktop.Application, as the
+/// Desktop Entry Specification has it. Nothing is done before a caller has its answer.
+class ApplicationService : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationService(QDBusConnection bus) : m_bus(std::move(bus)) {}
+
+    /// Tries to become the program that answers to the application id, for as long as it runs.
+    BusName takeName();
+
+public Q_SLOTS:
+    // Their names are those on the bus. platformData: as from startupTokens().
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    /// The program's desktop entry names no actions.
+    void ActivateAction(const QString&, const QVariantList&, const QVariantMap& platformData) {
+        Activate(platformData);
+    }
+
+Q_SIGNALS:
+    /// The window is to come to the front. token: leave to do so, on desktops that ask for one.
+    void activated(const QByteArray& token);
+    void fileOpened(const QString& path);
+
+private:
+    QDBusConnection m_bus;
+};
+
+} // namespace vexa

@@ -1,0 +1,58 @@
+#include "desktop/DesktopRequests.h"
+
+#include "desktop/ApplicationService.h"
+#include "engine/Vexa_RemoteAppDelegate.h"
+
+#include <QGuiApplication>
+#include <QSessionManager>
+
+namespace vexa {
+
+DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& controller,
+                                 ApplicationService& service)
+    : m_window(window),
+      m_controller(controller),
+      m_openRequests([&controller](const QString& path) { controller.openFile(path); }),
+      m_drops(window) {
+    connect(&service, &ApplicationService::activated, this, &DesktopRequests::bringToFront);
+    connect(&service, &ApplicationService::fileOpened, &m_openRequests, &OpenRequests::add);
+    connect(&m_drops, &FileDrops::fileDropped, &m_openRequests, &OpenRequests::add);
+    connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &DesktopRequests::joinSession,
+            Qt::DirectConnection);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &DesktopRequests::prepareForLogOut,
+            Qt::DirectConnection);
+}
+
+void DesktopRequests::bringToFront(const QByteArray& token) {
+    // On Wayland, Qt takes the leave to come to the front from here.
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+    m_window.setWindowState(m_window.windowState() & ~Qt::WindowMinimized);
+    m_window.show();
+    m_window.raise();
+    m_window.activateWindow();
+}
+
+void DesktopRequests::joinSession(QSessionManager& session) {
+    // A start sends to the device, and that is for the operator to begin, not for the next log-in.
+    session.setRestartHint(QSessionManager::RestartNever);
+    qGuiApp->installEventFilter(this);
+}
+
+void DesktopRequests::prepareForLogOut(QSessionManager& session) {
+    if (!m_controller.dirty() || !session.allowsInteraction())
+        return;
+    if (m_controller.windowShouldClose())
+        session.release();
+    else
+        session.cancel();
+}
+
+bool DesktopRequests::eventFilter(QObject* application, QEvent* event) {
+    if (application != qGuiApp || event->type() != QEvent::Quit)
+        return false;
+    QCoreApplication::exit(); // and the window, which is not closed first, does not ask again
+    return true;
+}
+
+} // namespace vexa

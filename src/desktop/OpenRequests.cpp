@@ -1,0 +1,24 @@
+#include "desktop/OpenRequests.h"
+
+#include <QAbstractEventDispatcher>
+#include <QThread>
+
+namespace vexa {
+
+void OpenRequests::add(const QString& path) {
+    m_waiting += path;
+    // Every event loop says when it has come to rest, also the ones that run inside commands.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &OpenRequests::openNext, Qt::UniqueConnection);
+}
+
+void OpenRequests::openNext() {
+    if (QThread::currentThread()->loopLevel() > 1)
+        return;
+    const auto path = m_waiting.takeFirst();
+    if (m_waiting.isEmpty())
+        disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
+    m_open(path);
+}
+
+} // namespace vexa

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+namespace vexa {
+
+/// The file's URI as a text of ASCII letters. A relative path starts at the current directory.
+QString fileUri(const QString& path);
+
+/// The path of the first of them that is a file of this machine; null when none is. The program
+/// shows one list at a time, so that there is no use for the others.
+QString firstLocalFile(const QList<QUrl>& uris);
+
+} // namespace vexa

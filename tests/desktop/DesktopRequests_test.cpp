@@ -1,0 +1,58 @@
+#include "desktop/ApplicationService.h"
+#include "desktop/DesktopRequests.h"
+#include "desktop/file_uris.h"
+#include "support/CleanDefaults.h"
+#include "support/ControllerRig.h"
+
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace vexa;
+using namespace vexa::test;
+
+namespace {
+
+struct DesktopRequest : testing::Test {
+    const CleanDefaults defaults;
+    const QTemporaryDir folder;
+    ControllerRig rig;
+    QWidget window;
+    ApplicationService service{QDBusConnection(u"none"_qs)};
+    DesktopRequests requests{window, rig.controller, service};
+    const QString file = folder.filePath(u"Reels.vexaB"_qs);
+    const QStringList uris{fileUri(file)};
+    QEventLoop program;
+};
+
+TEST_F(DesktopRequest, OpensAFileAndBringsTheWindowBack) {
+    window.showMinimized();
+    service.Open(uris, {});
+    EXPECT_FALSE(window.isMinimized());
+    EXPECT_TRUE(rig.controller.url().isNull());
+    QObject::connect(&rig.controller, &Vexa_RemoteAppDelegate::stateChanged, &program,
+                     &QEventLoop::quit);
+    program.exec();
+    EXPECT_EQ(rig.controller.url(), file);
+}
+
+TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
+    rig.controller.addItemToBatchList(1, u"item"_qs, 0, 1, 2, 0);
+    rig.press(transport::playing);
+    rig.alerts.answers = {alertSecondButton};
+    rig.alerts.whileShown = [&] { program.quit(); };
+    service.Open(uris, {});
+    program.exec();
+    EXPECT_EQ(rig.alerts.shown.size(), 1u);
+    EXPECT_TRUE(rig.controller.url().isNull());
+    EXPECT_EQ(rig.controller.transportState(), transport::playing);
+}
+
+TEST_F(DesktopRequest, PassesOnTheLeaveToComeToTheFront) {
+    service.Activate({{u"activation-token"_qs, u"leave"_qs}});
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "leave");
+    EXPECT_TRUE(window.isVisible());
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+} // namespace

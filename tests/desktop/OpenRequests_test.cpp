@@ -1,0 +1,72 @@
+#include "desktop/OpenRequests.h"
+
+#include <QEventLoop>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace vexa;
+
+namespace {
+
+/// What comes after all that waits now.
+void soon(std::function<void()> action) { QTimer::singleShot(0, std::move(action)); }
+
+struct FilesToOpen : testing::Test {
+    /// Runs until as many files have been opened.
+    void awaitOpened(qsizetype files) {
+        wanted = files;
+        program.exec();
+    }
+
+    QEventLoop program;
+    qsizetype wanted = 0;
+    QStringList opened;
+    std::function<void()> whileOpening;
+    OpenRequests requests{[this](const QString& path) {
+        opened += path;
+        if (whileOpening)
+            whileOpening();
+        if (opened.size() == wanted)
+            program.quit();
+    }};
+};
+
+TEST_F(FilesToOpen, AreServedInTheirOrder) {
+    requests.add(u"a"_qs);
+    requests.add(u"b"_qs);
+    EXPECT_TRUE(opened.isEmpty());
+    awaitOpened(2);
+    requests.add(u"c"_qs);
+    awaitOpened(3);
+    EXPECT_EQ(opened, (QStringList{u"a"_qs, u"b"_qs, u"c"_qs}));
+}
+
+TEST_F(FilesToOpen, WaitWhileACommandAsksSomething) {
+    QStringList openedMeanwhile{u"nothing yet"_qs};
+    soon([&] {
+        QEventLoop question;
+        requests.add(u"a"_qs);
+        soon([&] { soon([&] { question.quit(); }); });
+        question.exec();
+        openedMeanwhile = opened;
+    });
+    awaitOpened(1);
+    EXPECT_EQ(openedMeanwhile, QStringList());
+    EXPECT_EQ(opened, QStringList{u"a"_qs});
+}
+
+TEST_F(FilesToOpen, WaitWhileAnotherFileIsOpened) {
+    whileOpening = [&] {
+        whileOpening = nullptr;
+        QEventLoop question;
+        requests.add(u"b"_qs);
+        soon([&] { soon([&] { question.quit(); }); });
+        question.exec();
+        EXPECT_EQ(opened, QStringList{u"a"_qs});
+    };
+    requests.add(u"a"_qs);
+    awaitOpened(2);
+    EXPECT_EQ(opened, (QStringList{u"a"_qs, u"b"_qs}));
+}
+
+} // namespace

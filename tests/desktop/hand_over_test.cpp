@@ -1,0 +1,68 @@
+#include "desktop/ApplicationService.h"
+#include "desktop/hand_over.h"
+#include "support/SessionBus.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <future>
+
+using namespace vexa;
+using namespace vexa::test;
+
+namespace {
+
+constexpr int patience = 10'000; // ms
+
+struct HandOver : testing::Test {
+    HandOver() { service.takeName(); }
+
+    /// By another program, while this one runs.
+    bool handedOver(const QString& file) {
+        auto answer = std::async(std::launch::async, [&] {
+            return handOver(bus.connection(u"second"_qs), file,
+                            {{u"activation-token"_qs, u"leave"_qs}}, patience);
+        });
+        while (answer.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        return answer.get();
+    }
+
+    const SessionBus bus;
+    ApplicationService service{bus.connection(u"running"_qs)};
+    QSignalSpy activated{&service, &ApplicationService::activated};
+    QSignalSpy fileOpened{&service, &ApplicationService::fileOpened};
+};
+
+TEST_F(HandOver, OpensTheFile) {
+    EXPECT_TRUE(handedOver(u"/tmp/Ω #1 100%.vexaB"_qs));
+    ASSERT_EQ(fileOpened.size(), 1);
+    EXPECT_EQ(fileOpened[0], QVariantList{u"/tmp/Ω #1 100%.vexaB"_qs});
+    ASSERT_EQ(activated.size(), 1);
+    EXPECT_EQ(activated[0], QVariantList{QByteArray("leave")});
+}
+
+TEST_F(HandOver, ActivatesWithoutAFile) {
+    EXPECT_TRUE(handedOver({}));
+    EXPECT_EQ(fileOpened.size(), 0);
+    EXPECT_EQ(activated.size(), 1);
+}
+
+TEST_F(HandOver, FailsWhereNobodyAnswers) {
+    // This program, which would answer, waits for the call instead.
+    EXPECT_FALSE(handOver(bus.connection(u"third"_qs), u"/a"_qs, {}, 50));
+}
+
+TEST(StartupTokens, ComeFromTheEnvironment) {
+    EXPECT_TRUE(startupTokens().isEmpty());
+    qputenv("XDG_ACTIVATION_TOKEN", "leave");
+    qputenv("DESKTOP_STARTUP_ID", "studio_TIME42");
+    EXPECT_EQ(startupTokens(), (QVariantMap{{u"activation-token"_qs, u"leave"_qs},
+                                            {u"desktop-startup-id"_qs, u"studio_TIME42"_qs}}));
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    qunsetenv("DESKTOP_STARTUP_ID");
+}
+
+} // namespace

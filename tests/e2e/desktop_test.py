@@ -1,0 +1,295 @@
+"""The program among others on the desktop: a second launch, calls on the session bus, files that are
+dropped on the window."""
+
+import os
+import pathlib
+import plistlib
+import signal
+import subprocess
+import tempfile
+import unittest
+
+from gi.repository import Gio, GLib
+
+from support import desktop, program
+from support.cases import DeviceTest, ProgramTest
+from support.drag import DragSource
+from support.session_manager import SessionManager
+from support.waiting import eventually
+from support.window import Window, center
+from support.wire import STOP, play
+
+ID = "io.github.vexaremote.VexaRemote"
+UNTITLED = "Vexa Remote: Untitled Batch List"
+ODD_NAME = "Tag #1 – 100% für Ωmega 磁带 %41"
+ITEM = {
+    "vexaid": 0,
+    "vexareel": 1,
+    "vexatitle": "one",
+    "vexastart": 1 << 24,
+    "vexastop": 2 << 24,
+    "vexarate": 2,
+    "vexatype": 0,
+}
+
+
+def setUpModule():
+    desktop.start()
+
+
+def call(method, *arguments):
+    """Calls the application as other programs do."""
+    signatures = {"Activate": "(a{sv})", "Open": "(asa{sv})", "ActivateAction": "(sava{sv})"}
+    Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+        ID,
+        "/" + ID.replace(".", "/"),
+        "org.freedesktop.Application",
+        method,
+        GLib.Variant(signatures[method], (*arguments, {})),
+        None,
+        Gio.DBusCallFlags.NO_AUTO_START,
+        5000,
+        None,
+    )
+
+
+def await_window_of(running, title):
+    """For those that the accessibility bus does not know, or does not reach."""
+    eventually("it has a window", lambda: desktop.x_windows(title, running.pid))
+
+
+class RunningProgram:
+    """Mixed into a case: its window, files to open and a change of the list."""
+
+    def setUp(self):
+        super().setUp()
+        folder = tempfile.TemporaryDirectory(prefix="vexa-e2e-lists-")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def list_file(self, name, items=1):
+        file = self.folder / f"{name}.vexaB"
+        file.write_bytes(plistlib.dumps({"vexabatchlist": [ITEM] * items}))
+        return file
+
+    def launch_again(self, *arguments, **options):
+        done = program.run(*map(str, arguments), **options)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def expect_opened(self, name):
+        eventually(f"{name} is open", lambda: self.window.titles() == [f"Vexa Remote: {name}"])
+        self.assertTrue(self.window.is_enabled("Batch striping"), "the list is empty")
+
+    def change_list(self):
+        """Adds an item of a second to the list."""
+        self.window.type_time("Stop time", "01:00:01:00")
+        self.window.keys("F9")
+        eventually("the panel is there", lambda: len(self.window.titles()) == 2)
+        self.window.keys("Return")
+        eventually("the list has changed", lambda: "Save" in self.window.menu("File"))
+
+    def answer(self, button):
+        self.end_question(lambda: self.window.press(button))
+
+    def cancel_question(self):
+        self.end_question(lambda: self.window.keys("Escape"))
+
+    def end_question(self, end):
+        eventually("the question is there", lambda: len(self.window.titles()) == 2)
+        end()
+        eventually("the question is gone", lambda: len(self.window.titles()) < 2)
+
+
+class AtRest(RunningProgram, ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.window = Window("--midi", "none", str(self.list_file("first")))
+        self.addCleanup(self.window.close)
+
+    def test_a_second_launch_hands_over_its_file(self):
+        for number, to_argument in enumerate((str, pathlib.Path.as_uri, lambda file: file.name)):
+            with self.subTest(number):
+                name = f"{ODD_NAME} {number}"
+                self.launch_again(to_argument(self.list_file(name)), folder=self.folder)
+                self.expect_opened(name)
+
+    def test_a_second_launch_brings_the_window_back(self):
+        other = DragSource("something")
+        self.addCleanup(other.close)
+        self.window.minimize()
+        self.launch_again()
+        self.window.await_active()
+        other.activate()
+        self.launch_again()
+        self.window.await_active()
+
+    def test_the_list_is_saved_first(self):
+        self.change_list()
+        self.launch_again(self.list_file("second"))
+        self.answer("Save")
+        self.expect_opened("second")
+        saved = plistlib.loads((self.folder / "first.vexaB").read_bytes())
+        self.assertEqual(len(saved["vexabatchlist"]), 2)
+
+    def test_the_list_is_given_up(self):
+        self.change_list()
+        self.launch_again(self.list_file("second"))
+        self.answer("Don't Save")
+        self.expect_opened("second")
+        saved = plistlib.loads((self.folder / "first.vexaB").read_bytes())
+        self.assertEqual(len(saved["vexabatchlist"]), 1)
+
+    def test_the_list_is_kept(self):
+        self.change_list()
+        self.launch_again(self.list_file("second"))
+        self.cancel_question()
+        self.assertIn("Save", self.window.menu("File"))
+
+    def test_files_wait_for_an_open_panel(self):
+        self.window.keys("F8", "F9")
+        eventually("the panel is there", lambda: len(self.window.titles()) == 2)
+        self.launch_again(self.list_file("second"))
+        self.launch_again(self.list_file("third"))
+        self.assertIn("Vexa Remote: first", self.window.titles())
+        self.window.keys("Escape")
+        self.expect_opened("third")
+
+    def test_a_launch_with_midi_of_its_own_runs_on_its_own(self):
+        with_its_own = Window("--midi", "none")
+        self.assertEqual(with_its_own.titles(), [UNTITLED])
+        with_its_own.close()
+        self.expect_opened("first")
+
+    def test_nobody_waits_long_for_a_program_that_hangs(self):
+        self.window.program.send_signal(signal.SIGSTOP)
+        self.addCleanup(self.window.program.send_signal, signal.SIGCONT)
+        second = program.start(self.list_file("second"), stderr=subprocess.PIPE)
+        self.addCleanup(second.stderr.close)
+        self.addCleanup(second.stop)
+        self.assertRegex(second.stderr.readline(), r"^vexa-remote: .* does not answer")
+        await_window_of(second, "Vexa Remote: second")
+
+    def test_other_programs_open_files(self):
+        call("Open", [self.list_file(ODD_NAME).as_uri(), self.list_file("second").as_uri()])
+        self.expect_opened(ODD_NAME)
+        call("Open", ["https://example.org/x.vexaB", "nonsense", ""])
+        call("Open", [])
+        call("Activate")
+        call("ActivateAction", "nonsense", [])
+        call("Open", ["https://example.org/x.vexaB", self.list_file("third").as_uri()])
+        self.expect_opened("third")
+
+    def test_a_file_is_dropped(self):
+        for target in ("Current time", "Batch stripe list"):
+            with self.subTest(target=target):
+                name = f"{ODD_NAME} {target}"
+                self.assertEqual(self.drop(target, self.list_file(name).as_uri()), ["end"])
+                self.expect_opened(name)
+
+    def test_the_list_is_saved_before_a_dropped_one_is_opened(self):
+        self.change_list()
+        self.assertEqual(self.drop("Current time", self.list_file("second").as_uri()), ["end"])
+        self.answer("Don't Save")
+        self.expect_opened("second")
+
+    def test_other_things_are_not_taken(self):
+        for thing in ("words", "https://example.org/second.vexaB"):
+            with self.subTest(thing=thing):
+                self.assertEqual(self.drop("Current time", thing), ["refused", "end"])
+        self.expect_opened("first")
+
+    def drop(self, target, *things):
+        source = DragSource(*things)
+        self.addCleanup(source.close)
+        return source.drag_to(*center(self.window.widget(target)))
+
+
+class WhileStriping(RunningProgram, DeviceTest):
+    def setUp(self):
+        super().setUp()
+        self.window = self.open_window()
+
+    def check_run_goes_on(self):
+        self.window.await_clock("01:00:00:20")
+        self.expect_messages(STOP, STOP)
+
+    def test_nothing_is_opened(self):
+        self.window.type_time("Stop time", "01:00:01:00")
+        self.window.keys("F6")
+        self.expect_messages(*play(1, 0, 0, 0, 2))
+        self.launch_again(self.list_file("second"))
+        self.check_run_goes_on()
+        self.assertEqual(self.window.titles(), [UNTITLED])
+
+    def test_the_question_comes_and_nothing_is_opened(self):
+        self.change_list()
+        self.window.type_time("Stop time", "01:00:03:00")
+        self.window.keys("F6")
+        self.expect_messages(*play(1, 0, 0, 0, 2))
+        self.launch_again(self.list_file("second"))
+        self.answer("Don't Save")
+        self.check_run_goes_on()
+        self.assertEqual(self.window.titles(), [UNTITLED])
+
+
+class LogOut(RunningProgram, ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.session = SessionManager()
+        self.addCleanup(self.session.close)
+        self.window = Window("--midi", "none", str(self.list_file("first")))
+        self.addCleanup(self.window.close)
+
+    def expect_end(self):
+        self.assertEqual(self.window.program.wait(), 0)
+        self.session.await_end()
+
+    def items_saved(self):
+        return len(plistlib.loads((self.folder / "first.vexaB").read_bytes())["vexabatchlist"])
+
+    def test_nothing_is_asked_without_changes(self):
+        self.session.log_out()
+        self.expect_end()
+
+    def test_the_list_is_saved(self):
+        self.change_list()
+        self.session.log_out()
+        self.answer("Save")
+        self.expect_end()
+        self.assertEqual(self.items_saved(), 2)
+
+    def test_the_list_is_given_up(self):
+        self.change_list()
+        self.session.log_out()
+        self.answer("Don't Save")
+        self.expect_end()
+        self.assertEqual(self.items_saved(), 1)
+
+    def test_the_operator_stays_for_a_while(self):
+        self.change_list()
+        self.session.log_out()
+        self.cancel_question()
+        self.session.take_note_of_refusal()
+        self.assertIn("Save", self.window.menu("File"))
+        self.session.log_out()
+        self.answer("Don't Save")
+        self.expect_end()
+
+    def test_nothing_is_asked_where_that_is_not_allowed(self):
+        self.change_list()
+        self.session.log_out_without_questions()
+        self.expect_end()
+
+
+class WithoutBus(ProgramTest):
+    def test_the_program_runs(self):
+        address = os.environ["DBUS_SESSION_BUS_ADDRESS"]
+        self.addCleanup(os.environ.__setitem__, "DBUS_SESSION_BUS_ADDRESS", address)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nonexistent"
+        running = program.start("--midi", "none")
+        self.addCleanup(running.stop)
+        await_window_of(running, UNTITLED)
+
+
+if __name__ == "__main__":
+    unittest.main()
