@@ -16,6 +16,8 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
 
 #include <cstdio>
 #include <future>
@@ -65,16 +67,22 @@ bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVa
     return false;
 }
 
+/// Reading a picture takes as long as some steps of the start-up: not before the window is there,
+/// and not from the desktop's icon themes, which takes three times that.
+void showIcon() { QApplication::setWindowIcon(QIcon(QStringLiteral(":/vexa-remote-48.png"))); }
+
 int runWindow(const CommandLine& line, const QVariantMap& tokens) {
-    ApplicationService service(QDBusConnection::sessionBus());
-    if (isTakenOver(service, line, tokens))
-        return 0;
     AccessibleButton::install();
     AccessiblePopup::install();
-    // Reaching a MIDI system and building the window take about as long: they go on at once.
-    auto opening = std::async(std::launch::async, openMidiSystem, line.midi);
+    ApplicationService service(QDBusConnection::sessionBus());
+    // Asking on the bus, reaching a MIDI system and building the window go on at once.
+    auto opening = std::async(std::launch::async, [&] {
+        return isTakenOver(service, line, tokens) ? nullptr : openMidiSystem(line.midi);
+    });
     MainWindow window;
     const auto system = opening.get();
+    if (!system)
+        return 0;
     if (const auto error = takeUp(*system, line))
         return refuse(error->message);
     TimerfdRunLoop runLoop;
@@ -87,6 +95,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     if (!line.file.isNull())
         controller.openFile(QFileInfo(line.file).absoluteFilePath());
     window.show();
+    QTimer::singleShot(0, &window, showIcon);
     return QCoreApplication::exec();
 }
 

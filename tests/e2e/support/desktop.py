@@ -60,8 +60,8 @@ def accessibility_bus():
 
 def x_windows(title, pid=None):
     """The windows with that title, of that process if given, by their X numbers."""
-    search = ["xdotool", "search", "--all", "--onlyvisible", "--name", f"^{title}$"]
-    search += ["--pid", str(pid)] if pid else []
+    of_process = ["--pid", str(pid)] if pid else []
+    search = ["xdotool", "search", "--all", "--onlyvisible", *of_process, "--name", f"^{title}$"]
     return subprocess.run(search, capture_output=True, text=True, check=False).stdout.split()
 
 
