@@ -1,0 +1,88 @@
+"""The program as it is installed: what the tools of the desktop and of the shell say of the files
+beside it. BUILD is the build tree, CMAKE its tool, ID the application id."""
+
+import os
+import pathlib
+import re
+import subprocess
+import tempfile
+import unittest
+
+ID = os.environ["ID"]
+TYPE = "application/x-vexa-batch-list"
+
+
+def run(*command):
+    """What the command prints, on both of its streams; an error when it fails."""
+    done = subprocess.run(
+        [str(word) for word in command],
+        stdout=subprocess.PIPE,
+        stderr=subprocess.STDOUT,
+        text=True,
+        check=False,
+    )
+    if done.returncode:
+        raise AssertionError(f"{' '.join(map(str, command))}:\n{done.stdout}")
+    return done.stdout
+
+
+def options(text):
+    return set(re.findall(r"--[a-z]+", text))
+
+
+class InstalledFiles(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        tree = tempfile.TemporaryDirectory(prefix="vexa-installed-")
+        cls.addClassCleanup(tree.cleanup)
+        cls.prefix = pathlib.Path(tree.name)
+        cls.share = cls.prefix / "share"
+        run(os.environ["CMAKE"], "--install", os.environ["BUILD"], "--prefix", cls.prefix)
+        os.environ["XDG_DATA_DIRS"] = str(cls.share)
+        os.environ["XDG_DATA_HOME"] = str(cls.prefix / "home")
+
+    def test_desktop_entry(self):
+        entry = self.share / "applications" / f"{ID}.desktop"
+        self.assertEqual(run("desktop-file-validate", entry), "")
+        self.assertIn(f"\nMimeType={TYPE};\n", entry.read_text())
+        self.assertIn(f"\nIcon={ID}\n", entry.read_text())
+
+    def test_metainfo(self):
+        run("appstreamcli", "validate", "--no-net", self.share / "metainfo" / f"{ID}.metainfo.xml")
+
+    def test_bus_service(self):
+        service = (self.share / "dbus-1" / "services" / f"{ID}.service").read_text()
+        self.assertIn(f"\nName={ID}\n", service)
+        self.assertRegex(service, r"\nExec=/.*/bin/vexa-remote\n")
+
+    def test_type_of_the_files(self):
+        run("update-mime-database", self.share / "mime")
+        for name in ("list.vexaB", "Take #1 100% Ω.vexaB"):
+            file = self.prefix / name
+            file.write_text("<plist/>")
+            info = run("gio", "info", "-a", "standard::content-type", file)
+            self.assertIn(f"standard::content-type: {TYPE}\n", info)
+
+    def test_icons(self):
+        icons = self.share / "icons" / "hicolor"
+        small = icons / "48x48" / "apps" / f"{ID}.png"
+        self.assertEqual(run("identify", "-format", "%wx%h", small), "48x48")
+        self.assertIn("<svg", (icons / "scalable" / "apps" / f"{ID}.svg").read_text())
+
+    def test_manual_pages(self):
+        for program in ("vexa-remote", "vexa-generator"):
+            with self.subTest(program=program):
+                page = self.share / "man" / "man1" / f"{program}.1"
+                formatted = run("man", "--warnings", "-E", "UTF-8", "-l", page)
+                self.assertNotIn("warning", formatted)
+                self.assertEqual(
+                    options(formatted), options(run(self.prefix / "bin" / program, "--help"))
+                )
+
+    def test_samples(self):
+        samples = self.share / "doc" / "vexa-remote" / "examples"
+        self.assertIn("short.vexaB", [sample.name for sample in samples.iterdir()])
+
+
+if __name__ == "__main__":
+    unittest.main()
