@@ -33,11 +33,12 @@ protected:
 int MessageBoxAlerts::runModal(const Alert& alert) {
     AlertBox box(QMessageBox::Information, {}, alert.message, QMessageBox::NoButton, &m_window);
     box.setWindowModality(Qt::WindowModal);
+    box.setTextFormat(Qt::PlainText); // it may hold a file's name
     box.setInformativeText(alert.information);
     QList<QAbstractButton*> buttons;
+    // Of one role, and of this one: desktops have orders of their own for all others.
     for (const auto& text : alert.buttons)
-        buttons += box.addButton(text, buttons.isEmpty() ? QMessageBox::AcceptRole
-                                                         : QMessageBox::RejectRole);
+        buttons += box.addButton(text, QMessageBox::ActionRole);
     box.setDefaultButton(qobject_cast<QPushButton*>(buttons.constFirst()));
     if (buttons.size() > 1)
         box.setEscapeButton(buttons.constLast());

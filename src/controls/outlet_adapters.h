@@ -38,7 +38,10 @@ private:
 class WindowTitleOutlet final : public WindowTitle {
 public:
     explicit WindowTitleOutlet(QWidget& window) : m_window(window) {}
-    void setTitle(const QString& title) override { m_window.setWindowTitle(title); }
+    void setTitle(const QString& title) override {
+        auto text = title; // "[*]" by itself would stand for a mark of changes
+        m_window.setWindowTitle(text.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    }
 
 private:
     QWidget& m_window;

@@ -1,0 +1,114 @@
+#include "controls/MessageBoxAlerts.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+using namespace vexa;
+
+namespace {
+
+const Alert threeButtons{
+    u"Do you want to save <b>Show</b> & more before proceeding?"_qs,
+    u"It has never been saved."_qs,
+    {u"Save"_qs, u"Don't Save"_qs, u"Cancel"_qs},
+};
+const Alert oneButton{u"Reel 2"_qs, u"Load it."_qs, {u"OK"_qs}};
+
+/// Lays out dialogs as this desktop does.
+class DesktopStyle : public QProxyStyle {
+public:
+    explicit DesktopStyle(QDialogButtonBox::ButtonLayout layout) : m_layout(layout) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_DialogButtonLayout ? m_layout
+                                             : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+private:
+    QDialogButtonBox::ButtonLayout m_layout;
+};
+
+struct MessageBox : testing::Test {
+    /// Shows the alert, does something with its box, and returns the answer.
+    int answer(const Alert& alert, const std::function<void(QMessageBox&)>& operate) {
+        QTimer::singleShot(0, &window, [&] {
+            auto* box = window.findChild<QMessageBox*>();
+            ASSERT_NE(box, nullptr);
+            operate(*box);
+            if (box->isVisible())
+                box->done(-1);
+        });
+        return MessageBoxAlerts(window).runModal(alert);
+    }
+
+    QWidget window;
+};
+
+class ButtonOrder : public MessageBox,
+                    public testing::WithParamInterface<QDialogButtonBox::ButtonLayout> {};
+
+TEST_P(ButtonOrder, IsTheAlertsOnEveryDesktop) {
+    QApplication::setStyle(new DesktopStyle(GetParam()));
+    answer(threeButtons, [](QMessageBox& box) {
+        auto buttons = box.buttons();
+        std::ranges::sort(buttons, {}, [](const auto* button) { return button->x(); });
+        QStringList texts;
+        for (const auto* button : buttons)
+            texts += button->text().remove(QLatin1Char('&'));
+        EXPECT_EQ(texts, QStringList({u"Save"_qs, u"Don't Save"_qs, u"Cancel"_qs}));
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, ButtonOrder,
+                         testing::Values(QDialogButtonBox::WinLayout, QDialogButtonBox::MacLayout,
+                                         QDialogButtonBox::KdeLayout,
+                                         QDialogButtonBox::GnomeLayout));
+
+TEST_F(MessageBox, AnswersWithTheButtonThatWasPressed) {
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(answer(threeButtons, [i](QMessageBox& box) { box.buttons()[i]->click(); }),
+                  alertFirstButton + i);
+}
+
+TEST_F(MessageBox, ReturnIsTheFirstButtonAndEscapeTheLast) {
+    EXPECT_EQ(answer(threeButtons, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
+              alertFirstButton);
+    EXPECT_EQ(answer(threeButtons, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
+              alertThirdButton);
+}
+
+TEST_F(MessageBox, OneButtonIsNotPressedByEscapeOrByClosing) {
+    EXPECT_EQ(answer(oneButton,
+                     [](QMessageBox& box) {
+                         QTest::keyClick(&box, Qt::Key_Escape);
+                         box.close();
+                         EXPECT_TRUE(box.isVisible());
+                     }),
+              alertUnanswered);
+    EXPECT_EQ(answer(oneButton, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
+              alertFirstButton);
+}
+
+TEST_F(MessageBox, TextsAreShownAsTheyAre) {
+    answer(threeButtons, [](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(box.informativeText(), threeButtons.information);
+        const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_qs);
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->text(), threeButtons.message);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    });
+}
+
+} // namespace
