@@ -1,0 +1,74 @@
+#include "document/recently_used.h"
+
+#include "document/atomic_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <glib.h>
+
+#include <memory>
+
+namespace vexa {
+
+namespace {
+
+struct FreeBookmarks {
+    void operator()(GBookmarkFile* bookmarks) const { g_bookmark_file_free(bookmarks); }
+};
+using Bookmarks = std::unique_ptr<GBookmarkFile, FreeBookmarks>;
+
+struct FreeText {
+    void operator()(char* text) const { g_free(text); }
+};
+using Text = std::unique_ptr<char, FreeText>;
+
+/// Null when there is a file, but not of bookmarks.
+Bookmarks readBookmarks(const QString& listFile) {
+    Bookmarks bookmarks(g_bookmark_file_new());
+    QFile file(listFile);
+    if (!file.exists())
+        return bookmarks;
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    const auto bytes = file.readAll();
+    const bool isRead = g_bookmark_file_load_from_data(bookmarks.get(), bytes.constData(),
+                                                       static_cast<gsize>(bytes.size()), nullptr);
+    return isRead ? std::move(bookmarks) : nullptr;
+}
+
+void add(GBookmarkFile& bookmarks, const QString& path) {
+    const Text uri(g_filename_to_uri(QFile::encodeName(path).constData(), nullptr, nullptr));
+    if (!uri)
+        return;
+    g_bookmark_file_set_mime_type(&bookmarks, uri.get(), "application/x-vexa-batch-list");
+    g_bookmark_file_add_application(&bookmarks, uri.get(), "Vexa Remote", "vexa-remote %u");
+}
+
+} // namespace
+
+QString recentlyUsedFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/recently-used.xbel");
+}
+
+bool addToRecentlyUsed(const QStringList& paths, const QString& listFile) {
+    const auto bookmarks = readBookmarks(listFile);
+    if (!bookmarks)
+        return false;
+    for (const auto& path : paths)
+        add(*bookmarks, path);
+    gsize size = 0;
+    const Text text(g_bookmark_file_to_data(bookmarks.get(), &size, nullptr));
+    const bool isNew = !QFile::exists(listFile);
+    if (!text || !QDir().mkpath(QFileInfo(listFile).path()) ||
+        !replaceFile(listFile, QByteArray::fromRawData(text.get(), static_cast<qsizetype>(size))))
+        return false;
+    if (isNew) // what one works on is nobody else's business
+        QFile::setPermissions(listFile, QFile::ReadOwner | QFile::WriteOwner);
+    return true;
+}
+
+} // namespace vexa
