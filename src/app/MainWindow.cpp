@@ -48,6 +48,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
     m_outlets = m_absent.outlets(m_alerts);
     m_outlets.filePanels = &m_filePanels;
+    m_outlets.recentDocuments = &m_recentFiles;
     m_outlets.window = &m_title;
     m_outlets.transportMatrix = m_ui->transportMatrix;
     m_outlets.frameRateMatrix = m_ui->frameRateMatrix;
@@ -86,7 +87,7 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
             &Controller::handleStopTimeCheck);
     m_prefsController.setOwner(controller);
     connectBatchControlsTo(controller);
-    new MainMenu(*menuBar(), controller);
+    new MainMenu(*menuBar(), controller, m_recentFiles);
 }
 
 void MainWindow::connectBatchControlsTo(Vexa_RemoteAppDelegate& controller) {

@@ -4,6 +4,7 @@
 #include "controls/FileDialogPanels.h"
 #include "controls/MessageBoxAlerts.h"
 #include "controls/PreferencesOnDemand.h"
+#include "controls/RecentFiles.h"
 #include "controls/outlet_adapters.h"
 #include "engine/plain_outlets.h"
 
@@ -44,6 +45,7 @@ private:
     WindowTitleOutlet m_title{*this};
     MessageBoxAlerts m_alerts{*this};
     FileDialogPanels m_filePanels{*this};
+    RecentFiles m_recentFiles;
     PreferencesOnDemand m_prefsController{*this};
     AddToBatchPanelOnDemand m_addToPanel{*this};
     PlainOutlets m_absent; ///< for the outlets that have no control yet

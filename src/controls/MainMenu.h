@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/VexaHelpController.h"
 #include "engine/menu_validation.h"
 
 #include <QAction>
@@ -7,21 +8,25 @@
 
 #include <vector>
 
+class QMenu;
 class QMenuBar;
 
 namespace vexa {
 
-/// Every command of the controller as a menu item, made from one table. The controller is asked
-/// how the items are to show when a menu opens and whenever its state changes: shortcuts act only
-/// where their items could be chosen.
+class RecentFiles;
+struct Command;
+
+/// Every command as a menu item, made from the table of commands. The controller is asked how the
+/// items that it answers for are to show when a menu opens and whenever its state changes:
+/// shortcuts act only where their items could be chosen.
 class MainMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Fills the menu bar. The controller must outlive it.
-    MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller);
+    /// Fills the menu bar. The controller and the files must outlive it.
+    MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles);
 
-    /// Null when there is no such item.
+    /// One of those that the controller answers for; null when there is no such item.
     QAction* item(MenuAction action, std::uint64_t tag = 0) const;
 
 private:
@@ -31,9 +36,14 @@ private:
         QAction* qAction;
     };
 
+    void connectAction(QAction& action, const Command& command);
+    QAction* addOpenRecent(QMenu& menu);
     void validate();
 
+    QMenuBar& m_menuBar;
     Vexa_RemoteAppDelegate& m_controller;
+    RecentFiles& m_recentFiles;
+    VexaHelpController m_help;
     std::vector<Item> m_items;
 };
 

@@ -97,18 +97,21 @@ std::optional<std::int64_t> integer(const char* key) {
     return std::abs(real) < limit ? static_cast<std::int64_t>(real) : 0;
 }
 
+QStringList texts(const char* key) { return Settings().value(QLatin1String(key)).toStringList(); }
+
 void write(std::initializer_list<Entry> entries) {
     Settings settings;
     if (!settings.awaitOthers() || !settings.hasRoom())
         return;
     for (const auto& [key, value] : entries)
         settings.setValue(QLatin1String(key),
-                          std::visit([](auto number) { return QVariant(number); }, value));
+                          std::visit([](const auto& held) { return QVariant(held); }, value));
     settings.sync();
 }
 
 void setReal(const char* key, double value) { write({{key, value}}); }
 void setInteger(const char* key, std::int64_t value) { write({{key, qlonglong{value}}}); }
 void setBoolean(const char* key, bool value) { write({{key, value}}); }
+void setTexts(const char* key, const QStringList& value) { write({{key, value}}); }
 
 } // namespace vexa::defaults

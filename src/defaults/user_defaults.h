@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <initializer_list>
@@ -24,6 +25,7 @@ inline constexpr auto pauseForReelKey = "vexapauseforreel";
 inline constexpr auto midiDestinationKey = "vexamididest"; ///< unique ID, signed 32 bits
 /// Followed by the identifier of a column of the batch table: its width in pixels, integer.
 inline constexpr auto columnWidthKeys = "columnwidth/";
+inline constexpr auto recentFilesKey = "recentfiles"; ///< paths, newest first
 
 /// The value under a key as a number, or nothing when the key is absent. A present value that is
 /// no number counts as its leading number ("7 seconds" is 7), "true" and "yes" as 1, all else
@@ -33,9 +35,12 @@ std::optional<double> number(const char* key);
 /// The same, truncated towards zero. Whole numbers of 64 bits, signed or not, pass unharmed.
 std::optional<std::int64_t> integer(const char* key);
 
+/// The value under a key as a list of texts; empty when the key is absent.
+QStringList texts(const char* key);
+
 struct Entry {
     const char* key;
-    std::variant<double, qlonglong, bool> value;
+    std::variant<double, qlonglong, bool, QStringList> value;
 };
 
 /// Writes all of them at once.
@@ -44,6 +49,7 @@ void write(std::initializer_list<Entry> entries);
 void setReal(const char* key, double value);
 void setInteger(const char* key, std::int64_t value);
 void setBoolean(const char* key, bool value);
+void setTexts(const char* key, const QStringList& value);
 
 } // namespace defaults
 } // namespace vexa

@@ -1,9 +1,12 @@
 #include "controls/MainMenu.h"
+#include "controls/RecentFiles.h"
 #include "support/ControllerRig.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDialog>
+#include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -24,7 +27,8 @@ TEST(MainMenu, PreferencesShowsThePanelInAnyState) {
     Vexa_RemoteAppDelegate controller(outlets, rig.runLoop);
     controller.applicationDidFinishLaunching();
     QMenuBar bar;
-    const MainMenu menu(bar, controller);
+    RecentFiles files;
+    const MainMenu menu(bar, controller, files);
     auto* const item = menu.item(MenuAction::handlePrefsMenu);
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(item->text(), QStringLiteral("&Preferences…"));
@@ -41,8 +45,9 @@ TEST(MainMenu, PreferencesShowsThePanelInAnyState) {
 TEST(MainMenu, TwoChoicesAtOnceOpenOnePanel) {
     ControllerRig rig;
     rig.controller.setStopTimeSet(true, tc("01:00:10:00"), QStringLiteral("Set Stop Time"));
+    RecentFiles files;
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller);
+    const MainMenu menu(bar, rig.controller, files);
     int opened = 0;
     rig.ui.addToPanel.answer = [&opened] {
         ++opened;
@@ -63,7 +68,8 @@ TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     ControllerRig rig;
     auto& controller = rig.controller;
     QMenuBar bar;
-    const MainMenu menu(bar, controller);
+    RecentFiles files;
+    const MainMenu menu(bar, controller, files);
     const auto item = [&](std::uint64_t tag) {
         return menu.item(MenuAction::handleBatchListMenuItems, tag);
     };
@@ -95,6 +101,76 @@ TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     EXPECT_EQ(controller.batchMode(), batchModeSelected);
     EXPECT_TRUE(item(batch_menu::selected)->isChecked());
     EXPECT_FALSE(item(batch_menu::all)->isChecked());
+}
+
+/// "Title shortcut" of a menu's items, "-" for a dividing line.
+std::vector<std::string> itemsOf(const QMenu& menu) {
+    std::vector<std::string> items;
+    for (const auto* action : menu.actions()) {
+        const auto title = action->text().remove(QLatin1Char('&'));
+        const auto keys = action->shortcut().toString();
+        items.push_back(action->isSeparator() ? "-"
+                                              : (title + QLatin1Char(' ') + keys).toStdString());
+    }
+    return items;
+}
+
+TEST(MainMenu, HoldsEveryCommandWithItsShortcut) {
+    ControllerRig rig;
+    RecentFiles files;
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller, files);
+    std::vector<std::pair<std::string, std::vector<std::string>>> menus;
+    for (const auto* action : bar.actions())
+        menus.emplace_back(action->text().remove(QLatin1Char('&')).toStdString(),
+                           itemsOf(*action->menu()));
+    const decltype(menus) expected{
+        {"File",
+         {"New Ctrl+N", "Open… Ctrl+O", "Open Recent ", "-", "Save Ctrl+S", "Save As… Ctrl+Shift+S",
+          "Revert to Saved ", "-", "Quit Ctrl+Q"}},
+        {"Edit", {"Undo Ctrl+Z", "Redo Ctrl+Shift+Z", "-", "Preferences… Ctrl+,"}},
+        {"Timecode",
+         {"24 fps ", "25 fps ", "30 fps ", "30 df ", "-", "MTC ", "DTL ", "FSK ", "-",
+          "Set Stop Time F8"}},
+        {"Stripe", {"Stop F5", "Play F6", "Pause F7"}},
+        {"Batch List",
+         {"Turn On Batch Striping Ctrl+B", "-", "Stripe All Items ", "Stripe Selected Items ", "-",
+          "Add to Batch List… F9"}},
+        {"Help", {"User Guide F1", "-", "About "}},
+    };
+    EXPECT_EQ(menus, expected);
+}
+
+TEST(MainMenu, RecentFilesCannotBeOpenedWhileStriping) {
+    ControllerRig rig;
+    RecentFiles files;
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller, files);
+    const auto* const item = menu.item(MenuAction::other, unavailableWhileStriping);
+    ASSERT_NE(item, nullptr);
+    EXPECT_TRUE(item->isEnabled());
+    for (const std::uint64_t state : {1, 2, 3}) {
+        rig.controller.setTransportState(state);
+        EXPECT_FALSE(item->isEnabled()) << state;
+    }
+    rig.controller.setTransportState(transport::stopped);
+    EXPECT_TRUE(item->isEnabled());
+}
+
+TEST(MainMenu, HelpIsThereInAnyStateAndAboutTellsTheVersion) {
+    ControllerRig rig;
+    RecentFiles files;
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller, files);
+    rig.controller.setTransportState(transport::playing);
+    const auto items = bar.actions().constLast()->menu()->actions();
+    EXPECT_TRUE(items.constFirst()->isEnabled());
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.2.3"));
+    items.constLast()->trigger();
+    auto* const box = bar.findChild<QMessageBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->text(), QStringLiteral("Vexa Remote 1.2.3"));
+    EXPECT_TRUE(box->informativeText().contains(QStringLiteral("MIT")));
 }
 
 } // namespace

@@ -21,6 +21,7 @@ int main(int argc, char* argv[]) {
     // Settings of the person who runs the tests are neither read nor written.
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", config.path().toLocal8Bit());
     qputenv("XDG_RUNTIME_DIR", config.path().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);

@@ -14,12 +14,13 @@ from support.wire import STOP
 
 
 class ProgramTest(unittest.TestCase):
-    """Programs started here have settings of their own."""
+    """Programs started here have settings and recent files of their own."""
 
     def setUp(self):
         settings = tempfile.TemporaryDirectory(prefix="vexa-e2e-settings-")
         self.addCleanup(settings.cleanup)
         os.environ["XDG_CONFIG_HOME"] = settings.name
+        os.environ["XDG_DATA_HOME"] = settings.name
         self.settings = pathlib.Path(settings.name) / "vexa-remote" / "vexa-remote.ini"
 
     def write_settings(self, **settings):

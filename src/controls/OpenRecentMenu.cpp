@@ -1,0 +1,64 @@
+#include "controls/OpenRecentMenu.h"
+
+#include "controls/RecentFiles.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace vexa {
+
+namespace {
+
+/// A name as a menu shows it, whatever letters it has: "&" and control characters, as the tab
+/// before a shortcut, would not show as themselves.
+QString menuText(QString name) {
+    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    for (auto& letter : name)
+        if (letter.category() == QChar::Other_Control)
+            letter = QChar::ReplacementCharacter;
+    return name;
+}
+
+/// The file's name, with its folder where another file of that name is there.
+QString distinctName(const QFileInfo& file, const QStringList& paths) {
+    const auto isNamesake = [&](const QString& path) {
+        return QFileInfo(path).fileName() == file.fileName();
+    };
+    if (std::ranges::count_if(paths, isNamesake) < 2)
+        return file.fileName();
+    return QObject::tr("%1 — %2").arg(file.fileName(), file.path());
+}
+
+} // namespace
+
+OpenRecentMenu::OpenRecentMenu(RecentFiles& files, QWidget* parent)
+    : QMenu(parent), m_files(files) {
+    setToolTipsVisible(true);
+    connect(this, &QMenu::aboutToShow, this, &OpenRecentMenu::fill);
+}
+
+void OpenRecentMenu::fill() {
+    clear();
+    const auto paths = m_files.paths();
+    for (const auto& path : paths) {
+        const QFileInfo file(path);
+        const bool isThere = file.exists();
+        const auto name = menuText(distinctName(file, paths));
+        auto* item = addAction(isThere ? name : tr("%1 (not found)").arg(name));
+        item->setEnabled(isThere);
+        item->setToolTip(path);
+        connect(item, &QAction::triggered, this, [this, path] { choose(path); });
+    }
+    addSeparator();
+    auto* clearMenu = addAction(tr("&Clear Menu"));
+    clearMenu->setEnabled(!paths.isEmpty());
+    connect(clearMenu, &QAction::triggered, this, [this] { m_files.clear(); });
+}
+
+void OpenRecentMenu::choose(const QString& path) {
+    if (QFileInfo::exists(path)) // it may have gone since the menu was filled
+        Q_EMIT chosen(path);
+}
+
+} // namespace vexa
