@@ -10,18 +10,19 @@ PATH = os.environ.get(
     "VEXA_REMOTE", pathlib.Path(__file__).parents[3] / "build" / "dev" / "bin" / "vexa-remote"
 )
 # Root could write anywhere; the programs may not, whoever runs the tests.
-WITHOUT_PRIVILEGES = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
-COMMAND = [*WITHOUT_PRIVILEGES, PATH] if os.geteuid() == 0 else [PATH]
+AS_OPERATOR = (
+    ["setpriv", "--bounding-set=-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
+)
 
 
 def run(*arguments, answers=None, seconds=30, folder=None):
     """Runs to the end, in that folder: a CompletedProcess with texts."""
+    command = [*AS_OPERATOR, PATH, *arguments]
     streams = {"input": answers, "capture_output": True, "text": True}
-    return subprocess.run(
-        [*COMMAND, *arguments], **streams, timeout=seconds, check=False, cwd=folder
-    )
+    return subprocess.run(command, **streams, timeout=seconds, check=False, cwd=folder)
 
 
-def start(*arguments, stderr=None):
+def start(*arguments, path=PATH, stderr=None):
     """Runs on. What it complains about is seen in the test's own output, unless led elsewhere."""
-    return Child(*COMMAND, *arguments, stdout=subprocess.DEVNULL, stderr=stderr)
+    command = [*AS_OPERATOR, path, *arguments]
+    return Child(*command, stdout=subprocess.DEVNULL, stderr=stderr)

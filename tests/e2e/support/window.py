@@ -36,8 +36,8 @@ def extents(widget):
 
 
 class Window:
-    def __init__(self, *arguments):
-        self.program = program.start(*arguments)
+    def __init__(self, *arguments, path=program.PATH):
+        self.program = program.start(*arguments, path=path)
         try:
             self._application = eventually("the program is on the bus", self._find_application)
             self._application.set_cache_mask(Atspi.Cache.NONE)
@@ -73,8 +73,7 @@ class Window:
 
     def titles(self):
         """The titles of all windows of the program that are shown, alerts among them."""
-        windows = _children(self._application)
-        return [w.get_name() for w in windows if _is(w, Atspi.StateType.SHOWING)]
+        return [title for title in map(_title, _children(self._application)) if title is not None]
 
     def is_shown(self, name):
         return self._has(name, Atspi.StateType.SHOWING)
@@ -82,13 +81,41 @@ class Window:
     def is_enabled(self, name):
         return self._has(name, Atspi.StateType.ENABLED)
 
-    def menu(self, title):
-        """The titles of a menu's items; those that cannot be chosen in parentheses."""
-        items = [item for item in self._menu_items(title) if item.get_name()]
+    def menu(self, *titles):
+        """The titles of a menu's items, or of a menu's in a menu; those that cannot be chosen in
+        parentheses."""
+        items = [item for item in self._menu_items(*titles) if item.get_name()]
         return [
             item.get_name() if _is(item, Atspi.StateType.ENABLED) else f"({item.get_name()})"
             for item in items
         ]
+
+    def question(self):
+        """The alert that is shown, if any: its texts, and its buttons from left to right."""
+        alert = self._alert()
+        if not alert:
+            return None
+        texts = [w.get_name() for w in _all(alert, Atspi.Role.LABEL) if w.get_name()]
+        buttons = sorted(_all(alert, Atspi.Role.PUSH_BUTTON), key=lambda button: extents(button).x)
+        return (*texts, [button.get_name() for button in buttons])
+
+    def answer(self, button):
+        """Answers the alert that is shown, the way a screen reader does."""
+        alert = eventually("there is an alert", self._alert)
+        self._do(_first(alert, lambda w: w.get_name() == button))
+        eventually("the alert is gone", lambda: self._alert() != alert)
+
+    def enter(self, name, text):
+        """Puts a text into a field, whatever letters it has, and ends with Return."""
+        self.focus(name)
+        Atspi.EditableText.set_text_contents(self.widget(name), text)
+        eventually(f"{name} holds {text}", lambda: self.text(name) == text)
+        self.keys("Return")
+
+    def await_active(self, title):
+        """Waits until a window of this title is the one with the keyboard."""
+        what = f"{title} is the active window"
+        eventually(what, lambda: _active_title() == title and title in self.titles())
 
     def await_shown(self, name, text):
         eventually(f"{name} shows {text}", lambda: self.shown(name) == text)
@@ -130,9 +157,10 @@ class Window:
         Atspi.Component.grab_focus(self.widget(name))
         eventually(f"{name} has the keyboard", lambda: self.has_focus(name))
 
-    def choose(self, title, item_title):
+    def choose(self, *titles):
         """Chooses a menu's item the way a screen reader does."""
-        item = next(i for i in self._menu_items(title) if i.get_name() == item_title)
+        *menu, item_title = titles
+        item = next(i for i in self._menu_items(*menu) if i.get_name() == item_title)
         self._do(item)
 
     def click(self, name, times=1):
@@ -198,13 +226,23 @@ class Window:
         ).stdout.split()
         return found[1] if found[:1] == [str(self.program.pid)] else None
 
+    def _alert(self):
+        try:
+            return _first(self._application, lambda w: _is_a(w, Atspi.Role.ALERT))
+        except GLib.GError:  # it goes while it is looked for, perhaps with the whole program
+            return None
+
     def _has(self, name, state):
         return _is(self.widget(name), state)
 
-    def _menu_items(self, title):
-        bar = _first(self._application, lambda w: w.get_role() == Atspi.Role.MENU_BAR, True)
-        menu = next(item for item in _children(bar) if item.get_name() == title)
-        return _children(_children(menu)[0])
+    def _menu_items(self, *titles):
+        items = _children(
+            _first(self._application, lambda w: w.get_role() == Atspi.Role.MENU_BAR, True)
+        )
+        for title in titles:
+            menu = next(item for item in items if item.get_name() == title)
+            items = _children(_children(menu)[0])
+        return items
 
     @staticmethod
     def _do(widget):
@@ -227,6 +265,28 @@ def _descendants(root, in_menus=False):
 
 def _first(root, is_wanted, in_menus=False):
     return next(filter(is_wanted, _descendants(root, in_menus)), None)
+
+
+def _all(root, role):
+    return [w for child in _children(root) for w in [child, *_all(child, role)] if _is_a(w, role)]
+
+
+def _is_a(widget, role):
+    return widget.get_role() == role
+
+
+def _title(window):
+    """Of a window that is shown."""
+    try:
+        return window.get_name() if _is(window, Atspi.StateType.SHOWING) else None
+    except GLib.GError:  # gone by now
+        return None
+
+
+def _active_title():
+    asked = ["xdotool", "getactivewindow", "getwindowname"]
+    found = subprocess.run(asked, capture_output=True, text=True, check=False)
+    return found.stdout.strip()
 
 
 def _is(widget, state):
