@@ -1,7 +1,9 @@
 """The program's window as its operator has it: widgets by name, a keyboard and a mouse."""
 
+import contextlib
 import signal
 import subprocess
+import time
 
 import gi
 
@@ -9,7 +11,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 from support import desktop, program
-from support.waiting import eventually
+from support.waiting import PATIENCE, eventually
 
 # Those that are looked into only when what is in them is asked for.
 MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
@@ -201,12 +203,25 @@ class Window:
         self.await_shown(name, text)
         self.keys(end)
 
-    def picture(self, path):
-        """Writes what the window shows to a PNG file of few colours."""
+    @contextlib.contextmanager
+    def stopped_at(self, text):
+        """Meanwhile, the program stands still with its clock at a time."""
+        deadline = time.monotonic() + PATIENCE
+        while self.shown("Current time") < text:  # without a rest: a frame is short
+            if time.monotonic() > deadline:
+                raise AssertionError(f"the clock does not come to {text}")
+        time.sleep(0.01)  # it is drawn somewhat later
+        self.program.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.program.send_signal(signal.SIGCONT)
+
+    def picture(self, path, of_panel=False):
+        """Writes what the window, or the panel over it, shows to a PNG file of few colours."""
+        window = self._active_x_window() if of_panel else self._x_window
         few_colors = ["-strip", "-dither", "None", "-colors", "256"]
-        subprocess.run(
-            ["import", "-window", self._x_window, *few_colors, f"png8:{path}"], check=True
-        )
+        subprocess.run(["import", "-window", window, *few_colors, f"png8:{path}"], check=True)
 
     def close(self):
         self.program.stop()
