@@ -157,6 +157,20 @@ TEST(MainMenu, RecentFilesCannotBeOpenedWhileStriping) {
     EXPECT_TRUE(item->isEnabled());
 }
 
+TEST(MainMenu, WithFskTheRatesKeepTheirMarks) {
+    ControllerRig rig;
+    RecentFiles files;
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller, files);
+    rig.controller.handleFrameRateMenuItems(rate::fps25);
+    rig.controller.handleSyncTypeMenuItems(sync::fsk);
+    for (std::uint64_t code = 0; code < rate::count; ++code) {
+        const auto* const item = menu.item(MenuAction::handleFrameRateMenuItems, code);
+        EXPECT_FALSE(item->isEnabled());
+        EXPECT_EQ(item->isChecked(), code == rate::fps25);
+    }
+}
+
 TEST(MainMenu, HelpIsThereInAnyStateAndAboutTellsTheVersion) {
     ControllerRig rig;
     RecentFiles files;
