@@ -4,7 +4,7 @@
 #include "controls/about_box.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 
-#include <QWidget>
+#include <QAbstractButton>
 
 namespace vexa {
 
@@ -29,6 +29,18 @@ void frameRate(To& to, Tag tag) { to.controller.handleFrameRateMenuItems(tag); }
 void syncType(To& to, Tag tag) { to.controller.handleSyncTypeMenuItems(tag); }
 void stripe(To& to, Tag tag) { to.controller.handleStripeMenuItems(tag); }
 void batch(To& to, Tag tag) { to.controller.handleBatchListMenuItems(tag); }
+
+/// Begins the typing of a time, or goes back to it.
+void type(QAbstractButton* display) {
+    display->setFocus(Qt::ShortcutFocusReason);
+    if (!display->isChecked())
+        display->click();
+}
+
+/// A display of times, by the name that it has as an outlet.
+QAbstractButton* display(To& to, const char* name) {
+    return to.window.findChild<QAbstractButton*>(QLatin1String(name));
+}
 
 } // namespace
 
@@ -66,6 +78,10 @@ const std::vector<Command>& commands() {
         {"&Timecode", handleSyncTypeMenuItems, sync::fsk, "&FSK", noKeys, syncType},
         {"&Timecode-", handleSetStopTimeMenu, 0, "Set Stop Time", key(Qt::Key_F8),
          [](To& to, Tag) { to.controller.handleSetStopTimeMenu(); }},
+        {"&Timecode-", nullopt, 0, "Type St&art Time", key(Qt::Key_F3),
+         [](To& to, Tag) { type(display(to, "startTimeButton")); }},
+        {"&Timecode", nullopt, 0, "Type St&op Time", key(Qt::Key_F4),
+         [](To& to, Tag) { type(display(to, "endTimeButton")); }},
         {"&Stripe", handleStripeMenuItems, transport::stopped, "&Stop", key(Qt::Key_F5), stripe},
         {"&Stripe", handleStripeMenuItems, transport::playing, "&Play", key(Qt::Key_F6), stripe},
         {"&Stripe", handleStripeMenuItems, transport::paused, "P&ause", key(Qt::Key_F7), stripe},

@@ -7,6 +7,7 @@
 #include "support/ManualRunLoop.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -86,6 +87,22 @@ TEST_F(Window, SelectedCanBeChosenWhileRowsAre) {
     EXPECT_TRUE(outlet("batchAll").isChecked());
     outlet("batchCheck").click();
     EXPECT_FALSE(controller.useBatch());
+}
+
+TEST_F(Window, F3AndF4BeginTheTypingOfATime) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(&window, Qt::Key_F4);
+    EXPECT_TRUE(outlet("endTimeButton").hasFocus());
+    EXPECT_TRUE(outlet("endTimeButton").isChecked());
+    EXPECT_TRUE(controller.stopTimeSet()) << "as by a press on it";
+    QTest::keyClick(&window, Qt::Key_F3);
+    EXPECT_TRUE(outlet("startTimeButton").hasFocus());
+    EXPECT_FALSE(outlet("endTimeButton").isChecked());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("3000000"));
+    QTest::keyClick(&window, Qt::Key_F3);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(controller.startTime(), 3u << 24) << "F3 again disturbs nothing";
 }
 
 struct Name {

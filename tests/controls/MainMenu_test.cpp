@@ -131,7 +131,7 @@ TEST(MainMenu, HoldsEveryCommandWithItsShortcut) {
         {"Edit", {"Undo Ctrl+Z", "Redo Ctrl+Shift+Z", "-", "Preferences… Ctrl+,"}},
         {"Timecode",
          {"24 fps ", "25 fps ", "30 fps ", "30 df ", "-", "MTC ", "DTL ", "FSK ", "-",
-          "Set Stop Time F8"}},
+          "Set Stop Time F8", "-", "Type Start Time F3", "Type Stop Time F4"}},
         {"Stripe", {"Stop F5", "Play F6", "Pause F7"}},
         {"Batch List",
          {"Turn On Batch Striping Ctrl+B", "-", "Stripe All Items ", "Stripe Selected Items ", "-",
