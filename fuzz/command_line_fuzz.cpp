@@ -33,8 +33,8 @@ void check(const CommandLine& line) {
 
 /// Arguments, a zero byte between two: taken or refused with a message.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const auto text = QString::fromUtf8(reinterpret_cast<const char*>(bytes),
-                                        static_cast<qsizetype>(size));
+    const auto text =
+        QString::fromUtf8(reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size));
     const auto parsed = parseCommandLine(text.split(QChar(u'\0')));
     if (const auto* line = std::get_if<CommandLine>(&parsed))
         check(*line);
