@@ -1,9 +1,8 @@
 """The program among others on the desktop: a second launch, calls on the session bus, files that are
-dropped on the window."""
+dropped on the window, the end of the session."""
 
 import os
 import pathlib
-import plistlib
 import signal
 import subprocess
 import tempfile
@@ -12,8 +11,10 @@ import unittest
 from gi.repository import Gio, GLib
 
 from support import desktop, program
+from support.batch_list import TITLE, BatchList
 from support.cases import DeviceTest, ProgramTest
 from support.drag import DragSource
+from support.items import Item, items_in, list_file
 from support.session_manager import SessionManager
 from support.waiting import eventually
 from support.window import Window, center
@@ -22,15 +23,7 @@ from support.wire import STOP, play
 ID = "io.github.vexaremote.VexaRemote"
 UNTITLED = "Vexa Remote: Untitled Batch List"
 ODD_NAME = "Tag #1 – 100% für Ωmega 磁带 %41"
-ITEM = {
-    "vexaid": 0,
-    "vexareel": 1,
-    "vexatitle": "one",
-    "vexastart": 1 << 24,
-    "vexastop": 2 << 24,
-    "vexarate": 2,
-    "vexatype": 0,
-}
+ADDED = Item(1, "added", "01:00:00:00", "01:00:01:00")
 
 
 def setUpModule():
@@ -67,9 +60,10 @@ class RunningProgram:
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def list_file(self, name, items=1):
+    def list_file(self, name):
+        """A list of one item that has the file's name for its title."""
         file = self.folder / f"{name}.vexaB"
-        file.write_bytes(plistlib.dumps({"vexabatchlist": [ITEM] * items}))
+        file.write_bytes(list_file([Item(1, name, "01:00:00:00", "02:00:00:00")]))
         return file
 
     def launch_again(self, *arguments, **options):
@@ -78,15 +72,16 @@ class RunningProgram:
 
     def expect_opened(self, name):
         eventually(f"{name} is open", lambda: self.window.titles() == [f"Vexa Remote: {name}"])
-        self.assertTrue(self.window.is_enabled("Batch striping"), "the list is empty")
+        batch = BatchList(self.window)
+        eventually("its item is shown", lambda: [row[TITLE] for row in batch.rows()] == [name])
 
     def change_list(self):
-        """Adds an item of a second to the list."""
-        self.window.type_time("Stop time", "01:00:01:00")
-        self.window.keys("F9")
-        eventually("the panel is there", lambda: len(self.window.titles()) == 2)
-        self.window.keys("Return")
-        eventually("the list has changed", lambda: "Save" in self.window.menu("File"))
+        batch = BatchList(self.window)
+        batch.set_up(ADDED)
+        batch.add(ADDED)
+
+    def items_saved(self):
+        return len(items_in((self.folder / "first.vexaB").read_bytes()))
 
     def answer(self, button):
         self.end_question(lambda: self.window.press(button))
@@ -128,16 +123,14 @@ class AtRest(RunningProgram, ProgramTest):
         self.launch_again(self.list_file("second"))
         self.answer("Save")
         self.expect_opened("second")
-        saved = plistlib.loads((self.folder / "first.vexaB").read_bytes())
-        self.assertEqual(len(saved["vexabatchlist"]), 2)
+        self.assertEqual(self.items_saved(), 2)
 
     def test_the_list_is_given_up(self):
         self.change_list()
         self.launch_again(self.list_file("second"))
         self.answer("Don't Save")
         self.expect_opened("second")
-        saved = plistlib.loads((self.folder / "first.vexaB").read_bytes())
-        self.assertEqual(len(saved["vexabatchlist"]), 1)
+        self.assertEqual(self.items_saved(), 1)
 
     def test_the_list_is_kept(self):
         self.change_list()
@@ -146,12 +139,13 @@ class AtRest(RunningProgram, ProgramTest):
         self.assertIn("Save", self.window.menu("File"))
 
     def test_files_wait_for_an_open_panel(self):
-        self.window.keys("F8", "F9")
-        eventually("the panel is there", lambda: len(self.window.titles()) == 2)
+        batch = BatchList(self.window)
+        batch.set_up(ADDED)
+        batch.open_panel()
         self.launch_again(self.list_file("second"))
         self.launch_again(self.list_file("third"))
         self.assertIn("Vexa Remote: first", self.window.titles())
-        self.window.keys("Escape")
+        batch.close_panel("Escape")
         self.expect_opened("third")
 
     def test_a_launch_with_midi_of_its_own_runs_on_its_own(self):
@@ -183,25 +177,33 @@ class AtRest(RunningProgram, ProgramTest):
         for target in ("Current time", "Batch stripe list"):
             with self.subTest(target=target):
                 name = f"{ODD_NAME} {target}"
-                self.assertEqual(self.drop(target, self.list_file(name).as_uri()), ["end"])
+                self.drop(name, target)
                 self.expect_opened(name)
 
     def test_the_list_is_saved_before_a_dropped_one_is_opened(self):
         self.change_list()
-        self.assertEqual(self.drop("Current time", self.list_file("second").as_uri()), ["end"])
+        self.drop("second")
         self.answer("Don't Save")
         self.expect_opened("second")
 
     def test_other_things_are_not_taken(self):
         for thing in ("words", "https://example.org/second.vexaB"):
             with self.subTest(thing=thing):
-                self.assertEqual(self.drop("Current time", thing), ["refused", "end"])
+                source = self.drag(thing, "Current time")
+                self.assertEqual(source.drop(), "refused")
         self.expect_opened("first")
 
-    def drop(self, target, *things):
-        source = DragSource(*things)
+    def drag(self, thing, target):
+        source = DragSource(thing)
         self.addCleanup(source.close)
-        return source.drag_to(*center(self.window.widget(target)))
+        source.drag_to(*center(self.window.widget(target)))
+        return source
+
+    def drop(self, name, target="Current time"):
+        """Drops a list as from a file manager, which would rather have it moved than copied."""
+        source = self.drag(self.list_file(name).as_uri(), target)
+        source.await_welcome()
+        self.assertEqual(source.drop(), "copied")
 
 
 class WhileStriping(RunningProgram, DeviceTest):
@@ -209,27 +211,29 @@ class WhileStriping(RunningProgram, DeviceTest):
         super().setUp()
         self.window = self.open_window()
 
-    def check_run_goes_on(self):
-        self.window.await_clock("01:00:00:20")
-        self.expect_messages(STOP, STOP)
-
-    def test_nothing_is_opened(self):
-        self.window.type_time("Stop time", "01:00:01:00")
+    def play(self):
+        self.window.type_time("Stop time", "02:00:00:00")
         self.window.keys("F6")
         self.expect_messages(*play(1, 0, 0, 0, 2))
+
+    def check_run_goes_on(self):
+        clock = self.window.shown("Current time")
+        eventually("the clock goes on", lambda: self.window.shown("Current time") > clock)
+        self.assertEqual(self.window.titles(), [UNTITLED])
+        self.window.keys("F5")
+        self.expect_messages(STOP)
+
+    def test_nothing_is_opened(self):
+        self.play()
         self.launch_again(self.list_file("second"))
         self.check_run_goes_on()
-        self.assertEqual(self.window.titles(), [UNTITLED])
 
     def test_the_question_comes_and_nothing_is_opened(self):
         self.change_list()
-        self.window.type_time("Stop time", "01:00:03:00")
-        self.window.keys("F6")
-        self.expect_messages(*play(1, 0, 0, 0, 2))
+        self.play()
         self.launch_again(self.list_file("second"))
         self.answer("Don't Save")
         self.check_run_goes_on()
-        self.assertEqual(self.window.titles(), [UNTITLED])
 
 
 class LogOut(RunningProgram, ProgramTest):
@@ -243,9 +247,6 @@ class LogOut(RunningProgram, ProgramTest):
     def expect_end(self):
         self.assertEqual(self.window.program.wait(), 0)
         self.session.await_end()
-
-    def items_saved(self):
-        return len(plistlib.loads((self.folder / "first.vexaB").read_bytes())["vexabatchlist"])
 
     def test_nothing_is_asked_without_changes(self):
         self.session.log_out()

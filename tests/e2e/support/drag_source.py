@@ -1,37 +1,59 @@
 """A window of another toolkit from which something can be dragged, as from a file manager, which
-would rather move it: drag_source.py URI|TEXT …"""
+would rather move it: drag_source.py URI|TEXT. Says when it is welcome somewhere, and what became of
+it."""
 
 import sys
 
 import gi
 
 gi.require_version("Gtk", "3.0")
-from gi.repository import Gdk, Gtk  # noqa: E402
+from gi.repository import Gdk, GLib, Gtk  # noqa: E402
 
 ACTIONS = Gdk.DragAction.COPY | Gdk.DragAction.MOVE
+NO_ACTION = Gdk.DragAction(0)
 
 
-def hand_out(_widget, _context, data, _info, _time):
-    if data.get_target().name() == "text/uri-list":
-        data.set_uris(sys.argv[1:])
-    else:
-        data.set_text(" ".join(sys.argv[1:]), -1)
+class Handle(Gtk.EventBox):
+    def __init__(self, thing):
+        super().__init__()
+        self._thing = thing
+        self._outcome = "copied"
+        self.add(Gtk.Label(label="Drag me"))
+        self.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], ACTIONS)
+        if ":" in thing:
+            self.drag_source_add_uri_targets()
+        else:
+            self.drag_source_add_text_targets()
+
+    def do_drag_begin(self, context):
+        self._drag = context
+        GLib.timeout_add(10, self._look_for_welcome)
+
+    def do_drag_data_get(self, _context, data, _info, _time):
+        if not data.set_uris([self._thing]):
+            data.set_text(self._thing, -1)
+
+    def do_drag_data_delete(self, _context):
+        self._outcome = "moved"
+
+    def do_drag_failed(self, _context, _result):
+        self._outcome = "refused"
+        return False
+
+    def do_drag_end(self, _context):
+        self._drag = None
+        print(self._outcome, flush=True)
+
+    def _look_for_welcome(self):
+        welcome = self._drag and self._drag.get_selected_action() != NO_ACTION
+        if welcome:
+            print("welcome", flush=True)
+        return GLib.SOURCE_CONTINUE if self._drag and not welcome else GLib.SOURCE_REMOVE
 
 
 def main():
-    handle = Gtk.EventBox()
-    handle.add(Gtk.Label(label="Drag me"))
-    handle.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], ACTIONS)
-    if ":" in sys.argv[1]:
-        handle.drag_source_add_uri_targets()
-    else:
-        handle.drag_source_add_text_targets()
-    handle.connect("drag-data-get", hand_out)
-    handle.connect("drag-data-delete", lambda *_: print("moved", flush=True))
-    handle.connect("drag-failed", lambda *_: print("refused", flush=True))
-    handle.connect("drag-end", lambda *_: print("end", flush=True))
     window = Gtk.Window(title="Drag source", default_width=120, default_height=120)
-    window.add(handle)
+    window.add(Handle(sys.argv[1]))
     window.move(0, 0)
     window.show_all()
     Gtk.main()
