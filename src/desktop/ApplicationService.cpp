@@ -19,7 +19,8 @@ BusName ApplicationService::takeName() {
 }
 
 void ApplicationService::Activate(const QVariantMap& platformData) {
-    Q_EMIT activated(platformData.value(QStringLiteral("activation-token")).toByteArray());
+    Q_EMIT activated(platformData.value(QStringLiteral("activation-token")).toByteArray(),
+                     platformData.value(QStringLiteral("desktop-startup-id")).toByteArray());
 }
 
 void ApplicationService::Open(const QStringList& uris, const QVariantMap& platformData) {

@@ -33,7 +33,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     /// The window is to come to the front. token: leave to do so, on desktops that ask for one.
-    void activated(const QByteArray& token);
+    /// startupId: of the launch that asks for it, on X. Either may be empty.
+    void activated(const QByteArray& token, const QByteArray& startupId);
     void fileOpened(const QString& path);
 
 private:

@@ -1,6 +1,7 @@
 #include "desktop/DesktopRequests.h"
 
 #include "desktop/ApplicationService.h"
+#include "desktop/startup_notification.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 
 #include <QGuiApplication>
@@ -23,7 +24,7 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
             Qt::DirectConnection);
 }
 
-void DesktopRequests::bringToFront(const QByteArray& token) {
+void DesktopRequests::bringToFront(const QByteArray& token, const QByteArray& startupId) {
     // On Wayland, Qt takes the leave to come to the front from here.
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token);
@@ -31,6 +32,7 @@ void DesktopRequests::bringToFront(const QByteArray& token) {
     m_window.show();
     m_window.raise();
     m_window.activateWindow();
+    endStartupNotification(startupId);
 }
 
 void DesktopRequests::joinSession(QSessionManager& session) {

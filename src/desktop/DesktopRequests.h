@@ -26,7 +26,7 @@ protected:
     bool eventFilter(QObject* application, QEvent* event) override;
 
 private:
-    void bringToFront(const QByteArray& token);
+    void bringToFront(const QByteArray& token, const QByteArray& startupId);
     void joinSession(QSessionManager& session);
     void prepareForLogOut(QSessionManager& session);
 

@@ -46,7 +46,8 @@ TEST_F(Service, OthersActivateItAndOpenFiles) {
         QSignalSpy(&watcher, &QDBusPendingCallWatcher::finished).wait();
         return watcher.reply().type() == QDBusMessage::ReplyMessage;
     };
-    const QVariantMap tokens{{u"activation-token"_qs, u"leave"_qs}};
+    const QVariantMap tokens{{u"activation-token"_qs, u"leave"_qs},
+                             {u"desktop-startup-id"_qs, u"launch"_qs}};
     EXPECT_TRUE(call("Activate", {tokens}));
     EXPECT_TRUE(call("Open", {QStringList{u"file:///a%20b"_qs, u"file:///c"_qs}, tokens}));
     EXPECT_TRUE(call("ActivateAction", {u"x"_qs, QVariantList{u"y"_qs}, QVariantMap()}));
@@ -54,8 +55,8 @@ TEST_F(Service, OthersActivateItAndOpenFiles) {
     EXPECT_TRUE(call("Open", {QStringList(), QVariantMap()}));
     EXPECT_FALSE(call("deleteLater", {}));
     ASSERT_EQ(activated.size(), 5);
-    EXPECT_EQ(activated[0], QVariantList{QByteArray("leave")});
-    EXPECT_EQ(activated[2], QVariantList{QByteArray()});
+    EXPECT_EQ(activated[0], (QVariantList{QByteArray("leave"), QByteArray("launch")}));
+    EXPECT_EQ(activated[2], (QVariantList{QByteArray(), QByteArray()}));
     ASSERT_EQ(fileOpened.size(), 1);
     EXPECT_EQ(fileOpened[0], QVariantList{u"/a b"_qs});
 }

@@ -41,7 +41,7 @@ TEST_F(HandOver, OpensTheFile) {
     ASSERT_EQ(fileOpened.size(), 1);
     EXPECT_EQ(fileOpened[0], QVariantList{u"/tmp/Ω #1 100%.vexaB"_qs});
     ASSERT_EQ(activated.size(), 1);
-    EXPECT_EQ(activated[0], QVariantList{QByteArray("leave")});
+    EXPECT_EQ(activated[0][0], QByteArray("leave"));
 }
 
 TEST_F(HandOver, ActivatesWithoutAFile) {

@@ -16,6 +16,7 @@ from support.cases import DeviceTest, ProgramTest
 from support.drag import DragSource
 from support.items import Item, items_in, list_file
 from support.session_manager import SessionManager
+from support.startup import StartupMessages
 from support.waiting import eventually
 from support.window import Window, center
 from support.wire import STOP, play
@@ -30,7 +31,7 @@ def setUpModule():
     desktop.start()
 
 
-def call(method, *arguments):
+def call(method, *arguments, platform_data=None):
     """Calls the application as other programs do."""
     signatures = {"Activate": "(a{sv})", "Open": "(asa{sv})", "ActivateAction": "(sava{sv})"}
     Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
@@ -38,7 +39,7 @@ def call(method, *arguments):
         "/" + ID.replace(".", "/"),
         "org.freedesktop.Application",
         method,
-        GLib.Variant(signatures[method], (*arguments, {})),
+        GLib.Variant(signatures[method], (*arguments, platform_data or {})),
         None,
         Gio.DBusCallFlags.NO_AUTO_START,
         5000,
@@ -172,6 +173,11 @@ class AtRest(RunningProgram, ProgramTest):
         call("ActivateAction", "nonsense", [])
         call("Open", ["https://example.org/x.vexaB", self.list_file("third").as_uri()])
         self.expect_opened("third")
+
+    def test_the_launch_of_a_second_time_ends(self):
+        launches = StartupMessages()
+        call("Activate", platform_data={"desktop-startup-id": GLib.Variant("s", 'x"_TIME0')})
+        self.assertEqual(launches.next(), 'remove: ID="x\\"_TIME0"')
 
     def test_a_file_is_dropped(self):
         for target in ("Current time", "Batch stripe list"):
