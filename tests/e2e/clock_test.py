@@ -2,6 +2,7 @@
 day nor catches up."""
 
 import os
+import pathlib
 import signal
 import subprocess
 import sys
@@ -53,6 +54,9 @@ class Clock(DeviceTest):
                 date = subprocess.run(["date", "+%s"], capture_output=True, check=True).stdout
                 self.assertAlmostEqual(int(date), time.time() + int(step), delta=60)
             self.check_length(began, 3)
+        window.close()
+        for left_over in pathlib.Path("/dev/shm").glob(f"*faketime_*_{window.program.pid}"):
+            left_over.unlink()
 
     def test_a_stopped_program_falls_behind_by_as_long_as_it_was_stopped(self):
         window, began = self.start_stripe(seconds=2)

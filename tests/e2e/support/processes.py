@@ -27,6 +27,9 @@ class Child:
     def stderr(self):
         return self._process.stderr
 
+    def is_running(self):
+        return self._process.poll() is None
+
     def send_signal(self, number):
         self._process.send_signal(number)
 
