@@ -4,6 +4,7 @@
 #include "app/termination_signals.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "midi/Vexa_MIDI_Manager.h"
 
 #include <QCoreApplication>
 
@@ -59,6 +60,9 @@ public:
                                                                                        : 0);
             },
             Qt::QueuedConnection);
+        // The list comes after all that was sent before it: by then the way to the generator is
+        // open, and it starts when the clock does.
+        Vexa_MIDI_Manager::sharedMidiManager().destinationList();
         m_controller.handleStripeMenuItems(transport::playing);
         const int result = QCoreApplication::exec();
         m_clock.setHeading({});

@@ -1,0 +1,60 @@
+"""The software generator at the other end of the cable, as scripts/run has it."""
+
+import os
+import pathlib
+import re
+import signal
+import subprocess
+import unittest
+
+from support import program
+from support.cases import ProgramTest
+from support.jack import JackServer
+from support.processes import Child
+from support.waiting import eventually
+
+STRIPE = ["--start", "00:00:59:20", "--stop", "00:01:00:10", "--rate", "30 df", "--type", "DTL"]
+LENGTH = 18 / 29.97  # s: ten frames, two numbers that are left out, eight frames
+EVENT = re.compile(r"(?P<seconds>\d+\.\d{6})  (?P<bytes>[0-9A-F]{2}( [0-9A-F]{2})*)  (?P<text>.*)")
+
+
+class Generator(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.server = JackServer()
+        self.server.start()
+        self.addCleanup(self.server.stop)
+        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        self.log = self.settings.parent.parent / "events"
+        self.generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
+        self.addCleanup(self.generator.stop)
+        eventually("the generator is ready", lambda: "ready" in self.text())
+
+    def text(self):
+        return self.log.read_text() if os.path.exists(self.log) else ""
+
+    def events(self, count):
+        """So many events, when they have come."""
+        eventually("the events are there", lambda: self.text().count("\n") == count + 1)
+        return [EVENT.fullmatch(line) for line in self.text().splitlines()[1:]]
+
+    def test_runs_for_the_length_of_a_stripe_and_understands_every_frame(self):
+        arguments = ["--midi", "jack", "--destination", "generator", "--stripe", *STRIPE]
+        self.assertEqual(program.run(*arguments).returncode, 0)
+        events = self.events(7)
+        texts = [event["text"] for event in events]
+        self.assertEqual(
+            texts[:5], ["stop"] * 3 + ["setup 00:00:59:20 30 df DTL", "start 00:00:59:20"]
+        )
+        self.assertRegex(texts[5], r"^stop at 00:01:00:(09|10|11)$")
+        self.assertEqual(texts[6], "stop")
+        seconds = [float(event["seconds"]) for event in events]
+        self.assertAlmostEqual(seconds[5] - seconds[4], LENGTH, delta=0.05)
+
+    def test_ends_at_an_interrupt(self):
+        self.generator.send_signal(signal.SIGINT)
+        self.assertEqual(self.generator.wait(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
