@@ -114,10 +114,10 @@ class AtRest(RunningProgram, ProgramTest):
         self.addCleanup(other.close)
         self.window.minimize()
         self.launch_again()
-        self.window.await_active()
+        self.window.await_raised()
         other.activate()
         self.launch_again()
-        self.window.await_active()
+        self.window.await_raised()
 
     def test_the_list_is_saved_first(self):
         self.change_list()

@@ -172,7 +172,7 @@ class Window:
     def minimize(self):
         xdotool("windowminimize", "--sync", self._x_window)
 
-    def await_active(self):
+    def await_raised(self):
         eventually("the window is active", self._active_x_window)
 
     def keys(self, *names):
