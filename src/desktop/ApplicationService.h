@@ -11,7 +11,7 @@ namespace vexa {
 enum class BusName { Ours, Taken, NoBus };
 
 /// The program as other programs see it on the session bus: org.freedesktop.Application, as the
-/// Desktop Entry Specification has it. Nothing is done before a caller has its answer.
+/// Desktop Entry Specification has it.
 class ApplicationService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")

@@ -53,7 +53,7 @@ void DesktopRequests::prepareForLogOut(QSessionManager& session) {
 bool DesktopRequests::eventFilter(QObject* application, QEvent* event) {
     if (application != qGuiApp || event->type() != QEvent::Quit)
         return false;
-    QCoreApplication::exit(); // and the window, which is not closed first, does not ask again
+    QCoreApplication::exit(); // not by closing the window, which would ask again
     return true;
 }
 
