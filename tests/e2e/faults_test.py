@@ -16,7 +16,7 @@ from support.waiting import eventually
 from support.wire import STOP, play, run, stripe
 
 FPS_30 = 2  # the mode code with MTC
-ALLOWED_LATENESS = 0.5  # s, on a machine that starts programs meanwhile
+ALLOWED_LATENESS = 2  # s, on a busy machine; what hangs does so for longer
 
 ONE_SECOND = Item(1, "first", "01:00:00:00", "01:00:01:00")
 SECOND = Item(1, "second", "02:00:00:00", "02:00:01:00")
@@ -27,6 +27,13 @@ REEL_2_ALERT = "Please load reel 2, then hit Continue"
 
 def setUpModule():
     desktop.start()
+
+
+def check_one_second_since(test, pressed):
+    """As long as a stripe of one second takes, seen a little late."""
+    took = time.monotonic() - pressed
+    test.assertGreater(took, 1)
+    test.assertLess(took, 1 + ALLOWED_LATENESS)
 
 
 class LostInABatch(DeviceTest):
@@ -77,7 +84,7 @@ class LostInABatch(DeviceTest):
         pressed = time.monotonic()
         self.window.press("Continue")
         self.batch.await_marks(["Finished"] * 3)
-        self.assertAlmostEqual(time.monotonic(), pressed + 1, delta=ALLOWED_LATENESS)
+        check_one_second_since(self, pressed)
         give_back()
         self.window.keys("F6")
         self.expect_messages(*run(REELS)[:4])
@@ -104,11 +111,11 @@ class LostAtPlay(DeviceTest):
 
     def stripe_into_nothing(self):
         self.window.type_time("Stop time", "01:00:01:00")
+        pressed = time.monotonic()
         self.window.keys("F6")
         self.window.await_on("Play")
-        started = time.monotonic()
         self.window.await_on("Stop")
-        self.assertAlmostEqual(time.monotonic(), started + 1, delta=ALLOWED_LATENESS)
+        check_one_second_since(self, pressed)
 
     def test_pulled_before_play(self):
         self.monitor.stop()
