@@ -26,7 +26,8 @@ public:
 
     /// The connection of one program among several.
     QDBusConnection connection(const QString& program) const {
-        return QDBusConnection::connectToBus(m_address, program);
+        // Connections are kept by name, and those to a bus that is gone are none.
+        return QDBusConnection::connectToBus(m_address, m_address + program);
     }
 
 private:
