@@ -1,15 +1,26 @@
 """A JACK server without sound hardware, and a receiver on it that is not ours."""
 
 import contextlib
+import fcntl
 import os
 import pathlib
 import signal
 import subprocess
+import tempfile
 import threading
 import time
 
 from support.processes import Child
 from support.waiting import eventually
+
+
+@contextlib.contextmanager
+def alone():
+    """Meanwhile, no other test starts or stops a server: two that do so at the same moment may both
+    be lost."""
+    with open(pathlib.Path(tempfile.gettempdir(), "vexa-tests.lock"), "w") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        yield
 
 
 class JackServer:
@@ -23,7 +34,8 @@ class JackServer:
         self._server = None
 
     def start(self):
-        eventually("the server is up", self._is_up)
+        with alone():
+            eventually("the server is up", self._is_up)
 
     def _is_up(self):
         """Once more, should it have given up: the system has room for eight servers only, and those
@@ -53,12 +65,16 @@ class JackServer:
     def stop(self):
         """The system lists eight servers at most, and strikes off only those that end in order: one
         that was killed is started once more, to do so."""
-        self._server.stop()
+        self._end()
         if self._server.wait() == -signal.SIGKILL:
             self.start()
-            self._server.stop()
+            self._end()
         for left_over in pathlib.Path("/dev/shm").glob(f"jack_*{self._name}_*"):
             left_over.unlink()
+
+    def _end(self):
+        with alone():
+            self._server.stop()
 
 
 def listed_ports():
@@ -86,7 +102,10 @@ class MidiMonitor:
             )
             self._reader = threading.Thread(target=self._read, daemon=True)
             self._reader.start()
-        return f"{self._name}:input" in listed_ports()
+        # Nothing can be connected to a port before its client has its process thread, beside the
+        # main one and the one that listens to the server.
+        has_process_thread = len(os.listdir(f"/proc/{self._child.pid}/task")) > 2
+        return has_process_thread and f"{self._name}:input" in listed_ports()
 
     def _read(self):
         with self._child.stdout as lines:

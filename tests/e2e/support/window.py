@@ -74,8 +74,13 @@ class Window:
         return self._has(name, Atspi.StateType.FOCUSED)
 
     def titles(self):
-        """The titles of all windows of the program that are shown, alerts among them."""
-        return [title for title in map(_title, _children(self._application)) if title is not None]
+        """The titles of all windows of the program that are shown, alerts among them; none when it
+        has ended."""
+        try:
+            titles = [_title(window) for window in _children(self._application)]
+        except GLib.GError:
+            return []
+        return [title for title in titles if title is not None]
 
     def is_shown(self, name):
         return self._has(name, Atspi.StateType.SHOWING)
