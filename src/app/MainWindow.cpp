@@ -46,7 +46,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
         return m_buttons.emplace_back(std::make_unique<ButtonOutlet>(*widget)).get();
     };
     m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
-    m_outlets = m_absent.outlets(m_alerts);
+    m_outlets.alerts = &m_alerts;
     m_outlets.filePanels = &m_filePanels;
     m_outlets.recentDocuments = &m_recentFiles;
     m_outlets.window = &m_title;

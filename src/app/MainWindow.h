@@ -6,19 +6,17 @@
 #include "controls/PreferencesOnDemand.h"
 #include "controls/RecentFiles.h"
 #include "controls/outlet_adapters.h"
-#include "engine/plain_outlets.h"
 
 #include <QMainWindow>
 
 #include <memory>
+#include <vector>
 
 namespace Ui {
 class MainWindow;
 }
 
 namespace vexa {
-
-class MainMenu;
 
 /// The one window. It lays out the controls, lends them to the controller as its outlets and
 /// passes the operator's actions on; it decides nothing.
@@ -48,7 +46,6 @@ private:
     RecentFiles m_recentFiles;
     PreferencesOnDemand m_prefsController{*this};
     AddToBatchPanelOnDemand m_addToPanel{*this};
-    PlainOutlets m_absent; ///< for the outlets that have no control yet
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;
     Outlets m_outlets;
