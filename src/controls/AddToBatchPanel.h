@@ -26,9 +26,8 @@ public:
     void setTitlePlaceholder(const QString& text) override;
     int runModal() override;
 
-public Q_SLOTS:
-    void okAddToBatchPanel() { done(panelConfirmed); }
-    void cancelAddToBatchPanel() { done(panelCancelled); }
+    Q_SLOT void okAddToBatchPanel() { done(panelConfirmed); }
+    Q_SLOT void cancelAddToBatchPanel() { done(panelCancelled); }
 
 private:
     std::unique_ptr<Ui::AddToBatchPanel> m_ui;

@@ -19,15 +19,16 @@ class ApplicationService : public QObject {
 public:
     explicit ApplicationService(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
-    /// Tries to become the program that answers to the application id, for as long as it runs.
+    /// Tries to become the program that answers to the application id, for as long as it runs. May
+    /// be called on any thread; what is called on the bus is answered on that of this object.
     BusName takeName();
 
-public Q_SLOTS:
     // Their names are those on the bus. platformData: as from startupTokens().
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& uris, const QVariantMap& platformData);
+    Q_SLOT void Activate(const QVariantMap& platformData);
+    Q_SLOT void Open(const QStringList& uris, const QVariantMap& platformData);
     /// The program's desktop entry names no actions.
-    void ActivateAction(const QString&, const QVariantList&, const QVariantMap& platformData) {
+    Q_SLOT void ActivateAction(const QString&, const QVariantList&,
+                               const QVariantMap& platformData) {
         Activate(platformData);
     }
 

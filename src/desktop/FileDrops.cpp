@@ -7,7 +7,7 @@
 
 namespace vexa {
 
-FileDrops::FileDrops(QWidget& window) : QObject(&window) {
+FileDrops::FileDrops(QWidget& window) {
     window.setAcceptDrops(true);
     window.installEventFilter(this);
 }

@@ -10,6 +10,7 @@ class FileDrops : public QObject {
     Q_OBJECT
 
 public:
+    /// The window must outlive this.
     explicit FileDrops(QWidget& window);
 
 Q_SIGNALS:
