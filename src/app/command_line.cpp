@@ -1,9 +1,9 @@
 #include "app/command_line.h"
 
+#include "desktop/file_uris.h"
 #include "timecode/sync_type.h"
 
 #include <QCommandLineParser>
-#include <QUrl>
 
 #include <string_view>
 
@@ -126,7 +126,11 @@ CommandLine::Mode modeOf(const QCommandLineParser& parser) {
 
 /// Desktops hand over a file as a path or as a URI.
 QString localPath(const QString& argument) {
-    return argument.startsWith(QLatin1String("file:")) ? QUrl(argument).toLocalFile() : argument;
+    const bool isUri = argument.startsWith(QLatin1String("file:"));
+    const auto path = isUri ? firstLocalFile({QUrl(argument)}) : argument;
+    if (path.isEmpty())
+        throw Refusal{QStringLiteral("\"%1\" is no file of this machine").arg(argument)};
+    return path;
 }
 
 void checkCombination(const QCommandLineParser& parser, const CommandLine& line) {
@@ -163,7 +167,6 @@ CommandLine interpreted(const QCommandLineParser& parser) {
                               [](std::uint64_t code) { return frameRateForCode(code).name; });
     if (parser.isSet(typeOption))
         line.type = codeNamed(typeOption, parser.value(typeOption), sync::count, syncTypeName);
-
     if (parser.isSet(rowsOption))
         line.rows = rowsFrom(parser.value(rowsOption));
     checkCombination(parser, line);

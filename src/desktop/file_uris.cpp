@@ -1,5 +1,6 @@
 #include "desktop/file_uris.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
 
@@ -13,6 +14,13 @@ bool isThisMachine(const QString& host) {
            host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
 }
 
+/// Null when there is none, or one that no QString can stand for: a name may be any bytes.
+QString pathOf(const QUrl& uri) {
+    const auto bytes = QByteArray::fromPercentEncoding(uri.path(QUrl::FullyEncoded).toLatin1());
+    const auto path = QFile::decodeName(bytes);
+    return !path.isEmpty() && QFile::encodeName(path) == bytes ? path : QString();
+}
+
 } // namespace
 
 QString fileUri(const QString& path) {
@@ -22,7 +30,8 @@ QString fileUri(const QString& path) {
 QString firstLocalFile(const QList<QUrl>& uris) {
     for (const auto& uri : uris)
         if (uri.isLocalFile() && isThisMachine(uri.host()))
-            return uri.path(QUrl::FullyDecoded);
+            if (const auto path = pathOf(uri); !path.isNull())
+                return path;
     return {};
 }
 

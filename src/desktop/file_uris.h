@@ -9,8 +9,8 @@ namespace vexa {
 /// The file's URI as a text of ASCII letters. A relative path starts at the current directory.
 QString fileUri(const QString& path);
 
-/// The path of the first of them that is a file of this machine; null when none is. The program
-/// shows one list at a time, so that there is no use for the others.
+/// The path of the first of them that is a file of this machine, under a name in UTF-8; null when
+/// none is. The program shows one list at a time, so that there is no use for the others.
 QString firstLocalFile(const QList<QUrl>& uris);
 
 } // namespace vexa

@@ -56,6 +56,7 @@ TEST(CommandLine, ReadsAListAndItsRows) {
     EXPECT_EQ(accepted({"My list.vexaB"}).file, QStringLiteral("My list.vexaB"));
     EXPECT_EQ(accepted({"file:///tmp/100%25%20%23.vexaB"}).file,
               QStringLiteral("/tmp/100% #.vexaB"));
+    EXPECT_EQ(accepted({"file://localhost/tmp/a.vexaB"}).file, QStringLiteral("/tmp/a.vexaB"));
     const auto line = accepted({"--stripe", "a.vexaB", "--rows", "1,3-5,4"});
     EXPECT_EQ(line.mode, CommandLine::Mode::Stripe);
     EXPECT_EQ(line.rows, (RowIndexes{0, 2, 3, 4}));
@@ -93,6 +94,11 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{{"--midi", "oss"}, "--midi: no such system: \"oss\""},
         Wrong{{"--stripe"}, "--stripe needs a --start time, or a batch list"},
         Wrong{{"a.vexaB", "b.vexaB"}, "one file at most, but there is also \"b.vexaB\""},
+        Wrong{{""}, "\"\" is no file of this machine"},
+        Wrong{{"--stripe", ""}, "\"\" is no file of this machine"},
+        Wrong{{"file://elsewhere.example.org/a.vexaB"},
+              "\"file://elsewhere.example.org/a.vexaB\" is no file of this machine"},
+        Wrong{{"file:///caf%E9.vexaB"}, "\"file:///caf%E9.vexaB\" is no file of this machine"},
         Wrong{{"--stripe", "a.vexaB", "--start", "01:00:00:00"},
               "--start goes with --stripe without a file"},
         Wrong{{"a.vexaB", "--rows", "1"}, "--rows goes with --stripe and a batch list"},

@@ -56,4 +56,17 @@ TEST(FileUris, AMachineMayBeNamedAndHasToBeThisOne) {
     EXPECT_TRUE(on(QStringLiteral("elsewhere.example.org")).isNull());
 }
 
+TEST(FileUris, ANameThatIsNotUtf8IsNoFileHere) {
+    const QUrl latin1(QStringLiteral("file:///caf%E9.vexaB"));
+    const QUrl mangled(QStringLiteral("file:///caf%EF%BF%BD.vexaB"));
+    EXPECT_TRUE(firstLocalFile({latin1}).isNull());
+    EXPECT_EQ(firstLocalFile({latin1, mangled}), QString::fromUtf8("/caf\uFFFD.vexaB"));
+}
+
+TEST(FileUris, AFileHasAPath) {
+    const QUrl empty(QStringLiteral("file:"));
+    EXPECT_TRUE(firstLocalFile({empty}).isNull());
+    EXPECT_EQ(firstLocalFile({empty, QUrl(QStringLiteral("file:///a"))}), QStringLiteral("/a"));
+}
+
 } // namespace
