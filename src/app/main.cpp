@@ -32,6 +32,17 @@ int refuse(const QString& message, int exitCode = 2) {
     return exitCode;
 }
 
+/// Nothing when one of them is not UTF-8: no QString can stand for a file of such a name.
+std::optional<QStringList> argumentsOf(int argc, char* argv[]) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments += QString::fromUtf8(argv[i]);
+        if (arguments.constLast().toUtf8() != argv[i])
+            return {};
+    }
+    return arguments;
+}
+
 int listDestinations(MidiSystem& system) {
     const auto names = destinationNames(system);
     for (std::size_t i = 0; i < names.size(); ++i)
@@ -116,10 +127,10 @@ bool hasDisplay() {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments += QString::fromLocal8Bit(argv[i]);
-    const auto parsed = parseCommandLine(arguments);
+    const auto arguments = argumentsOf(argc, argv);
+    if (!arguments)
+        return refuse(QStringLiteral("an argument is not UTF-8"));
+    const auto parsed = parseCommandLine(*arguments);
     if (const auto* error = std::get_if<CommandLineError>(&parsed))
         return refuse(error->message);
     const auto& line = std::get<CommandLine>(parsed);
@@ -128,6 +139,8 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationVersion(QStringLiteral(VEXA_VERSION));
     QGuiApplication::setDesktopFileName(applicationId);
     if (line.mode == CommandLine::Mode::Window) {
+        if (QFileInfo(line.file).isDir())
+            return refuse(QStringLiteral("\"%1\" is a folder").arg(line.file));
         if (!hasDisplay())
             return refuse(
                 QStringLiteral("there is no display; see --help for striping without one"), 1);

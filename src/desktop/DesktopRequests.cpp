@@ -4,6 +4,7 @@
 #include "desktop/startup_notification.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QSessionManager>
 
@@ -13,7 +14,10 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
                                  ApplicationService& service)
     : m_window(window),
       m_controller(controller),
-      m_openRequests([&controller](const QString& path) { controller.openFile(path); }),
+      m_openRequests([&controller](const QString& path) {
+          if (!QFileInfo(path).isDir()) // the list at hand is not given up for a folder
+              controller.openFile(path);
+      }),
       m_drops(window) {
     connect(&service, &ApplicationService::activated, this, &DesktopRequests::bringToFront);
     connect(&service, &ApplicationService::fileOpened, &m_openRequests, &OpenRequests::add);

@@ -36,6 +36,17 @@ TEST_F(DesktopRequest, OpensAFileAndBringsTheWindowBack) {
     EXPECT_EQ(rig.controller.url(), file);
 }
 
+TEST_F(DesktopRequest, AFolderIsNoList) {
+    service.Open({fileUri(folder.path())}, {});
+    service.Open(uris, {});
+    QObject::connect(&rig.controller, &Vexa_RemoteAppDelegate::stateChanged, &program, [&] {
+        if (!rig.controller.url().isNull())
+            program.quit();
+    });
+    program.exec();
+    EXPECT_EQ(rig.controller.url(), file);
+}
+
 TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
     rig.controller.addItemToBatchList(1, u"item"_qs, 0, 1, 2, 0);
     rig.press(transport::playing);

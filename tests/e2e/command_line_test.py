@@ -1,5 +1,6 @@
 """The command line as a shell sees it: output, errors and exit codes."""
 
+import tempfile
 import unittest
 
 from support import program
@@ -25,6 +26,9 @@ class CommandLine(ProgramTest):
             [*STRIPE, "--rate", "29.97"],
             [*STRIPE, "--type", "LTC"],
             [*STRIPE, "--destination", "nobody"],
+            [""],
+            [b"caf\xe9.vexaB"],
+            [tempfile.gettempdir()],
         ):
             with self.subTest(arguments=arguments):
                 done = program.run(*arguments)
