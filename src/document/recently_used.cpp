@@ -25,13 +25,14 @@ struct FreeText {
 };
 using Text = std::unique_ptr<char, FreeText>;
 
-/// Null when there is a file, but not of bookmarks.
+/// Null when there is something, but no file of bookmarks.
 Bookmarks readBookmarks(const QString& listFile) {
     Bookmarks bookmarks(g_bookmark_file_new());
     QFile file(listFile);
     if (!file.exists())
         return bookmarks;
-    if (!file.open(QIODevice::ReadOnly))
+    // Opening a pipe would wait for a writer, and the end of the program for this.
+    if (!QFileInfo(listFile).isFile() || !file.open(QIODevice::ReadOnly))
         return nullptr;
     const auto bytes = file.readAll();
     const bool isRead = g_bookmark_file_load_from_data(bookmarks.get(), bytes.constData(),

@@ -11,7 +11,7 @@ QString recentlyUsedFile();
 
 /// Enters batch list files, given by absolute paths, into such a list as used now by this program.
 /// What others hold there stays. Returns false, and leaves the file as it is, when it cannot be
-/// read as such a list or not be written.
+/// read as such a list or not be written. May be called on any thread, on one at a time.
 bool addToRecentlyUsed(const QStringList& paths, const QString& listFile);
 
 } // namespace vexa

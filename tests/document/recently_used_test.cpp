@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 using namespace vexa;
 using testing::HasSubstr;
 using testing::Not;
@@ -127,6 +129,12 @@ TEST_F(RecentlyUsed, AListThatIsNoneIsLeftAlone) {
         EXPECT_FALSE(add("/reels/b.vexaB")) << garbage;
         EXPECT_EQ(bytes(), QByteArray(garbage));
     }
+}
+
+TEST_F(RecentlyUsed, NobodyWaitsForAListThatWouldNeverBeRead) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("share")));
+    ASSERT_EQ(mkfifo(QFile::encodeName(list).constData(), 0600), 0);
+    EXPECT_FALSE(add("/reels/b.vexaB"));
 }
 
 TEST_F(RecentlyUsed, AListThatCannotBeWrittenIsLeftAlone) {
