@@ -22,19 +22,20 @@ QMenu& menuTitled(QMenuBar& bar, const QString& title) {
     return found == actions.end() ? *bar.addMenu(title) : *(*found)->menu();
 }
 
-/// Such a command waits until whoever chose it has been answered: a screen reader waits for its
-/// choice to end, not for the panel to be closed. Those of the file may all ask to save.
+/// Those of the file may all ask to save.
 bool mayOpenPanel(const Command& command) {
     return QString::fromUtf8(command.title).endsWith(QChar(u'…')) ||
            QLatin1String(command.menu).startsWith(QLatin1String("&File"));
 }
 
-/// Two choices at once open one panel.
-auto unlessPanelIsOpen(std::function<void()> perform) {
-    return [perform = std::move(perform)] {
+/// What may open a panel waits until whoever chose it has been answered: a screen reader waits for
+/// its choice to end, not for the panel to be closed. Two choices at once open one panel.
+void performLater(QObject& context, std::function<void()> perform) {
+    const auto unlessPanelIsOpen = [perform = std::move(perform)] {
         if (!QApplication::activeModalWidget())
             perform();
     };
+    QMetaObject::invokeMethod(&context, unlessPanelIsOpen, Qt::QueuedConnection);
 }
 
 /// The switch of batch striping says in its title what it does; a mark would say the opposite.
@@ -73,16 +74,17 @@ void MainMenu::connectAction(QAction& action, const Command& command) {
         command.perform({m_controller, m_help, *m_menuBar.window()}, command.tag);
     };
     if (mayOpenPanel(command))
-        connect(&action, &QAction::triggered, this, unlessPanelIsOpen(perform),
-                Qt::QueuedConnection);
+        connect(&action, &QAction::triggered, this,
+                [this, perform] { performLater(*this, perform); });
     else
         connect(&action, &QAction::triggered, this, perform);
 }
 
 QAction* MainMenu::addOpenRecent(QMenu& menu) {
     auto* recent = new OpenRecentMenu(m_recentFiles, &menu);
-    connect(recent, &OpenRecentMenu::chosen, &m_controller, &Vexa_RemoteAppDelegate::openFile,
-            Qt::QueuedConnection);
+    connect(recent, &OpenRecentMenu::chosen, this, [this](const QString& path) {
+        performLater(*this, [this, path] { m_controller.openFile(path); });
+    });
     menu.addMenu(recent);
     return recent->menuAction();
 }

@@ -1,5 +1,6 @@
 #include "controls/MainMenu.h"
 #include "controls/RecentFiles.h"
+#include "support/CleanDefaults.h"
 #include "support/ControllerRig.h"
 
 #include <QApplication>
@@ -7,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -155,6 +157,30 @@ TEST(MainMenu, RecentFilesCannotBeOpenedWhileStriping) {
     }
     rig.controller.setTransportState(transport::stopped);
     EXPECT_TRUE(item->isEnabled());
+}
+
+TEST(MainMenu, TwoRecentFilesAtOnceAskOneQuestion) {
+    ControllerRig rig;
+    const CleanDefaults defaults;
+    const QTemporaryDir folder;
+    RecentFiles files;
+    files.noteNewRecentDocument(folder.path());
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller, files);
+    rig.controller.addItemToBatchList(1, QStringLiteral("item"), 0, 1, 2, 0);
+    rig.alerts.answers = {alertThirdButton, alertThirdButton};
+    rig.alerts.whileShown = [] {
+        QDialog question;
+        question.setModal(true);
+        question.show();
+        QCoreApplication::processEvents();
+    };
+    auto* const recent = menu.item(MenuAction::other, unavailableWhileStriping)->menu();
+    Q_EMIT recent->aboutToShow();
+    recent->actions().constFirst()->trigger();
+    recent->actions().constFirst()->trigger();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rig.alerts.shown.size(), 1u);
 }
 
 TEST(MainMenu, WithFskTheRatesKeepTheirMarks) {
