@@ -5,8 +5,8 @@
 
 namespace vexa {
 
-VexaHelpController::VexaHelpController(QObject* parent)
-    : QObject(parent), m_bundle(Bundle::mainBundle()), m_openFile([](const QString& path) {
+VexaHelpController::VexaHelpController()
+    : VexaHelpController(Bundle::mainBundle(), [](const QString& path) {
           QDesktopServices::openUrl(QUrl::fromLocalFile(path));
       }) {}
 

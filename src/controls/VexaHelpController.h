@@ -2,7 +2,7 @@
 
 #include "document/Bundle.h"
 
-#include <QObject>
+#include <QString>
 
 #include <functional>
 
@@ -10,14 +10,13 @@ namespace vexa {
 
 /// Opens the user guide, the resource that the program's Info.plist names under KelUserGuideName
 /// and, for its extension, KelUserGuideType.
-class VexaHelpController : public QObject {
-    Q_OBJECT
-
+class VexaHelpController {
 public:
     /// Asks the desktop to open a file.
     using OpenFile = std::function<void(const QString& path)>;
 
-    explicit VexaHelpController(QObject* parent = nullptr);
+    /// That of the running program, in the desktop's own viewer.
+    VexaHelpController();
     VexaHelpController(Bundle bundle, OpenFile openFile);
 
     /// Shows the guide in the program that the desktop has for its kind. Does nothing when a key
