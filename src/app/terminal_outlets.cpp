@@ -1,4 +1,4 @@
-#include "app/TerminalPanel.h"
+#include "app/terminal_outlets.h"
 
 #include <QSocketNotifier>
 

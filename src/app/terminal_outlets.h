@@ -11,6 +11,8 @@
 
 namespace vexa {
 
+// What the controller sees of a terminal, and what else is shown there.
+
 /// The clock in the terminal: one line that is written over, or a line a second where the output
 /// goes to a file.
 class TerminalClock final : public TimecodeDisplay {
@@ -53,9 +55,10 @@ public:
     std::function<void(const BatchItemRef&, StripeMark)> onMark;
 };
 
-/// Counts the seconds of a pause down.
+/// Counts the seconds of a pause down, in steps of one. Not at all from 0 or less.
 class Countdown {
 public:
+    /// The run loop must outlive this.
     explicit Countdown(RunLoop& runLoop) : m_runLoop(runLoop) {}
     void start(double seconds);
     void stop() { m_timer.reset(); }

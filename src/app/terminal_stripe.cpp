@@ -1,6 +1,6 @@
 #include "app/terminal_stripe.h"
 
-#include "app/TerminalPanel.h"
+#include "app/terminal_outlets.h"
 #include "app/termination_signals.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
