@@ -75,6 +75,7 @@ bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVa
     if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
         return true;
     std::fputs("vexa-remote: the one that is running does not answer; here is another\n", stderr);
+    service.takeName(); // it may have been about to end, and later launches come here
     return false;
 }
 

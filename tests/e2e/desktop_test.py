@@ -22,6 +22,7 @@ from support.window import Window, center
 from support.wire import STOP, play
 
 ID = "io.github.vexaremote.VexaRemote"
+PATH = "/" + ID.replace(".", "/")
 UNTITLED = "Vexa Remote: Untitled Batch List"
 ODD_NAME = "Tag #1 – 100% für Ωmega 磁带 %41"
 ADDED = Item(1, "added", "01:00:00:00", "01:00:01:00")
@@ -36,7 +37,7 @@ def call(method, *arguments, platform_data=None):
     signatures = {"Activate": "(a{sv})", "Open": "(asa{sv})", "ActivateAction": "(sava{sv})"}
     Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
         ID,
-        "/" + ID.replace(".", "/"),
+        PATH,
         "org.freedesktop.Application",
         method,
         GLib.Variant(signatures[method], (*arguments, platform_data or {})),
@@ -50,6 +51,32 @@ def call(method, *arguments, platform_data=None):
 def await_window_of(running, title):
     """For those that the accessibility bus does not know, or does not reach."""
     eventually("it has a window", lambda: desktop.x_windows(title, running.pid))
+
+
+class DyingProgram:
+    """Has the program's name on the bus, and ends instead of answering."""
+
+    INTERFACE = """<node><interface name="org.freedesktop.Application"><method name="Open">
+        <arg type="as" direction="in"/><arg type="a{sv}" direction="in"/>
+        </method></interface></node>"""
+
+    def __init__(self):
+        flags = Gio.DBusConnectionFlags
+        self._bus = Gio.DBusConnection.new_for_address_sync(
+            os.environ["DBUS_SESSION_BUS_ADDRESS"],
+            flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION,
+            None,
+            None,
+        )
+        interface = Gio.DBusNodeInfo.new_for_xml(self.INTERFACE).interfaces[0]
+        self._bus.register_object(PATH, interface, lambda *_: self._bus.close_sync(), None, None)
+        name = ("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName")
+        wanted = GLib.Variant("(su)", (ID, 0))
+        self._bus.call_sync(*name, wanted, None, Gio.DBusCallFlags.NONE, -1, None)
+
+    def is_gone(self):
+        GLib.MainContext.default().iteration(False)
+        return self._bus.is_closed()
 
 
 class RunningProgram:
@@ -210,6 +237,19 @@ class AtRest(RunningProgram, ProgramTest):
         source = self.drag(self.list_file(name).as_uri(), target)
         source.await_welcome()
         self.assertEqual(source.drop(), "copied")
+
+
+class InPlaceOfAnother(RunningProgram, ProgramTest):
+    def test_one_that_dies_when_it_is_asked_is_succeeded(self):
+        dying = DyingProgram()
+        second = program.start(self.list_file("second"), stderr=subprocess.PIPE)
+        self.addCleanup(second.stderr.close)
+        self.addCleanup(second.stop)
+        eventually("it is asked", dying.is_gone)
+        self.assertRegex(second.stderr.readline(), r"^vexa-remote: .* does not answer")
+        await_window_of(second, "Vexa Remote: second")
+        self.launch_again(self.list_file("third"))
+        await_window_of(second, "Vexa Remote: third")
 
 
 class WhileStriping(RunningProgram, DeviceTest):
