@@ -127,7 +127,7 @@ CommandLine::Mode modeOf(const QCommandLineParser& parser) {
 /// Desktops hand over a file as a path or as a URI.
 QString localPath(const QString& argument) {
     const bool isUri = argument.startsWith(QLatin1String("file:"));
-    const auto path = isUri ? firstLocalFile({QUrl(argument)}) : argument;
+    auto path = isUri ? firstLocalFile({QUrl(argument)}) : argument;
     if (path.isEmpty())
         throw Refusal{QStringLiteral("\"%1\" is no file of this machine").arg(argument)};
     return path;
