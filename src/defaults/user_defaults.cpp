@@ -109,9 +109,7 @@ void write(std::initializer_list<Entry> entries) {
     settings.sync();
 }
 
-void setReal(const char* key, double value) { write({{key, value}}); }
 void setInteger(const char* key, std::int64_t value) { write({{key, qlonglong{value}}}); }
-void setBoolean(const char* key, bool value) { write({{key, value}}); }
 void setTexts(const char* key, const QStringList& value) { write({{key, value}}); }
 
 } // namespace vexa::defaults

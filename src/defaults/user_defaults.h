@@ -43,12 +43,10 @@ struct Entry {
     std::variant<double, qlonglong, bool, QStringList> value;
 };
 
-/// Writes all of them at once.
+/// Writes all of them at once. Booleans are kept as "true" and "false".
 void write(std::initializer_list<Entry> entries);
 
-void setReal(const char* key, double value);
 void setInteger(const char* key, std::int64_t value);
-void setBoolean(const char* key, bool value);
 void setTexts(const char* key, const QStringList& value);
 
 } // namespace defaults

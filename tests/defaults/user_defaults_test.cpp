@@ -71,9 +71,9 @@ TEST_F(UserDefaults, AnAbsentKeyGivesNothing) {
 }
 
 TEST_F(UserDefaults, WhatIsWrittenIsOnDiskAtOnce) {
-    defaults::setReal("vexadelay", 7.5);
+    defaults::write({{"vexadelay", 7.5}});
     defaults::setInteger("vexamididest", -2147483647 - 1);
-    defaults::setBoolean("vexapauseforreel", false);
+    defaults::write({{"vexapauseforreel", false}});
     EXPECT_TRUE(contentOf(path()).contains("vexadelay=7.5"));
     EXPECT_TRUE(contentOf(path()).contains("vexamididest=-2147483648"));
     EXPECT_EQ(defaults::number("vexadelay"), 7.5);
@@ -116,7 +116,7 @@ TEST_F(UserDefaults, AGarbageFileCountsAsEmptyAndIsKeptBesideTheNewOne) {
     const QByteArray garbage("\0\1\2[[[\xff\xfe\nno\n", 12);
     writeFile(garbage);
     EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_EQ(defaults::number("vexadelay"), 3);
     EXPECT_EQ(contentOf(copyPath()), garbage);
 }
@@ -134,7 +134,7 @@ TEST_F(UserDefaults, WhatCanBeReadOfABrokenFileIsKept) {
 
 TEST_F(UserDefaults, AWholeFileIsNotCopied) {
     writeFile("[General]\nvexadelay=9\n");
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_FALSE(QFile::exists(copyPath()));
 }
 
@@ -143,7 +143,7 @@ TEST_F(UserDefaults, AFileThatMayOnlyBeReadKeepsItsContent) {
     ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
     const WithoutPrivileges user(home.path());
     EXPECT_EQ(defaults::number("vexadelay"), 9);
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=9\n");
 }
 
@@ -153,7 +153,7 @@ TEST_F(UserDefaults, AFileThatMayNotBeReadCountsAsEmptyAndKeepsItsContent) {
     {
         const WithoutPrivileges user(home.path());
         EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
-        defaults::setReal("vexadelay", 3);
+        defaults::write({{"vexadelay", 3.0}});
     }
     ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
     EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=9\n");
@@ -162,7 +162,7 @@ TEST_F(UserDefaults, AFileThatMayNotBeReadCountsAsEmptyAndKeepsItsContent) {
 TEST_F(UserDefaults, ADirectoryInPlaceOfTheFileCountsAsEmptyAndStays) {
     ASSERT_TRUE(QDir().mkpath(path()));
     EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_TRUE(QFileInfo(path()).isDir());
 }
 
@@ -170,7 +170,7 @@ TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
     const auto directory = QFileInfo(path()).path();
     QFile file(directory);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_TRUE(QFileInfo(directory).isFile());
 }
 
@@ -179,11 +179,11 @@ TEST_F(UserDefaults, AFileOnAFullDiskKeepsItsContent) {
     writeFile(before);
     for (const rlim_t room : {1, 500, 1100}) {
         const FileSizeLimit limit(room);
-        defaults::setReal("vexadefaultrate", 3);
+        defaults::write({{"vexadefaultrate", 3.0}});
         EXPECT_EQ(contentOf(path()), before) << room;
     }
     EXPECT_EQ(QDir(QFileInfo(path()).path()).entryList(QDir::Files).size(), 1);
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_EQ(defaults::number("vexadelay"), 3);
 }
 
@@ -194,12 +194,12 @@ TEST_F(UserDefaults, AProgramThatHoldsTheFileForeverIsNotWaitedFor) {
     ASSERT_TRUE(other.lock());
     QElapsedTimer time;
     time.start();
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_LT(time.elapsed(), 5000) << "milliseconds";
     EXPECT_EQ(defaults::number("vexadelay"), 9);
     EXPECT_EQ(contentOf(path()), before);
     other.unlock();
-    defaults::setReal("vexadelay", 3);
+    defaults::write({{"vexadelay", 3.0}});
     EXPECT_EQ(defaults::number("vexadelay"), 3);
 }
 

@@ -33,10 +33,10 @@ TEST_F(StartUp, AFirstLaunchShowsTheBuiltInDefaults) {
 }
 
 TEST_F(StartUp, TheStoredDefaultsAreMadeCurrent) {
-    defaults::setReal(defaults::delayKey, 7.9);
+    defaults::write({{defaults::delayKey, 7.9}});
     defaults::setInteger(defaults::frameRateKey, 1);
     defaults::setInteger(defaults::syncTypeKey, 2);
-    defaults::setBoolean(defaults::pauseForReelKey, false);
+    defaults::write({{defaults::pauseForReelKey, false}});
     const ControllerRig rig;
     EXPECT_EQ(rig.controller.delayInSeconds(), 7.9);
     EXPECT_EQ(rig.controller.frameRate(), rate::fps25);
