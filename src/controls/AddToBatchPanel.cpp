@@ -2,7 +2,6 @@
 
 #include "ui_AddToBatchPanel.h"
 
-#include <QPushButton>
 #include <QRegularExpressionValidator>
 
 namespace vexa {

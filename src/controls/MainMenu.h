@@ -3,11 +3,11 @@
 #include "controls/VexaHelpController.h"
 #include "engine/menu_validation.h"
 
-#include <QAction>
 #include <QObject>
 
 #include <vector>
 
+class QAction;
 class QMenu;
 class QMenuBar;
 

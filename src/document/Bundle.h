@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 #include <optional>
+#include <utility>
 
 namespace vexa {
 
