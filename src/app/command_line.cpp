@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "desktop/file_uris.h"
+#include "document/file_uris.h"
 #include "timecode/sync_type.h"
 
 #include <QCommandLineParser>

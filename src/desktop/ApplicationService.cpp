@@ -1,7 +1,7 @@
 #include "desktop/ApplicationService.h"
 
 #include "desktop/application_id.h"
-#include "desktop/file_uris.h"
+#include "document/file_uris.h"
 
 #include <QDBusConnectionInterface>
 

@@ -1,6 +1,6 @@
 #include "desktop/FileDrops.h"
 
-#include "desktop/file_uris.h"
+#include "document/file_uris.h"
 
 #include <QDropEvent>
 #include <QMimeData>

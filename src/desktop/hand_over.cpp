@@ -1,7 +1,7 @@
 #include "desktop/hand_over.h"
 
 #include "desktop/application_id.h"
-#include "desktop/file_uris.h"
+#include "document/file_uris.h"
 
 #include <QDBusMessage>
 

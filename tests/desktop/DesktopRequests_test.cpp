@@ -1,6 +1,6 @@
 #include "desktop/ApplicationService.h"
 #include "desktop/DesktopRequests.h"
-#include "desktop/file_uris.h"
+#include "document/file_uris.h"
 #include "support/CleanDefaults.h"
 #include "support/ControllerRig.h"
 

@@ -1,4 +1,4 @@
-#include "desktop/file_uris.h"
+#include "document/file_uris.h"
 
 #include <QDir>
 #include <QSysInfo>
