@@ -60,7 +60,7 @@ std::optional<CommandLineError> takeUp(MidiSystem& system, const CommandLine& li
     if (const auto* error = std::get_if<CommandLineError>(&found))
         return *error;
     Vexa_MIDI_Manager::sharedMidiManager().connectToDestinationAtIndex(
-        std::get<std::int64_t>(found));
+        *std::get_if<std::int64_t>(&found));
     return {};
 }
 
@@ -134,7 +134,7 @@ int main(int argc, char* argv[]) {
     const auto parsed = parseCommandLine(*arguments);
     if (const auto* error = std::get_if<CommandLineError>(&parsed))
         return refuse(error->message);
-    const auto& line = std::get<CommandLine>(parsed);
+    const auto& line = *std::get_if<CommandLine>(&parsed);
 
     QCoreApplication::setApplicationName(QStringLiteral("Vexa Remote"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VEXA_VERSION));
