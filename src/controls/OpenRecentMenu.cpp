@@ -43,7 +43,7 @@ void OpenRecentMenu::fill() {
     const auto paths = m_files.paths();
     for (const auto& path : paths) {
         const QFileInfo file(path);
-        const bool isThere = file.exists();
+        const bool isThere = file.isFile();
         const auto name = menuText(distinctName(file, paths));
         auto* item = addAction(isThere ? name : tr("%1 (not found)").arg(name));
         item->setEnabled(isThere);
@@ -57,7 +57,7 @@ void OpenRecentMenu::fill() {
 }
 
 void OpenRecentMenu::choose(const QString& path) {
-    if (QFileInfo::exists(path)) // it may have gone since the menu was filled
+    if (QFileInfo(path).isFile()) // it may have gone since the menu was filled
         Q_EMIT chosen(path);
 }
 

@@ -8,7 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -162,9 +162,10 @@ TEST(MainMenu, RecentFilesCannotBeOpenedWhileStriping) {
 TEST(MainMenu, TwoRecentFilesAtOnceAskOneQuestion) {
     ControllerRig rig;
     const CleanDefaults defaults;
-    const QTemporaryDir folder;
+    QTemporaryFile list;
+    ASSERT_TRUE(list.open());
     RecentFiles files;
-    files.noteNewRecentDocument(folder.path());
+    files.noteNewRecentDocument(list.fileName());
     QMenuBar bar;
     const MainMenu menu(bar, rig.controller, files);
     rig.controller.addItemToBatchList(1, QStringLiteral("item"), 0, 1, 2, 0);

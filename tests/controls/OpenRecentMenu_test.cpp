@@ -90,4 +90,14 @@ TEST_F(RecentMenu, IsCleared) {
     EXPECT_EQ(titles(), QStringList(u"(&Clear Menu)"_qs));
 }
 
+TEST_F(RecentMenu, AFolderOfThatNameIsNotTheFile) {
+    const auto path = open("Reels.vexaB");
+    titles();
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QDir().mkdir(path));
+    menu.actions().constFirst()->trigger();
+    EXPECT_EQ(chosen.size(), 0) << "a menu that was filled before";
+    EXPECT_EQ(titles().constFirst(), u"(Reels.vexaB (not found))"_qs);
+}
+
 } // namespace
