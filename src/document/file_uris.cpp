@@ -30,7 +30,7 @@ QString fileUri(const QString& path) {
 QString firstLocalFile(const QList<QUrl>& uris) {
     for (const auto& uri : uris)
         if (uri.isLocalFile() && isThisMachine(uri.host()))
-            if (const auto path = pathOf(uri); !path.isNull())
+            if (auto path = pathOf(uri); !path.isNull())
                 return path;
     return {};
 }
