@@ -104,6 +104,10 @@ class LostDevice(DeviceTest):
             window.keys("F6")
             window.await_clock("01:00:00:10")
             self.check_quits(window)
+        # The messages are lost, unless a period was still under way.
+        self.monitor.stop()
+        arrived = [message for _, message in self.monitor.take(0)]
+        self.assertIn(arrived, ([], play(1, 0, 0, 0, 2)))
 
     def test_quits_without_a_server(self):
         window = self.open_window()

@@ -4,6 +4,7 @@ import contextlib
 import fcntl
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import tempfile
@@ -64,9 +65,9 @@ class JackServer:
 
     def stop(self):
         """The system lists eight servers at most, and strikes off only those that end in order: one
-        that was killed is started once more, to do so."""
+        that was killed, or that a lost client ended, is started once more, to do so."""
         self._end()
-        if self._server.wait() == -signal.SIGKILL:
+        while self._server.wait() != 0:
             self.start()
             self._end()
         for left_over in pathlib.Path("/dev/shm").glob(f"jack_*{self._name}_*"):
@@ -90,7 +91,7 @@ class MidiMonitor:
         self._name = name
         self._arrivals = []
         self._child = None
-        eventually("the receiver's port is there", self._is_there)
+        eventually("the receiver takes part", self._is_there)
 
     def _is_there(self):
         """Once more, should it have given up on a server that is slow."""
@@ -102,10 +103,19 @@ class MidiMonitor:
             )
             self._reader = threading.Thread(target=self._read, daemon=True)
             self._reader.start()
-        # Nothing can be connected to a port before its client has its process thread, beside the
-        # main one and the one that listens to the server.
-        has_process_thread = len(os.listdir(f"/proc/{self._child.pid}/task")) > 2
-        return has_process_thread and f"{self._name}:input" in listed_ports()
+        return self._takes_part()
+
+    def _takes_part(self):
+        """Its port is listed, and can be connected, before anything gets through to it: that is
+        when the server wakes its last thread, the fourth, once a period."""
+        tasks = pathlib.Path(f"/proc/{self._child.pid}/task")
+        try:
+            threads = os.listdir(tasks)
+            status = (tasks / threads[-1] / "status").read_text()
+        except OSError:  # it has given up
+            return False
+        waits = int(re.search(r"^voluntary_ctxt_switches:\s*(\d+)", status, re.MULTILINE)[1])
+        return len(threads) == 4 and waits >= 8
 
     def _read(self):
         with self._child.stdout as lines:
