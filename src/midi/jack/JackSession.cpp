@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t queueBytes = 65536;
-constexpr auto longestPeriod = 250ms;
+constexpr auto longestPeriod = 5s; // as long as a server waits for a client that is held up
 
 void ignoreMessage(const char*) {}
 
@@ -22,13 +22,17 @@ void ignoreMessage(const char*) {}
 std::unique_ptr<JackSession> JackSession::open() {
     jack_set_error_function(ignoreMessage);
     jack_set_info_function(ignoreMessage);
-    auto* client = jack_client_open(midiClientName, JackNoStartServer, nullptr);
-    if (!client)
-        return nullptr;
-    std::unique_ptr<JackSession> session(new JackSession(client));
-    if (!session->m_output || jack_activate(client) != 0)
-        return nullptr;
-    return session;
+    // A busy server can miss its own sign that a client has joined and, five seconds later, refuse
+    // it: the next attempt is as good as the first.
+    for (int attempts = 0; attempts < 3; ++attempts) {
+        auto* client = jack_client_open(midiClientName, JackNoStartServer, nullptr);
+        if (!client)
+            break;
+        std::unique_ptr<JackSession> session(new JackSession(client));
+        if (session->m_output && jack_activate(client) == 0)
+            return session;
+    }
+    return nullptr;
 }
 
 JackSession::JackSession(jack_client_t* client)
@@ -44,7 +48,12 @@ JackSession::JackSession(jack_client_t* client)
         },
         this);
     jack_on_shutdown(
-        client, [](void* self) { static_cast<JackSession*>(self)->m_serverGone = true; }, this);
+        client,
+        [](void* self) {
+            static_cast<JackSession*>(self)->m_serverGone = true;
+            static_cast<JackSession*>(self)->m_period.release(); // nobody waits any longer
+        },
+        this);
 }
 
 JackSession::~JackSession() {
@@ -70,25 +79,29 @@ int JackSession::process(jack_nframes_t frames) {
     return 0;
 }
 
-void JackSession::awaitPeriods(int count) {
-    while (count-- > 0 && isAlive()) {
-        m_periodAwaited = true;
-        if (!m_period.try_acquire_for(longestPeriod))
-            return;
-    }
+bool JackSession::awaitPeriod() {
+    m_periodAwaited = true;
+    if (isAlive() && m_period.try_acquire_for(longestPeriod))
+        return isAlive();
+    if (!m_periodAwaited.exchange(false))
+        m_period.acquire(); // it has come by now, and must not count for the next
+    return false;
 }
 
 void JackSession::awaitEmptyQueue() {
-    for (int periods = 0; periods < 8; ++periods) {
-        if (!isAlive() || jack_ringbuffer_read_space(m_queue.get()) == 0)
-            break;
-        awaitPeriods(1);
+    if (m_connected.empty())
+        return; // nothing was ever sent
+    while (jack_ringbuffer_read_space(m_queue.get()) > 0 && awaitPeriod()) {
     }
-    awaitPeriods(1); // what left the queue last is delivered when its period ends
+    awaitPeriod(); // what left the queue last is delivered when its period ends
+}
+
+bool JackSession::isConnectedTo(const std::string& portName) const {
+    return jack_port_connected_to(m_output, portName.c_str());
 }
 
 void JackSession::connectTo(const std::string& portName) {
-    if (portName == m_connected && jack_port_connected_to(m_output, portName.c_str()))
+    if (portName == m_connected && isConnectedTo(portName))
         return;
     const auto* ours = jack_port_name(m_output);
     if (portName != m_connected && !m_connected.empty()) {
@@ -96,9 +109,12 @@ void JackSession::connectTo(const std::string& portName) {
         jack_disconnect(m_client, ours, m_connected.c_str());
     }
     m_connected = portName;
-    jack_connect(m_client, ours, portName.c_str());
-    // A connection made during one period carries events from the next but one at the latest.
-    awaitPeriods(2);
+    if (jack_connect(m_client, ours, portName.c_str()) != 0)
+        return;
+    // A change takes effect with one of the next periods, and only then is it told. A message that
+    // left the queue sooner would be lost; a port that goes away meanwhile is not waited for.
+    for (int left = 8; left > 0 && !isConnectedTo(portName) && awaitPeriod();)
+        --left;
 }
 
 void JackSession::write(std::span<const std::uint8_t> message) {

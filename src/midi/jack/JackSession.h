@@ -36,7 +36,9 @@ public:
 private:
     explicit JackSession(jack_client_t* client);
     int process(jack_nframes_t frames);
-    void awaitPeriods(int count);
+    bool isConnectedTo(const std::string& portName) const;
+    /// False when none comes: the server hangs or is gone.
+    bool awaitPeriod();
     void awaitEmptyQueue();
 
     struct RingCloser {
