@@ -1,6 +1,6 @@
 #include "bench/jack_receiver.h"
 
-#include "midi/jack/JackMidiDriver.h"
+#include "midi/jack/JackSession.h"
 
 #include <jack/midiport.h>
 
@@ -42,7 +42,7 @@ JackServer::~JackServer() {
 
 bool JackServer::isUp() const {
     for (int attempt = 0; m_process > 0 && attempt < 100; ++attempt) {
-        if (JackMidiDriver::isAvailable())
+        if (JackSession::open())
             return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }

@@ -9,25 +9,19 @@ namespace vexa {
 
 namespace {
 
-MidiChoice availableSystem() {
-    if (AlsaMidiDriver::isAvailable())
-        return MidiChoice::Alsa;
-    return JackMidiDriver::isAvailable() ? MidiChoice::Jack : MidiChoice::None;
+std::unique_ptr<MidiDriver> makeDriver(MidiChoice choice) {
+    if (choice == MidiChoice::Alsa ||
+        (choice == MidiChoice::Automatic && AlsaMidiDriver::isAvailable()))
+        return std::make_unique<AlsaMidiDriver>();
+    return std::make_unique<JackMidiDriver>();
 }
 
 } // namespace
 
 std::unique_ptr<MidiSystem> openMidiSystem(MidiChoice choice) {
-    switch (choice == MidiChoice::Automatic ? availableSystem() : choice) {
-    case MidiChoice::Alsa:
-        return std::make_unique<BackgroundMidiSystem>(
-            [] { return std::make_unique<AlsaMidiDriver>(); });
-    case MidiChoice::Jack:
-        return std::make_unique<BackgroundMidiSystem>(
-            [] { return std::make_unique<JackMidiDriver>(); });
-    default:
+    if (choice == MidiChoice::None)
         return std::make_unique<NoMidiSystem>();
-    }
+    return std::make_unique<BackgroundMidiSystem>([choice] { return makeDriver(choice); });
 }
 
 } // namespace vexa

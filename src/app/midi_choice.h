@@ -7,8 +7,8 @@
 
 namespace vexa {
 
-/// Opens the MIDI system that was chosen; by itself, ALSA where its sequencer opens, else a JACK
-/// server that is running, else none. A chosen system that is not there is waited for.
+/// Opens the MIDI system that was chosen; by itself, ALSA where its sequencer opens, else JACK. One
+/// that is not there is used once it comes.
 std::unique_ptr<MidiSystem> openMidiSystem(MidiChoice choice);
 
 } // namespace vexa

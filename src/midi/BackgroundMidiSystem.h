@@ -16,7 +16,7 @@ namespace vexa {
 /// held up, makes do with the last reading; until it goes on, nobody waits for it again.
 class BackgroundMidiSystem final : public MidiSystem {
 public:
-    /// Makes the driver on the new thread, and waits up to two seconds for its first list: it is
+    /// Makes the driver on the new thread, and waits up to six seconds for its first list: it is
     /// from this that a destination is chosen at start-up.
     explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
 

@@ -7,13 +7,10 @@
 
 namespace vexa {
 
-/// A JACK server that somebody else has started. When it goes away and a new one comes, that one
-/// is joined.
+/// The JACK server that somebody else has started or will start. When it goes away and a new one
+/// comes, that one is joined.
 class JackMidiDriver final : public MidiDriver {
 public:
-    /// Whether a server answers now.
-    static bool isAvailable() { return JackSession::open() != nullptr; }
-
     std::vector<MidiPort> ports() override;
     void send(const std::string& identity, std::span<const std::uint8_t> message) override;
     void maintain() override;
