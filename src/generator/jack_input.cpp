@@ -136,13 +136,17 @@ void ignoreMessage(const char*) {}
 std::unique_ptr<MidiInput> openJackInput() {
     jack_set_error_function(ignoreMessage);
     jack_set_info_function(ignoreMessage);
-    auto* const client = jack_client_open(generatorName, JackNoStartServer, nullptr);
-    if (!client)
-        return nullptr;
-    auto input = std::make_unique<JackInput>(client);
-    if (!input->activate())
-        return nullptr;
-    return input;
+    // A busy server can miss its own sign that a client has joined and, five seconds later, refuse
+    // it: the next attempt is as good as the first.
+    for (int attempts = 0; attempts < 3; ++attempts) {
+        auto* const client = jack_client_open(generatorName, JackNoStartServer, nullptr);
+        if (!client)
+            break;
+        auto input = std::make_unique<JackInput>(client);
+        if (input->activate())
+            return input;
+    }
+    return nullptr;
 }
 
 } // namespace vexa
