@@ -91,10 +91,10 @@ class MidiMonitor:
         self._name = name
         self._arrivals = []
         self._child = None
-        eventually("the receiver takes part", self._is_there)
+        eventually("the receiver takes part", self._is_there, 30)
 
     def _is_there(self):
-        """Once more, should it have given up on a server that is slow."""
+        """Once more, should it have given up: a busy server may refuse it, after five seconds."""
         if not self._child or not self._child.is_running():
             self._child = Child(
                 *["stdbuf", "-oL", "jack_midi_dump", self._name],

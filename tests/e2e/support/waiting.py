@@ -5,13 +5,13 @@ import time
 PATIENCE = 10.0  # s
 
 
-def eventually(description, probe):
+def eventually(description, probe, seconds=PATIENCE):
     """The first true answer of probe(); an AssertionError when there is none in time."""
-    deadline = time.monotonic() + PATIENCE
+    deadline = time.monotonic() + seconds
     while True:
         answer = probe()
         if answer:
             return answer
         if time.monotonic() > deadline:
-            raise AssertionError(f"not within {PATIENCE:g} s: {description}")
+            raise AssertionError(f"not within {seconds:g} s: {description}")
         time.sleep(0.01)
