@@ -7,6 +7,7 @@
 #include <deque>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace vexa {
 
@@ -88,21 +89,28 @@ private:
 BackgroundMidiSystem::BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver)
     : m_worker(std::make_shared<Worker>()) {
     m_worker->start(std::move(makeDriver));
-    readPorts(openingTime);
+    askForPorts();
 }
 
 BackgroundMidiSystem::~BackgroundMidiSystem() { m_worker->finish(); }
 
-void BackgroundMidiSystem::readPorts(std::chrono::milliseconds patience) {
-    const auto isAnsweredWithin = [this](auto time) {
-        return m_answer.wait_for(time) == std::future_status::ready;
-    };
-    if (m_answer.valid() && !isAnsweredWithin(0s))
-        return;
+void BackgroundMidiSystem::askForPorts() {
     const auto answer = std::make_shared<std::promise<std::vector<MidiPort>>>();
     m_worker->post([answer](MidiDriver& driver) { answer->set_value(driver.ports()); });
     m_answer = answer->get_future();
-    if (!isAnsweredWithin(patience))
+}
+
+void BackgroundMidiSystem::readPorts() {
+    const auto isAnsweredWithin = [this](std::chrono::milliseconds time) {
+        return m_answer.wait_for(time) == std::future_status::ready;
+    };
+    const bool isFirst = !std::exchange(m_isOpen, true);
+    if (!isFirst) {
+        if (m_answer.valid() && !isAnsweredWithin(0s))
+            return;
+        askForPorts();
+    }
+    if (!isAnsweredWithin(isFirst ? openingTime : answerTime))
         return;
 
     const auto ports = m_answer.get();
@@ -124,7 +132,7 @@ const BackgroundMidiSystem::Endpoint* BackgroundMidiSystem::endpoint(MidiObjectR
 }
 
 std::size_t BackgroundMidiSystem::numberOfDestinations() {
-    readPorts(answerTime);
+    readPorts();
     return m_listed.size();
 }
 
@@ -133,7 +141,7 @@ MidiObjectRef BackgroundMidiSystem::destination(std::size_t position) {
 }
 
 std::optional<MidiObject> BackgroundMidiSystem::findByUniqueId(MidiUniqueId id) {
-    readPorts(answerTime);
+    readPorts();
     const auto known = m_refs.find(id);
     if (known == m_refs.end() || std::ranges::find(m_listed, known->second) == m_listed.end())
         return {};

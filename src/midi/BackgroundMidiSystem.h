@@ -16,8 +16,9 @@ namespace vexa {
 /// held up, makes do with the last reading; until it goes on, nobody waits for it again.
 class BackgroundMidiSystem final : public MidiSystem {
 public:
-    /// Makes the driver on the new thread, and waits up to six seconds for its first list: it is
-    /// from this that a destination is chosen at start-up.
+    /// Makes the driver on the new thread, and has it read its first list. Whoever asks for the
+    /// list first waits up to six seconds for it: it is from this that a destination is chosen at
+    /// start-up.
     explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
 
     /// Leaves the queued messages a second to go out. What then still holds up the driver, such
@@ -45,11 +46,13 @@ private:
     };
     class Worker;
 
-    void readPorts(std::chrono::milliseconds patience);
+    void askForPorts();
+    void readPorts();
     const Endpoint* endpoint(MidiObjectRef object) const;
 
     std::shared_ptr<Worker> m_worker;
     std::future<std::vector<MidiPort>> m_answer; ///< to the last reading that was asked for
+    bool m_isOpen = false;                       ///< the first reading has been waited for
     std::map<MidiUniqueId, MidiObjectRef> m_refs;
     std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1
     std::vector<MidiObjectRef> m_listed; ///< the destinations of the last reading
