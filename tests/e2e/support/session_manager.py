@@ -41,12 +41,18 @@ class SessionManager:
 
     def log_out(self):
         """Chooses it in the menu; programs may ask the operator."""
-        window = self._x_window("xsm: .*")
-        xdotool("mousemove", "--window", window, *SHUTDOWN_MENU, "mousedown", 1)
-        xdotool("mousemove", "--window", window, *WITH_CHECKPOINT, "mouseup", 1)
+        eventually("Shutdown can be chosen", self._choose_shutdown)
         xdotool("mousemove", "--window", self._x_window("Shutdown"), *SHUTDOWN_BUTTON)
         xdotool("type", "studio")  # the session needs a name
         xdotool("click", 1)
+
+    def _choose_shutdown(self):
+        """A menu that comes up after the mouse is let go chooses nothing."""
+        window = self._x_window("xsm: .*")
+        xdotool("mousemove", "--window", window, *SHUTDOWN_MENU, "mousedown", 1)
+        xdotool("mousemove", "--window", window, *WITH_CHECKPOINT, "sleep", 0.1, "mouseup", 1)
+        xdotool("sleep", 0.5)
+        return desktop.x_windows("Shutdown")
 
     def log_out_without_questions(self):
         self._child.send_signal(signal.SIGTERM)
