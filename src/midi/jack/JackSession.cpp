@@ -115,6 +115,7 @@ void JackSession::connectTo(const std::string& portName) {
     // left the queue sooner would be lost; a port that goes away meanwhile is not waited for.
     for (int left = 8; left > 0 && !isConnectedTo(portName) && awaitPeriod();)
         --left;
+    awaitPeriod(); // one that began before the change may be under way
 }
 
 void JackSession::write(std::span<const std::uint8_t> message) {
