@@ -136,12 +136,13 @@ void ignoreMessage(const char*) {}
 std::unique_ptr<MidiInput> openJackInput() {
     jack_set_error_function(ignoreMessage);
     jack_set_info_function(ignoreMessage);
-    // A busy server can miss its own sign that a client has joined and, five seconds later, refuse
-    // it: the next attempt is as good as the first.
-    for (int attempts = 0; attempts < 3; ++attempts) {
-        auto* const client = jack_client_open(generatorName, JackNoStartServer, nullptr);
+    // A busy server can miss its own sign that a client has come or joined and, five seconds later,
+    // refuse it: the next attempt is as good as the first.
+    jack_status_t status{};
+    for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
+        auto* const client = jack_client_open(generatorName, JackNoStartServer, &status);
         if (!client)
-            break;
+            continue;
         auto input = std::make_unique<JackInput>(client);
         if (input->activate())
             return input;

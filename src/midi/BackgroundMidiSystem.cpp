@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto openingTime = 6s;   // to reach a MIDI system, be it busy, and read a first list
+constexpr auto openingTime = 8s;   // to reach a MIDI system, be it busy, and read a first list
 constexpr auto answerTime = 250ms; // to read a later one
 constexpr auto farewellTime = 1s;  // for the last messages
 constexpr auto maintenanceInterval = 2s;

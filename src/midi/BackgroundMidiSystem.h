@@ -17,7 +17,7 @@ namespace vexa {
 class BackgroundMidiSystem final : public MidiSystem {
 public:
     /// Makes the driver on the new thread, and has it read its first list. Whoever asks for the
-    /// list first waits up to six seconds for it: it is from this that a destination is chosen at
+    /// list first waits up to eight seconds for it: it is from this that a destination is chosen at
     /// start-up.
     explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
 

@@ -22,12 +22,13 @@ void ignoreMessage(const char*) {}
 std::unique_ptr<JackSession> JackSession::open() {
     jack_set_error_function(ignoreMessage);
     jack_set_info_function(ignoreMessage);
-    // A busy server can miss its own sign that a client has joined and, five seconds later, refuse
-    // it: the next attempt is as good as the first.
-    for (int attempts = 0; attempts < 3; ++attempts) {
-        auto* client = jack_client_open(midiClientName, JackNoStartServer, nullptr);
+    // A busy server can miss its own sign that a client has come or joined and, five seconds later,
+    // refuse it: the next attempt is as good as the first.
+    jack_status_t status{};
+    for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
+        auto* client = jack_client_open(midiClientName, JackNoStartServer, &status);
         if (!client)
-            break;
+            continue;
         std::unique_ptr<JackSession> session(new JackSession(client));
         if (session->m_output && jack_activate(client) == 0)
             return session;
