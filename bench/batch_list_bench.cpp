@@ -13,12 +13,13 @@
 #include <random>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 /// Ten items a reel, in the list's order.
 BatchItemRef item(std::uint64_t row) {
-    return std::make_shared<BatchItem>(BatchItem{row / 10, u"Reel %1 of the archive"_qs.arg(row, 6),
+    return std::make_shared<BatchItem>(BatchItem{row / 10, u"Reel %1 of the archive"_s.arg(row, 6),
                                                  0x01000000 + row % 10, 0x02000000, row % 4,
                                                  row % 3, row});
 }
@@ -39,7 +40,7 @@ RowIndexes everyOtherRow(const VexaBatchStripeData& list) {
 
 void open(benchmark::State& state) {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(u"list.vexaB"_qs);
+    const QString path = directory.filePath(u"list.vexaB"_s);
     writeListFile(path, itemsOf(state));
     for ([[maybe_unused]] auto _ : state) {
         VexaBatchStripeData list(nullptr);
@@ -50,7 +51,7 @@ void open(benchmark::State& state) {
 
 void save(benchmark::State& state) {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(u"list.vexaB"_qs);
+    const QString path = directory.filePath(u"list.vexaB"_s);
     const auto items = itemsOf(state);
     for ([[maybe_unused]] auto _ : state)
         if (!writeListFile(path, items))
@@ -80,7 +81,7 @@ void addOneAfterAnEdit(benchmark::State& state) {
     const auto added = item(list.numItems() / 2);
     added->id = list.numItems();
     for ([[maybe_unused]] auto _ : state) {
-        list.setObjectValue(u"edited"_qs, item_key::title, 0);
+        list.setObjectValue(u"edited"_s, item_key::title, 0);
         list.addItem(added);
         state.PauseTiming();
         list.removeItem(added);
@@ -115,7 +116,7 @@ void putHalfBack(benchmark::State& state) {
 /// Reports the heap that an opened list holds, by item; the time means nothing.
 void memory(benchmark::State& state) {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(u"list.vexaB"_qs);
+    const QString path = directory.filePath(u"list.vexaB"_s);
     writeListFile(path, itemsOf(state));
     const auto inUse = [] {
         const auto heap = mallinfo2();

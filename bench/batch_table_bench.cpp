@@ -16,6 +16,7 @@
 #include <utility>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,7 +30,7 @@ struct Window {
         BatchItems items;
         for (std::uint64_t row = 0; row < rows; ++row)
             items.push_back(std::make_shared<BatchItem>(
-                BatchItem{row / 10, u"Reel %1 of the archive"_qs.arg(row, 6), 0x01000000 + row % 10,
+                BatchItem{row / 10, u"Reel %1 of the archive"_s.arg(row, 6), 0x01000000 + row % 10,
                           0x02000000, row % 4, row % 3, row}));
         controller.batchStripeData().replaceBatchList(std::move(items));
         table.reloadData();
@@ -136,7 +137,7 @@ void undoTheDeletion(benchmark::State& state) {
 
 void addAnItem(benchmark::State& state) {
     measure(state, [](Window& w) {
-        w.controller.addItemToBatchList(5000, u"added"_qs, 0x01000000, 0x02000000, 2, 0);
+        w.controller.addItemToBatchList(5000, u"added"_s, 0x01000000, 0x02000000, 2, 0);
     });
 }
 

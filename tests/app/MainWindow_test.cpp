@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
@@ -31,7 +32,7 @@ struct Window : testing::Test {
     }
     void addItems(std::uint64_t count) {
         for (std::uint64_t reel = 1; reel <= count; ++reel)
-            controller.addItemToBatchList(reel, u"item"_qs, 0, 1, 2, 0);
+            controller.addItemToBatchList(reel, u"item"_s, 0, 1, 2, 0);
     }
 
     const CleanDefaults defaults;

@@ -21,6 +21,7 @@
 #include <vector>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
@@ -28,7 +29,7 @@ namespace {
 using Row = std::vector<std::string>;
 
 QString guide() {
-    return Bundle::mainBundle().pathForResource(u"user-guide"_qs, u"html"_qs).value_or(QString());
+    return Bundle::mainBundle().pathForResource(u"user-guide"_s, u"html"_s).value_or(QString());
 }
 
 /// Calls `visit` with every element of the guide, which is well-formed XML.
@@ -67,8 +68,8 @@ std::set<Row> rowsOfTable(const char* id) {
 TEST(UserGuide, NamesItsInfoByItsFile) {
     const auto bundle = Bundle::mainBundle();
     const QFileInfo file(guide());
-    EXPECT_EQ(bundle.infoString(u"KelUserGuideName"_qs), file.baseName());
-    EXPECT_EQ(bundle.infoString(u"KelUserGuideType"_qs), file.suffix());
+    EXPECT_EQ(bundle.infoString(u"KelUserGuideName"_s), file.baseName());
+    EXPECT_EQ(bundle.infoString(u"KelUserGuideType"_s), file.suffix());
 }
 
 TEST(UserGuide, ShowsPicturesThatAreThereInDoubleSize) {

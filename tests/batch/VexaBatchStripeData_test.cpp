@@ -8,6 +8,7 @@
 #include <optional>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -20,9 +21,9 @@ BatchItemRef item(std::uint64_t reel, const QString& title = {}, std::uint64_t i
 class BatchList : public testing::Test {
 protected:
     VexaBatchStripeData data{nullptr};
-    const BatchItemRef a = item(1, u"A"_qs);
-    const BatchItemRef b = item(2, u"B"_qs);
-    const BatchItemRef c = item(3, u"C"_qs);
+    const BatchItemRef a = item(1, u"A"_s);
+    const BatchItemRef b = item(2, u"B"_s);
+    const BatchItemRef c = item(3, u"C"_s);
 };
 
 TEST_F(BatchList, IsEmptyAtFirst) {
@@ -37,17 +38,17 @@ TEST_F(BatchList, IsEmptyAtFirst) {
 }
 
 TEST_F(BatchList, NumbersTheItemsItMakesFromZero) {
-    EXPECT_EQ(data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5)->id, 0u);
-    EXPECT_EQ(data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5)->id, 1u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5)->id, 0u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5)->id, 1u);
     EXPECT_EQ(data.nextItemID(), 2u);
     EXPECT_EQ(data.nextItemID(), 3u);
     data.setNextItemID(10);
-    EXPECT_EQ(data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5)->id, 10u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5)->id, 10u);
 }
 
 TEST_F(BatchList, MakesAnItemOfTheSixValues) {
-    const auto made = data.addItemWithReel(1, u"x"_qs, 2, 3, 4, 5);
-    EXPECT_EQ(*made, (BatchItem{1, u"x"_qs, 2, 3, 4, 5, 0}));
+    const auto made = data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5);
+    EXPECT_EQ(*made, (BatchItem{1, u"x"_s, 2, 3, 4, 5, 0}));
     EXPECT_THAT(data.batchList(), ElementsAre(made));
 }
 
@@ -69,10 +70,10 @@ TEST_F(BatchList, SortsWhatIsAdded) {
 }
 
 TEST_F(BatchList, PutsANewItemAfterItsEquals) {
-    const auto first = item(1, u"x"_qs);
-    const auto second = item(1, u"x"_qs);
-    const auto third = item(1, u"x"_qs);
-    const auto fourth = item(1, u"x"_qs);
+    const auto first = item(1, u"x"_s);
+    const auto second = item(1, u"x"_s);
+    const auto third = item(1, u"x"_s);
+    const auto fourth = item(1, u"x"_s);
     data.addItem(first);
     data.addItems({second, third});
     data.addItem(fourth);
@@ -101,9 +102,9 @@ TEST_F(BatchList, ReplacingLeavesCursorAndSelectionAlone) {
 }
 
 TEST_F(BatchList, RemovesEveryEqualItem) {
-    data.addItems({a, b, item(1, u"A"_qs), item(1, u"A"_qs, 1)});
-    data.removeItem(item(1, u"A"_qs));
-    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(1, u"A"_qs, 1)), b));
+    data.addItems({a, b, item(1, u"A"_s), item(1, u"A"_s, 1)});
+    data.removeItem(item(1, u"A"_s));
+    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(1, u"A"_s, 1)), b));
     data.removeItem(c);
     EXPECT_EQ(data.numItems(), 2u);
 }
@@ -179,9 +180,9 @@ TEST_F(BatchList, TheSelectionOutlivesChangesOfTheList) {
 }
 
 TEST_F(BatchList, ReadsTheFieldsOfAnItemAndNothingOfNone) {
-    const auto full = std::make_shared<BatchItem>(BatchItem{1, u"t"_qs, 2, 3, 4, 5, 6});
+    const auto full = std::make_shared<BatchItem>(BatchItem{1, u"t"_s, 2, 3, 4, 5, 6});
     EXPECT_EQ(data.reelOfItem(full), 1u);
-    EXPECT_EQ(data.titleOfItem(full), u"t"_qs);
+    EXPECT_EQ(data.titleOfItem(full), u"t"_s);
     EXPECT_EQ(data.startOfItem(full), 2u);
     EXPECT_EQ(data.stopOfItem(full), 3u);
     EXPECT_EQ(data.rateOfItem(full), 4u);
@@ -210,47 +211,47 @@ TEST_P(BatchListCell, Shows) {
 
 INSTANTIATE_TEST_SUITE_P(
     AllColumns, BatchListCell,
-    testing::Values(Cell{u"vexareel"_qs, {12345, {}, 0, 0, 0, 0, 0}, u"12345"_qs},
-                    Cell{u"vexatitle"_qs, {0, u"Überblick 1"_qs, 0, 0, 0, 0, 0}, u"Überblick 1"_qs},
-                    Cell{u"vexatitle"_qs, {}, {}},
-                    Cell{u"vexastart"_qs, {0, {}, 0x01020304, 9, 0, 0, 0}, u"01:02:03:04"_qs},
-                    Cell{u"vexastart"_qs, {}, u"00:00:00:00"_qs},
-                    Cell{u"vexastop"_qs, {0, {}, 9, 0x01020304, 0, 0, 0}, u"01:02:03:04"_qs},
-                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 0, 9, 0}, u"24 fps"_qs},
-                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 1, 9, 0}, u"25 fps"_qs},
-                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 2, 9, 0}, u"30 fps"_qs},
-                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 3, 9, 0}, u"30 df"_qs},
-                    Cell{u"vexarate"_qs, {0, {}, 0, 0, 4, 9, 0}, u"30 fps"_qs},
-                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 0, 0}, u"MTC"_qs},
-                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 1, 0}, u"DTL"_qs},
-                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 2, 0}, u"FSK"_qs},
-                    Cell{u"vexatype"_qs, {0, {}, 0, 0, 9, 3, 0}, u"MTC"_qs},
-                    Cell{u"vexaid"_qs, {0, {}, 0, 0, 0, 0, 42}, u"42"_qs},
-                    Cell{u"other"_qs, {1, u"t"_qs, 1, 1, 1, 1, 1}, {}}));
+    testing::Values(Cell{u"vexareel"_s, {12345, {}, 0, 0, 0, 0, 0}, u"12345"_s},
+                    Cell{u"vexatitle"_s, {0, u"Überblick 1"_s, 0, 0, 0, 0, 0}, u"Überblick 1"_s},
+                    Cell{u"vexatitle"_s, {}, {}},
+                    Cell{u"vexastart"_s, {0, {}, 0x01020304, 9, 0, 0, 0}, u"01:02:03:04"_s},
+                    Cell{u"vexastart"_s, {}, u"00:00:00:00"_s},
+                    Cell{u"vexastop"_s, {0, {}, 9, 0x01020304, 0, 0, 0}, u"01:02:03:04"_s},
+                    Cell{u"vexarate"_s, {0, {}, 0, 0, 0, 9, 0}, u"24 fps"_s},
+                    Cell{u"vexarate"_s, {0, {}, 0, 0, 1, 9, 0}, u"25 fps"_s},
+                    Cell{u"vexarate"_s, {0, {}, 0, 0, 2, 9, 0}, u"30 fps"_s},
+                    Cell{u"vexarate"_s, {0, {}, 0, 0, 3, 9, 0}, u"30 df"_s},
+                    Cell{u"vexarate"_s, {0, {}, 0, 0, 4, 9, 0}, u"30 fps"_s},
+                    Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 0, 0}, u"MTC"_s},
+                    Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 1, 0}, u"DTL"_s},
+                    Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 2, 0}, u"FSK"_s},
+                    Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 3, 0}, u"MTC"_s},
+                    Cell{u"vexaid"_s, {0, {}, 0, 0, 0, 0, 42}, u"42"_s},
+                    Cell{u"other"_s, {1, u"t"_s, 1, 1, 1, 1, 1}, {}}));
 
 TEST_F(BatchList, WritesTimecodesWithoutGuardingAgainstOddFields) {
-    EXPECT_EQ(data.timecodeStringFromBCDNumber(0x64000000), u":0:00:00:00"_qs);
-    EXPECT_EQ(data.timecodeStringFromBCDNumber(0xFF000000FF), u"00:00:00:I5"_qs);
+    EXPECT_EQ(data.timecodeStringFromBCDNumber(0x64000000), u":0:00:00:00"_s);
+    EXPECT_EQ(data.timecodeStringFromBCDNumber(0xFF000000FF), u"00:00:00:I5"_s);
 }
 
 TEST_F(BatchList, EditsATitleWhereItIs) {
-    data.addItems({item(1, u"A"_qs), item(1, u"B"_qs)});
+    data.addItems({item(1, u"A"_s), item(1, u"B"_s)});
     const auto edited = data.batchList()[0];
-    data.setObjectValue(u"Z"_qs, item_key::title, 0);
+    data.setObjectValue(u"Z"_s, item_key::title, 0);
     EXPECT_THAT(data.batchList()[0], edited);
-    EXPECT_EQ(edited->title, u"Z"_qs);
-    EXPECT_EQ(data.batchList()[1]->title, u"B"_qs);
-    data.addItem(item(1, u"C"_qs));
-    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(1, u"B"_qs)),
-                                              testing::Pointee(*item(1, u"C"_qs)), edited));
+    EXPECT_EQ(edited->title, u"Z"_s);
+    EXPECT_EQ(data.batchList()[1]->title, u"B"_s);
+    data.addItem(item(1, u"C"_s));
+    EXPECT_THAT(data.batchList(), ElementsAre(testing::Pointee(*item(1, u"B"_s)),
+                                              testing::Pointee(*item(1, u"C"_s)), edited));
 }
 
 TEST_F(BatchList, EditsNothingButTitles) {
     data.addItem(a);
     const BatchItem before = *a;
     for (const auto& column : {item_key::reel, item_key::start, item_key::stop, item_key::rate,
-                               item_key::type, item_key::id, u"other"_qs})
-        data.setObjectValue(u"5"_qs, column, 0);
+                               item_key::type, item_key::id, u"other"_s})
+        data.setObjectValue(u"5"_s, column, 0);
     EXPECT_EQ(*a, before);
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using Dictionary = PropertyList::Dictionary;
 using Entries = std::vector<PropertyList::Entry>;
 
@@ -33,10 +34,10 @@ PropertyList number(std::uint64_t value) { return PropertyList(value); }
 PropertyList string(const QString& value) { return PropertyList(value); }
 
 Entries ordinary() {
-    return {{u"vexareel"_qs, number(1)},  {u"vexatitle"_qs, string(u"t"_qs)},
-            {u"vexastart"_qs, number(2)}, {u"vexastop"_qs, number(3)},
-            {u"vexarate"_qs, number(4)},  {u"vexatype"_qs, number(5)},
-            {u"vexaid"_qs, number(6)}};
+    return {{u"vexareel"_s, number(1)},  {u"vexatitle"_s, string(u"t"_s)},
+            {u"vexastart"_s, number(2)}, {u"vexastop"_s, number(3)},
+            {u"vexarate"_s, number(4)},  {u"vexatype"_s, number(5)},
+            {u"vexaid"_s, number(6)}};
 }
 
 PropertyList with(const QString& key, PropertyList value) {
@@ -63,7 +64,7 @@ QString row(const BatchItemRef& item) {
 }
 
 TEST(BatchItemCodec, ReadsAndWritesTheSevenKeys) {
-    const BatchItem fields{1, u"t"_qs, 2, 3, 4, 5, 6};
+    const BatchItem fields{1, u"t"_s, 2, 3, 4, 5, 6};
     EXPECT_EQ(elementFromItem(fields), dictionary(ordinary()));
     EXPECT_EQ(*itemFromElement(dictionary(ordinary())), fields);
 }
@@ -107,61 +108,60 @@ TEST_P(OddBatchItem, EqualsOnlyItemsOfEqualElements) {
 
 TEST_P(OddBatchItem, TakesATitleThatIsEdited) {
     const auto item = itemFromElement(GetParam().element);
-    item->title = u"edited"_qs;
-    EXPECT_EQ(storedText(*item, item_key::title), u"edited"_qs);
+    item->title = u"edited"_s;
+    EXPECT_EQ(storedText(*item, item_key::title), u"edited"_s);
     const auto again = itemFromElement(elementFromItem(*item));
-    EXPECT_EQ(again->title, u"edited"_qs);
+    EXPECT_EQ(again->title, u"edited"_s);
     EXPECT_EQ(elementFromItem(*again), elementFromItem(*item));
 }
 
-const QString rest = u"|00:00:00:02|00:00:00:03|30 fps|MTC"_qs;
-const QString nothing = u"||00:00:00:00|00:00:00:00|24 fps|MTC"_qs;
+const QString rest = u"|00:00:00:02|00:00:00:03|30 fps|MTC"_s;
+const QString nothing = u"||00:00:00:00|00:00:00:00|24 fps|MTC"_s;
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, OddBatchItem,
     testing::Values(
         OddElement{"no keys", dictionary({}), {}, nothing},
-        OddElement{
-            "no reel", without(item_key::reel), {0, u"t"_qs, 2, 3, 4, 5, 6}, u"|t"_qs + rest},
-        OddElement{"no title", without(item_key::title), {1, {}, 2, 3, 4, 5, 6}, u"1|"_qs + rest},
-        OddElement{"no id", without(item_key::id), {1, u"t"_qs, 2, 3, 4, 5, 0}, u"1|t"_qs + rest},
+        OddElement{"no reel", without(item_key::reel), {0, u"t"_s, 2, 3, 4, 5, 6}, u"|t"_s + rest},
+        OddElement{"no title", without(item_key::title), {1, {}, 2, 3, 4, 5, 6}, u"1|"_s + rest},
+        OddElement{"no id", without(item_key::id), {1, u"t"_s, 2, 3, 4, 5, 0}, u"1|t"_s + rest},
         OddElement{"a key too many",
-                   with(u"note"_qs, string(u"keep"_qs)),
-                   {1, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"1|t"_qs + rest},
+                   with(u"note"_s, string(u"keep"_s)),
+                   {1, u"t"_s, 2, 3, 4, 5, 6},
+                   u"1|t"_s + rest},
         OddElement{"digits for a reel",
-                   with(item_key::reel, string(u"12"_qs)),
-                   {12, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"12|t"_qs + rest},
+                   with(item_key::reel, string(u"12"_s)),
+                   {12, u"t"_s, 2, 3, 4, 5, 6},
+                   u"12|t"_s + rest},
         OddElement{"words for a reel",
-                   with(item_key::reel, string(u"12 b"_qs)),
-                   {0, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"12 b|t"_qs + rest},
+                   with(item_key::reel, string(u"12 b"_s)),
+                   {0, u"t"_s, 2, 3, 4, 5, 6},
+                   u"12 b|t"_s + rest},
         OddElement{"a negative reel",
                    with(item_key::reel, PropertyList(-2)),
-                   {0xFFFFFFFFFFFFFFFE, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"-2|t"_qs + rest},
+                   {0xFFFFFFFFFFFFFFFE, u"t"_s, 2, 3, 4, 5, 6},
+                   u"-2|t"_s + rest},
         OddElement{"a real reel",
                    with(item_key::reel, PropertyList(2.5)),
-                   {2, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"2.5|t"_qs + rest},
+                   {2, u"t"_s, 2, 3, 4, 5, 6},
+                   u"2.5|t"_s + rest},
         OddElement{"a reel without bounds",
                    with(item_key::reel, PropertyList(std::numeric_limits<double>::infinity())),
-                   {0, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"inf|t"_qs + rest},
+                   {0, u"t"_s, 2, 3, 4, 5, 6},
+                   u"inf|t"_s + rest},
         OddElement{"a boolean reel",
                    with(item_key::reel, PropertyList(true)),
-                   {0, u"t"_qs, 2, 3, 4, 5, 6},
-                   u"|t"_qs + rest},
+                   {0, u"t"_s, 2, 3, 4, 5, 6},
+                   u"|t"_s + rest},
         OddElement{"a number for a title",
                    with(item_key::title, number(7)),
-                   {1, u"7"_qs, 2, 3, 4, 5, 6},
-                   u"1|7"_qs + rest},
+                   {1, u"7"_s, 2, 3, 4, 5, 6},
+                   u"1|7"_s + rest},
         OddElement{"an array for a title",
                    with(item_key::title, PropertyList(PropertyList::Array())),
                    {1, {}, 2, 3, 4, 5, 6},
-                   u"1|"_qs + rest},
-        OddElement{"no dictionary but text", string(u"Reel 5"_qs), {}, nothing},
+                   u"1|"_s + rest},
+        OddElement{"no dictionary but text", string(u"Reel 5"_s), {}, nothing},
         OddElement{"no dictionary but a number", number(5), {}, nothing},
         OddElement{"no dictionary but an array",
                    PropertyList(PropertyList::Array{number(1)}),
@@ -169,17 +169,17 @@ INSTANTIATE_TEST_SUITE_P(
                    nothing}));
 
 TEST(OddBatchItem, KeepsWhatItsTitleEditDoesNotConcern) {
-    const auto item = itemFromElement(with(u"note"_qs, string(u"keep"_qs)));
-    item->title = u"edited"_qs;
-    PropertyList expected = with(u"note"_qs, string(u"keep"_qs));
-    expected.as<Dictionary>()->set(item_key::title, string(u"edited"_qs));
+    const auto item = itemFromElement(with(u"note"_s, string(u"keep"_s)));
+    item->title = u"edited"_s;
+    PropertyList expected = with(u"note"_s, string(u"keep"_s));
+    expected.as<Dictionary>()->set(item_key::title, string(u"edited"_s));
     EXPECT_EQ(elementFromItem(*item), expected);
 }
 
 TEST(OddBatchItem, BecomesAnOrdinaryOneWhenThereWasNoDictionaryForItsNewTitle) {
-    const auto item = itemFromElement(string(u"Reel 5"_qs));
-    item->title = u"edited"_qs;
-    EXPECT_EQ(elementFromItem(*item), elementFromItem({0, u"edited"_qs, 0, 0, 0, 0, 0}));
+    const auto item = itemFromElement(string(u"Reel 5"_s));
+    item->title = u"edited"_s;
+    EXPECT_EQ(elementFromItem(*item), elementFromItem({0, u"edited"_s, 0, 0, 0, 0, 0}));
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,8 +23,8 @@ struct Panel : testing::Test {
     }
 
     AddToBatchPanel panel;
-    QLineEdit* reelField = panel.findChild<QLineEdit*>(u"reelField"_qs);
-    QLineEdit* titleField = panel.findChild<QLineEdit*>(u"titleField"_qs);
+    QLineEdit* reelField = panel.findChild<QLineEdit*>(u"reelField"_s);
+    QLineEdit* titleField = panel.findChild<QLineEdit*>(u"titleField"_s);
 };
 
 TEST_F(Panel, EndsByItsButtonsWithTheirCodes) {
@@ -36,8 +37,8 @@ TEST_F(Panel, EndsByItsButtonsWithTheirCodes) {
 }
 
 TEST_F(Panel, ItsFieldsAreNamedForAssistiveTechnology) {
-    EXPECT_EQ(reelField->accessibleName(), u"Reel number"_qs);
-    EXPECT_EQ(titleField->accessibleName(), u"Title"_qs);
+    EXPECT_EQ(reelField->accessibleName(), u"Reel number"_s);
+    EXPECT_EQ(titleField->accessibleName(), u"Title"_s);
 }
 
 TEST_F(Panel, HoldsUpTheWholeApplicationWhileItIsShown) {
@@ -50,11 +51,11 @@ TEST_F(Panel, HoldsUpTheWholeApplicationWhileItIsShown) {
 
 TEST_F(Panel, ReelsAreUnsignedAndTextThatIsNoNumberIsZero) {
     panel.setReel(255);
-    EXPECT_EQ(reelField->text(), u"255"_qs);
+    EXPECT_EQ(reelField->text(), u"255"_s);
     EXPECT_EQ(panel.reel(), 255u);
     panel.setReel(UINT64_MAX);
     EXPECT_EQ(panel.reel(), UINT64_MAX);
-    for (const auto& text : {QString(), u"reel"_qs, u"-1"_qs}) {
+    for (const auto& text : {QString(), u"reel"_s, u"-1"_s}) {
         reelField->setText(text);
         EXPECT_EQ(panel.reel(), 0u);
     }
@@ -63,26 +64,26 @@ TEST_F(Panel, ReelsAreUnsignedAndTextThatIsNoNumberIsZero) {
 TEST_F(Panel, TheProposedReelIsOverwrittenByTypingAndTakesDigitsOnly) {
     panel.setReel(2);
     run([&] {
-        QTest::keyClicks(reelField, u"1x-7"_qs);
+        QTest::keyClicks(reelField, u"1x-7"_s);
         button(QDialogButtonBox::Ok)->click();
     });
     EXPECT_EQ(panel.reel(), 17u);
 }
 
 TEST_F(Panel, TheTitleStaysAndThePlaceholderShowsOnlyInItsPlace) {
-    panel.setTitlePlaceholder(u"title here"_qs);
-    EXPECT_EQ(titleField->placeholderText(), u"title here"_qs);
+    panel.setTitlePlaceholder(u"title here"_s);
+    EXPECT_EQ(titleField->placeholderText(), u"title here"_s);
     EXPECT_EQ(panel.title(), QString());
     run([&] {
-        QTest::keyClicks(titleField, u"Act one"_qs);
+        QTest::keyClicks(titleField, u"Act one"_s);
         button(QDialogButtonBox::Ok)->click();
     });
-    panel.setTitlePlaceholder(u"title here"_qs);
+    panel.setTitlePlaceholder(u"title here"_s);
     run([&] {
-        EXPECT_EQ(titleField->text(), u"Act one"_qs);
+        EXPECT_EQ(titleField->text(), u"Act one"_s);
         panel.reject();
     });
-    EXPECT_EQ(panel.title(), u"Act one"_qs);
+    EXPECT_EQ(panel.title(), u"Act one"_s);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,7 +16,7 @@ constexpr QRect signPlace{63, 0, 17, 24};
 struct RowDelegate : testing::Test {
     RowDelegate() {
         model.setColumnIdentifiers({item_key::reel, item_key::title});
-        item = list.addItemWithReel(7, u"HHH"_qs, 0, 0, 0, 0);
+        item = list.addItemWithReel(7, u"HHH"_s, 0, 0, 0, 0);
         model.reloadData();
         delegate.setSpacing(5);
     }

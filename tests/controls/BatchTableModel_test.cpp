@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -26,17 +27,16 @@ struct TableModel : testing::Test {
 TEST_F(TableModel, ShowsAnItemARowByTheColumnsIdentifiers) {
     EXPECT_EQ(model.rowCount(), 2);
     EXPECT_EQ(model.columnCount(), 6);
-    const QStringList first{u"12"_qs,          u"First"_qs,  u"01:02:03:04"_qs,
-                            u"00:00:00:00"_qs, u"25 fps"_qs, u"FSK"_qs};
+    const QStringList first{u"12"_s,          u"First"_s,  u"01:02:03:04"_s,
+                            u"00:00:00:00"_s, u"25 fps"_s, u"FSK"_s};
     for (int column = 0; column < 6; ++column)
         EXPECT_EQ(text(0, column), first[column]) << column;
-    EXPECT_EQ(text(1, 4), u"30 fps"_qs);
-    EXPECT_EQ(text(1, 5), u"MTC"_qs);
+    EXPECT_EQ(text(1, 4), u"30 fps"_s);
+    EXPECT_EQ(text(1, 5), u"MTC"_s);
 }
 
 TEST_F(TableModel, TitlesTheColumns) {
-    const QStringList titles{u"Reel"_qs, u"Title"_qs, u"Start"_qs,
-                             u"Stop"_qs, u"Rate"_qs,  u"Sync"_qs};
+    const QStringList titles{u"Reel"_s, u"Title"_s, u"Start"_s, u"Stop"_s, u"Rate"_s, u"Sync"_s};
     for (int column = 0; column < 6; ++column)
         EXPECT_EQ(model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(),
                   titles[column]);
@@ -46,21 +46,21 @@ TEST_F(TableModel, OnlyTitlesCanBeEdited) {
     for (int column = 0; column < 6; ++column) {
         const auto cell = model.index(0, column);
         EXPECT_EQ(model.flags(cell).testFlag(Qt::ItemIsEditable), column == 1) << column;
-        EXPECT_EQ(model.setData(cell, u"9"_qs, Qt::EditRole), column == 1) << column;
+        EXPECT_EQ(model.setData(cell, u"9"_s, Qt::EditRole), column == 1) << column;
     }
-    EXPECT_EQ(text(0, 1), u"9"_qs);
-    EXPECT_EQ(list.batchList()[0]->title, u"9"_qs);
+    EXPECT_EQ(text(0, 1), u"9"_s);
+    EXPECT_EQ(list.batchList()[0]->title, u"9"_s);
     EXPECT_EQ(list.batchList()[0]->reel, 12u);
 }
 
 TEST_F(TableModel, AnEditedTitleLeavesItsRowWhereItIs) {
-    list.addItemWithReel(12, u"Fourth"_qs, 0x01020304, 0, 1, 2);
+    list.addItemWithReel(12, u"Fourth"_s, 0x01020304, 0, 1, 2);
     model.reloadData();
-    ASSERT_EQ(text(1, 1), u"Fourth"_qs);
+    ASSERT_EQ(text(1, 1), u"Fourth"_s);
     const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    model.setData(model.index(0, 1), u"Zero"_qs, Qt::EditRole);
-    EXPECT_EQ(text(0, 1), u"Zero"_qs);
-    EXPECT_EQ(text(1, 1), u"Fourth"_qs);
+    model.setData(model.index(0, 1), u"Zero"_s, Qt::EditRole);
+    EXPECT_EQ(text(0, 1), u"Zero"_s);
+    EXPECT_EQ(text(1, 1), u"Fourth"_s);
     EXPECT_EQ(changes.count(), 1);
 }
 
@@ -68,12 +68,12 @@ TEST_F(TableModel, AListThatChangedShowsAtTheNextReload) {
     list.clearBatchList();
     EXPECT_EQ(model.rowCount(), 2);
     EXPECT_EQ(text(0, 1), QString());
-    EXPECT_FALSE(model.setData(model.index(0, 1), u"gone"_qs, Qt::EditRole));
+    EXPECT_FALSE(model.setData(model.index(0, 1), u"gone"_s, Qt::EditRole));
     model.reloadData();
     EXPECT_EQ(model.rowCount(), 0);
-    list.addItemWithReel(1, u"new"_qs, 0, 0, 0, 0);
+    list.addItemWithReel(1, u"new"_s, 0, 0, 0, 0);
     model.reloadData();
-    EXPECT_EQ(text(0, 1), u"new"_qs);
+    EXPECT_EQ(text(0, 1), u"new"_s);
 }
 
 TEST_F(TableModel, MarksStayWithTheirItems) {
@@ -87,14 +87,14 @@ TEST_F(TableModel, MarksStayWithTheirItems) {
     EXPECT_EQ(mark(0), StripeMark::underWay);
     EXPECT_EQ(mark(1), StripeMark::none);
 
-    list.addItemWithReel(1, u"before"_qs, 0, 0, 0, 0);
+    list.addItemWithReel(1, u"before"_s, 0, 0, 0, 0);
     model.reloadData();
     EXPECT_EQ(mark(0), StripeMark::none);
     EXPECT_EQ(mark(1), StripeMark::underWay);
     EXPECT_EQ(model.indexOfItem(marked).row(), 1);
-    EXPECT_EQ(model.index(1, 3).data(Qt::AccessibleDescriptionRole).toString(), u"Under way"_qs);
+    EXPECT_EQ(model.index(1, 3).data(Qt::AccessibleDescriptionRole).toString(), u"Under way"_s);
     model.markItem(marked, StripeMark::finished);
-    EXPECT_EQ(model.index(1, 0).data(Qt::AccessibleDescriptionRole).toString(), u"Finished"_qs);
+    EXPECT_EQ(model.index(1, 0).data(Qt::AccessibleDescriptionRole).toString(), u"Finished"_s);
 
     list.removeItem(marked);
     model.reloadData();

@@ -15,15 +15,16 @@
 #include <functional>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 const Alert threeButtons{
-    u"Do you want to save <b>Show</b> & more before proceeding?"_qs,
-    u"It has never been saved."_qs,
-    {u"Save"_qs, u"Don't Save"_qs, u"Cancel"_qs},
+    u"Do you want to save <b>Show</b> & more before proceeding?"_s,
+    u"It has never been saved."_s,
+    {u"Save"_s, u"Don't Save"_s, u"Cancel"_s},
 };
-const Alert oneButton{u"Reel 2"_qs, u"Load it."_qs, {u"OK"_qs}};
+const Alert oneButton{u"Reel 2"_s, u"Load it."_s, {u"OK"_s}};
 
 /// Lays out dialogs as this desktop does.
 class DesktopStyle : public QProxyStyle {
@@ -66,7 +67,7 @@ TEST_P(ButtonOrder, IsTheAlertsOnEveryDesktop) {
         QStringList texts;
         for (const auto* button : buttons)
             texts += button->text().remove(QLatin1Char('&'));
-        EXPECT_EQ(texts, QStringList({u"Save"_qs, u"Don't Save"_qs, u"Cancel"_qs}));
+        EXPECT_EQ(texts, QStringList({u"Save"_s, u"Don't Save"_s, u"Cancel"_s}));
     });
 }
 
@@ -104,7 +105,7 @@ TEST_F(MessageBox, TextsAreShownAsTheyAre) {
     answer(threeButtons, [](QMessageBox& box) {
         EXPECT_EQ(box.icon(), QMessageBox::Information);
         EXPECT_EQ(box.informativeText(), threeButtons.information);
-        const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_qs);
+        const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
         ASSERT_NE(label, nullptr);
         EXPECT_EQ(label->text(), threeButtons.message);
         EXPECT_EQ(label->textFormat(), Qt::PlainText);

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
@@ -28,7 +29,7 @@ struct RecentMenu : testing::Test {
         QStringList texts;
         for (const auto* action : menu.actions())
             if (!action->isSeparator())
-                texts += action->isEnabled() ? action->text() : u"(%1)"_qs.arg(action->text());
+                texts += action->isEnabled() ? action->text() : u"(%1)"_s.arg(action->text());
         return texts;
     }
 
@@ -40,13 +41,13 @@ struct RecentMenu : testing::Test {
 };
 
 TEST_F(RecentMenu, WithoutFilesHasNothingToClear) {
-    EXPECT_EQ(titles(), QStringList(u"(&Clear Menu)"_qs));
+    EXPECT_EQ(titles(), QStringList(u"(&Clear Menu)"_s));
 }
 
 TEST_F(RecentMenu, ShowsTheNewestFirstAndOpensWhatIsChosen) {
     const auto older = open("Older.vexaB");
     open("Newer.vexaB");
-    EXPECT_EQ(titles(), QStringList({u"Newer.vexaB"_qs, u"Older.vexaB"_qs, u"&Clear Menu"_qs}));
+    EXPECT_EQ(titles(), QStringList({u"Newer.vexaB"_s, u"Older.vexaB"_s, u"&Clear Menu"_s}));
     menu.actions().at(1)->trigger();
     ASSERT_EQ(chosen.size(), 1);
     EXPECT_EQ(chosen[0][0].toString(), older);
@@ -55,8 +56,8 @@ TEST_F(RecentMenu, ShowsTheNewestFirstAndOpensWhatIsChosen) {
 TEST_F(RecentMenu, ShowsNamesAsTheyAre) {
     open("Rock & Roll #1 100%.vexaB");
     open("tab\there.vexaB");
-    EXPECT_EQ(titles(), QStringList({u"tab\uFFFDhere.vexaB"_qs, u"Rock && Roll #1 100%.vexaB"_qs,
-                                     u"&Clear Menu"_qs}));
+    EXPECT_EQ(titles(), QStringList({u"tab\uFFFDhere.vexaB"_s, u"Rock && Roll #1 100%.vexaB"_s,
+                                     u"&Clear Menu"_s}));
 }
 
 TEST_F(RecentMenu, TellsNamesakesApartByTheirFolders) {
@@ -64,15 +65,15 @@ TEST_F(RecentMenu, TellsNamesakesApartByTheirFolders) {
     open("R&B/List.vexaB");
     open("List 2.vexaB");
     EXPECT_EQ(titles(),
-              QStringList({u"List 2.vexaB"_qs, u"List.vexaB — %1/R&&B"_qs.arg(folder.path()),
-                           u"List.vexaB — %1/a"_qs.arg(folder.path()), u"&Clear Menu"_qs}));
+              QStringList({u"List 2.vexaB"_s, u"List.vexaB — %1/R&&B"_s.arg(folder.path()),
+                           u"List.vexaB — %1/a"_s.arg(folder.path()), u"&Clear Menu"_s}));
 }
 
 TEST_F(RecentMenu, AFileThatIsGoneIsShownButCannotBeChosen) {
     QFile::remove(open("Gone.vexaB"));
     open("There.vexaB");
     EXPECT_EQ(titles(),
-              QStringList({u"There.vexaB"_qs, u"(Gone.vexaB (not found))"_qs, u"&Clear Menu"_qs}));
+              QStringList({u"There.vexaB"_s, u"(Gone.vexaB (not found))"_s, u"&Clear Menu"_s}));
 }
 
 TEST_F(RecentMenu, AFileThatGoesWhileTheMenuIsOpenIsNotOpened) {
@@ -87,7 +88,7 @@ TEST_F(RecentMenu, IsCleared) {
     open("List.vexaB");
     titles();
     menu.actions().constLast()->trigger();
-    EXPECT_EQ(titles(), QStringList(u"(&Clear Menu)"_qs));
+    EXPECT_EQ(titles(), QStringList(u"(&Clear Menu)"_s));
 }
 
 TEST_F(RecentMenu, AFolderOfThatNameIsNotTheFile) {
@@ -97,7 +98,7 @@ TEST_F(RecentMenu, AFolderOfThatNameIsNotTheFile) {
     ASSERT_TRUE(QDir().mkdir(path));
     menu.actions().constFirst()->trigger();
     EXPECT_EQ(chosen.size(), 0) << "a menu that was filled before";
-    EXPECT_EQ(titles().constFirst(), u"(Reels.vexaB (not found))"_qs);
+    EXPECT_EQ(titles().constFirst(), u"(Reels.vexaB (not found))"_s);
 }
 
 } // namespace

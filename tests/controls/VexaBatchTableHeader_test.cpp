@@ -10,6 +10,7 @@
 #include <vector>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using testing::IsEmpty;
 
 namespace {
@@ -81,7 +82,7 @@ TEST_P(Header, LinesLeaveOnePointAboveAndBelow) {
 }
 
 TEST_P(Header, TitlesBeginFivePointsIntoTheirColumnsAndTwoBelowTheTop) {
-    const auto image = painted({{}, u"H"_qs, {}, {}, {}, {}});
+    const auto image = painted({{}, u"H"_s, {}, {}, {}, {}});
     const QFontMetrics metrics(header.lucida10gray().font);
     QRect ink;
     for (int y = 0; y < image.height(); ++y)
@@ -89,13 +90,13 @@ TEST_P(Header, TitlesBeginFivePointsIntoTheirColumnsAndTwoBelowTheTop) {
             if (image.pixelColor(x, y) != Qt::white)
                 ink |= QRect(x, y, 1, 1);
     ASSERT_FALSE(ink.isEmpty());
-    const auto glyph = metrics.tightBoundingRect(u"H"_qs);
+    const auto glyph = metrics.tightBoundingRect(u"H"_s);
     EXPECT_NEAR(1.0 * ink.left() / scale, 50 + glyph.left(), 1);
     EXPECT_NEAR(1.0 * ink.top() / scale, 2 + metrics.ascent() + glyph.top(), 1);
 }
 
 TEST_P(Header, ATitleIsClippedAtTheWidthOfItsColumn) {
-    const auto image = painted({u"HHHHHHHHHHHHHHHHHHHH"_qs, {}, {}, {}, {}, {}});
+    const auto image = painted({u"HHHHHHHHHHHHHHHHHHHH"_s, {}, {}, {}, {}, {}});
     for (int y = 0; y < image.height(); ++y)
         for (int x = 46 * scale; x < 89 * scale; ++x)
             ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ' ' << y;
@@ -118,19 +119,19 @@ INSTANTIATE_TEST_SUITE_P(Scales, Header, testing::Values(1, 2));
 
 TEST(HeaderText, IsLucidaGrandeOfNinePointsInGray) {
     const VexaBatchTableHeader header;
-    EXPECT_EQ(header.lucida10gray().font.families().constFirst(), u"Lucida Grande"_qs);
+    EXPECT_EQ(header.lucida10gray().font.families().constFirst(), u"Lucida Grande"_s);
     EXPECT_EQ(header.lucida10gray().font.pointSize(), 9);
     EXPECT_EQ(header.lucida10gray().color, QColor(128, 128, 128));
 }
 
 TEST(HeaderText, AColumnThatIsFittedToItsTitleHoldsItsOwnTypeAndTheSpace) {
     QStandardItemModel model(0, 1);
-    model.setHorizontalHeaderLabels({u"Start"_qs});
+    model.setHorizontalHeaderLabels({u"Start"_s});
     VexaBatchTableHeader header;
     header.setModel(&model);
     header.setSpacing(5);
     const QFontMetrics metrics(header.lucida10gray().font);
-    EXPECT_EQ(header.sectionSizeHint(0), metrics.horizontalAdvance(u"Start"_qs) + 10);
+    EXPECT_EQ(header.sectionSizeHint(0), metrics.horizontalAdvance(u"Start"_s) + 10);
     EXPECT_EQ(header.sizeHint().height(), metrics.height() + 4);
 }
 

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
@@ -30,7 +31,7 @@ struct TableView : testing::Test {
     }
     void addRows(std::uint64_t count) {
         for (std::uint64_t row = 0; row < count; ++row)
-            list.addItemWithReel(list.numItems(), u"item"_qs, 0, 0, 0, 0);
+            list.addItemWithReel(list.numItems(), u"item"_s, 0, 0, 0, 0);
         table.reloadData();
     }
     QPoint middleOf(int row, int column) {
@@ -105,19 +106,19 @@ TEST_F(TableView, BackspaceAndDeleteTellOnceWhenRowsAreSelected) {
 
 TEST_F(TableView, OtherKeysAndOtherTextDeleteNothing) {
     table.selectRow(1);
-    for (const auto& text : {QString(), u"x"_qs, u"\x7f\x7f"_qs, u"\b\b"_qs, u"\x03"_qs})
+    for (const auto& text : {QString(), u"x"_s, u"\x7f\x7f"_s, u"\b\b"_s, u"\x03"_s})
         EXPECT_FALSE(table.handleKey(text));
     QTest::keyClick(&table, Qt::Key_Backspace, Qt::ControlModifier);
     QTest::keyClick(&table, Qt::Key_H, Qt::ControlModifier);
     EXPECT_EQ(deletions.count(), 0);
-    EXPECT_TRUE(table.handleKey(u"\x7f"_qs));
-    EXPECT_TRUE(table.handleKey(u"\b"_qs));
+    EXPECT_TRUE(table.handleKey(u"\x7f"_s));
+    EXPECT_TRUE(table.handleKey(u"\b"_s));
     EXPECT_EQ(deletions.count(), 2);
 }
 
 TEST_F(TableView, WithoutASelectionTheDeleteKeysAreNotTaken) {
     table.clearSelection();
-    EXPECT_FALSE(table.handleKey(u"\x7f"_qs));
+    EXPECT_FALSE(table.handleKey(u"\x7f"_s));
     EXPECT_FALSE(table.handleDelete());
     EXPECT_EQ(deletions.count(), 0);
 }
@@ -129,12 +130,12 @@ TEST_F(TableView, ADoubleClickEditsATitleAndNothingElse) {
     }
     doubleClick(1, 1);
     ASSERT_NE(editor(), nullptr);
-    EXPECT_EQ(editor()->text(), u"item"_qs);
+    EXPECT_EQ(editor()->text(), u"item"_s);
     QTest::keyClick(editor(), Qt::Key_Backspace);
     QTest::keyClick(editor(), Qt::Key_Backspace);
-    type(u"A reel"_qs);
-    EXPECT_EQ(list.batchList()[1]->title, u"A reel"_qs);
-    EXPECT_EQ(list.batchList()[0]->title, u"item"_qs);
+    type(u"A reel"_s);
+    EXPECT_EQ(list.batchList()[1]->title, u"A reel"_s);
+    EXPECT_EQ(list.batchList()[0]->title, u"item"_s);
     EXPECT_EQ(deletions.count(), 0);
 }
 
@@ -142,8 +143,8 @@ TEST_F(TableView, TheEditKeyEditsTheTitleFromAnyColumn) {
     table.setCurrentIndex(table.model()->index(2, 4));
     QTest::keyClick(&table, Qt::Key_F2);
     ASSERT_NE(editor(), nullptr);
-    type(u"last"_qs);
-    EXPECT_EQ(list.batchList()[2]->title, u"last"_qs);
+    type(u"last"_s);
+    EXPECT_EQ(list.batchList()[2]->title, u"last"_s);
 }
 
 TEST_F(TableView, AnItemIsBroughtIntoViewAndTheSelectionStays) {
@@ -212,11 +213,11 @@ TEST_F(TableView, AWidthThatTheOperatorGaveAColumnLasts) {
 TEST(TableWidths, OnesThatMakeNoSenseAreBounded) {
     const CleanDefaults clean;
     {
-        QSettings settings(QSettings::IniFormat, QSettings::UserScope, u"vexa-remote"_qs,
-                           u"vexa-remote"_qs);
-        settings.setValue(u"columnwidth/vexareel"_qs, -5);
-        settings.setValue(u"columnwidth/vexatitle"_qs, 1e12);
-        settings.setValue(u"columnwidth/vexastart"_qs, u"wide"_qs);
+        QSettings settings(QSettings::IniFormat, QSettings::UserScope, u"vexa-remote"_s,
+                           u"vexa-remote"_s);
+        settings.setValue(u"columnwidth/vexareel"_s, -5);
+        settings.setValue(u"columnwidth/vexatitle"_s, 1e12);
+        settings.setValue(u"columnwidth/vexastart"_s, u"wide"_s);
     }
     VexaBatchTableView table;
     setUp(table);

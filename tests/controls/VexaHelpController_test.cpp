@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,7 +33,7 @@ protected:
 
 TEST_P(UserGuide, OpensWhereBothKeysAndTheGuideAreThere) {
     const auto& [description, keys, guide, expected] = GetParam();
-    ASSERT_TRUE(QDir(folder.path()).mkdir(u"en.lproj"_qs));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"en.lproj"_s));
     if (keys)
         write("Info.plist", QByteArray("<plist><dict>") + keys + "</dict></plist>");
     if (guide)

@@ -7,58 +7,59 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
 
 struct Service : testing::Test {
     const SessionBus bus;
-    ApplicationService service{bus.connection(u"running"_qs)};
+    ApplicationService service{bus.connection(u"running"_s)};
     QSignalSpy activated{&service, &ApplicationService::activated};
     QSignalSpy fileOpened{&service, &ApplicationService::fileOpened};
 };
 
 TEST(ApplicationId, GivesThePathOnTheBus) {
-    EXPECT_EQ(applicationPath(), u"/io/github/vexaremote/VexaRemote"_qs);
+    EXPECT_EQ(applicationPath(), u"/io/github/vexaremote/VexaRemote"_s);
 }
 
 TEST_F(Service, OnlyOneProgramHasTheName) {
     EXPECT_EQ(service.takeName(), BusName::Ours);
-    ApplicationService second(bus.connection(u"second"_qs));
+    ApplicationService second(bus.connection(u"second"_s));
     EXPECT_EQ(second.takeName(), BusName::Taken);
 }
 
 TEST_F(Service, WithoutABusThereIsNoName) {
     ApplicationService alone(
-        QDBusConnection::connectToBus(u"unix:path=/nonexistent"_qs, u"alone"_qs));
+        QDBusConnection::connectToBus(u"unix:path=/nonexistent"_s, u"alone"_s));
     EXPECT_EQ(alone.takeName(), BusName::NoBus);
 }
 
 TEST_F(Service, OthersActivateItAndOpenFiles) {
     service.takeName();
-    const auto caller = bus.connection(u"caller"_qs);
+    const auto caller = bus.connection(u"caller"_s);
     const auto call = [&](const char* method, const QVariantList& arguments) {
         auto message = QDBusMessage::createMethodCall(applicationId, applicationPath(),
-                                                      u"org.freedesktop.Application"_qs,
+                                                      u"org.freedesktop.Application"_s,
                                                       QString::fromLatin1(method));
         message.setArguments(arguments);
         QDBusPendingCallWatcher watcher(caller.asyncCall(message));
         QSignalSpy(&watcher, &QDBusPendingCallWatcher::finished).wait();
         return watcher.reply().type() == QDBusMessage::ReplyMessage;
     };
-    const QVariantMap tokens{{u"activation-token"_qs, u"leave"_qs},
-                             {u"desktop-startup-id"_qs, u"launch"_qs}};
+    const QVariantMap tokens{{u"activation-token"_s, u"leave"_s},
+                             {u"desktop-startup-id"_s, u"launch"_s}};
     EXPECT_TRUE(call("Activate", {tokens}));
-    EXPECT_TRUE(call("Open", {QStringList{u"file:///a%20b"_qs, u"file:///c"_qs}, tokens}));
-    EXPECT_TRUE(call("ActivateAction", {u"x"_qs, QVariantList{u"y"_qs}, QVariantMap()}));
-    EXPECT_TRUE(call("Open", {QStringList{u"https://example.org/a"_qs}, QVariantMap()}));
+    EXPECT_TRUE(call("Open", {QStringList{u"file:///a%20b"_s, u"file:///c"_s}, tokens}));
+    EXPECT_TRUE(call("ActivateAction", {u"x"_s, QVariantList{u"y"_s}, QVariantMap()}));
+    EXPECT_TRUE(call("Open", {QStringList{u"https://example.org/a"_s}, QVariantMap()}));
     EXPECT_TRUE(call("Open", {QStringList(), QVariantMap()}));
     EXPECT_FALSE(call("deleteLater", {}));
     ASSERT_EQ(activated.size(), 5);
     EXPECT_EQ(activated[0], (QVariantList{QByteArray("leave"), QByteArray("launch")}));
     EXPECT_EQ(activated[2], (QVariantList{QByteArray(), QByteArray()}));
     ASSERT_EQ(fileOpened.size(), 1);
-    EXPECT_EQ(fileOpened[0], QVariantList{u"/a b"_qs});
+    EXPECT_EQ(fileOpened[0], QVariantList{u"/a b"_s});
 }
 
 } // namespace

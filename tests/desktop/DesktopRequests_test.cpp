@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
@@ -18,9 +19,9 @@ struct DesktopRequest : testing::Test {
     const QTemporaryDir folder;
     ControllerRig rig;
     QWidget window;
-    ApplicationService service{QDBusConnection(u"none"_qs)};
+    ApplicationService service{QDBusConnection(u"none"_s)};
     DesktopRequests requests{window, rig.controller, service};
-    const QString file = folder.filePath(u"Reels.vexaB"_qs);
+    const QString file = folder.filePath(u"Reels.vexaB"_s);
     const QStringList uris{fileUri(file)};
     QEventLoop program;
 };
@@ -48,7 +49,7 @@ TEST_F(DesktopRequest, AFolderIsNoList) {
 }
 
 TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
-    rig.controller.addItemToBatchList(1, u"item"_qs, 0, 1, 2, 0);
+    rig.controller.addItemToBatchList(1, u"item"_s, 0, 1, 2, 0);
     rig.press(transport::playing);
     rig.alerts.answers = {alertSecondButton};
     rig.alerts.whileShown = [&] { program.quit(); };
@@ -60,7 +61,7 @@ TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
 }
 
 TEST_F(DesktopRequest, PassesOnTheLeaveToComeToTheFront) {
-    service.Activate({{u"activation-token"_qs, u"leave"_qs}});
+    service.Activate({{u"activation-token"_s, u"leave"_s}});
     EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "leave");
     EXPECT_TRUE(window.isVisible());
     qunsetenv("XDG_ACTIVATION_TOKEN");

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,41 +33,41 @@ struct FilesToOpen : testing::Test {
 };
 
 TEST_F(FilesToOpen, AreServedInTheirOrder) {
-    requests.add(u"a"_qs);
-    requests.add(u"b"_qs);
+    requests.add(u"a"_s);
+    requests.add(u"b"_s);
     EXPECT_TRUE(opened.isEmpty());
     awaitOpened(2);
-    requests.add(u"c"_qs);
+    requests.add(u"c"_s);
     awaitOpened(3);
-    EXPECT_EQ(opened, (QStringList{u"a"_qs, u"b"_qs, u"c"_qs}));
+    EXPECT_EQ(opened, (QStringList{u"a"_s, u"b"_s, u"c"_s}));
 }
 
 TEST_F(FilesToOpen, WaitWhileACommandAsksSomething) {
-    QStringList openedMeanwhile{u"nothing yet"_qs};
+    QStringList openedMeanwhile{u"nothing yet"_s};
     soon([&] {
         QEventLoop question;
-        requests.add(u"a"_qs);
+        requests.add(u"a"_s);
         soon([&] { soon([&] { question.quit(); }); });
         question.exec();
         openedMeanwhile = opened;
     });
     awaitOpened(1);
     EXPECT_EQ(openedMeanwhile, QStringList());
-    EXPECT_EQ(opened, QStringList{u"a"_qs});
+    EXPECT_EQ(opened, QStringList{u"a"_s});
 }
 
 TEST_F(FilesToOpen, WaitWhileAnotherFileIsOpened) {
     whileOpening = [&] {
         whileOpening = nullptr;
         QEventLoop question;
-        requests.add(u"b"_qs);
+        requests.add(u"b"_s);
         soon([&] { soon([&] { question.quit(); }); });
         question.exec();
-        EXPECT_EQ(opened, QStringList{u"a"_qs});
+        EXPECT_EQ(opened, QStringList{u"a"_s});
     };
-    requests.add(u"a"_qs);
+    requests.add(u"a"_s);
     awaitOpened(2);
-    EXPECT_EQ(opened, (QStringList{u"a"_qs, u"b"_qs}));
+    EXPECT_EQ(opened, (QStringList{u"a"_s, u"b"_s}));
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <future>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
@@ -22,8 +23,8 @@ struct HandOver : testing::Test {
     /// By another program, while this one runs.
     bool handedOver(const QString& file) {
         auto answer = std::async(std::launch::async, [&] {
-            return handOver(bus.connection(u"second"_qs), file,
-                            {{u"activation-token"_qs, u"leave"_qs}}, patience);
+            return handOver(bus.connection(u"second"_s), file,
+                            {{u"activation-token"_s, u"leave"_s}}, patience);
         });
         while (answer.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -31,15 +32,15 @@ struct HandOver : testing::Test {
     }
 
     const SessionBus bus;
-    ApplicationService service{bus.connection(u"running"_qs)};
+    ApplicationService service{bus.connection(u"running"_s)};
     QSignalSpy activated{&service, &ApplicationService::activated};
     QSignalSpy fileOpened{&service, &ApplicationService::fileOpened};
 };
 
 TEST_F(HandOver, OpensTheFile) {
-    EXPECT_TRUE(handedOver(u"/tmp/Ω #1 100%.vexaB"_qs));
+    EXPECT_TRUE(handedOver(u"/tmp/Ω #1 100%.vexaB"_s));
     ASSERT_EQ(fileOpened.size(), 1);
-    EXPECT_EQ(fileOpened[0], QVariantList{u"/tmp/Ω #1 100%.vexaB"_qs});
+    EXPECT_EQ(fileOpened[0], QVariantList{u"/tmp/Ω #1 100%.vexaB"_s});
     ASSERT_EQ(activated.size(), 1);
     EXPECT_EQ(activated[0][0], QByteArray("leave"));
 }
@@ -52,15 +53,15 @@ TEST_F(HandOver, ActivatesWithoutAFile) {
 
 TEST_F(HandOver, FailsWhereNobodyAnswers) {
     // This program, which would answer, waits for the call instead.
-    EXPECT_FALSE(handOver(bus.connection(u"third"_qs), u"/a"_qs, {}, 50));
+    EXPECT_FALSE(handOver(bus.connection(u"third"_s), u"/a"_s, {}, 50));
 }
 
 TEST(StartupTokens, ComeFromTheEnvironment) {
     EXPECT_TRUE(startupTokens().isEmpty());
     qputenv("XDG_ACTIVATION_TOKEN", "leave");
     qputenv("DESKTOP_STARTUP_ID", "studio_TIME42");
-    EXPECT_EQ(startupTokens(), (QVariantMap{{u"activation-token"_qs, u"leave"_qs},
-                                            {u"desktop-startup-id"_qs, u"studio_TIME42"_qs}}));
+    EXPECT_EQ(startupTokens(), (QVariantMap{{u"activation-token"_s, u"leave"_s},
+                                            {u"desktop-startup-id"_s, u"studio_TIME42"_s}}));
     qunsetenv("XDG_ACTIVATION_TOKEN");
     qunsetenv("DESKTOP_STARTUP_ID");
 }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +23,7 @@ struct BundleFolder : testing::Test {
     }
     /// Where the guide was found, from the folder on.
     std::string found(const char* name = "guide") const {
-        const auto path = bundle.pathForResource(QString::fromUtf8(name), u"html"_qs);
+        const auto path = bundle.pathForResource(QString::fromUtf8(name), u"html"_s);
         return path ? QDir(folder.path()).relativeFilePath(*path).toStdString() : "nowhere";
     }
 
@@ -40,7 +41,7 @@ class InfoString : public BundleFolder, public testing::WithParamInterface<Info>
 
 TEST_P(InfoString, IsATextOfTheDictionaryOrNothing) {
     write("Info.plist", GetParam().bytes);
-    const auto value = bundle.infoString(u"Name"_qs);
+    const auto value = bundle.infoString(u"Name"_s);
     ASSERT_EQ(value.has_value(), GetParam().value != nullptr) << GetParam().description;
     EXPECT_EQ(value.value_or(QString()), QString::fromUtf8(GetParam().value))
         << GetParam().description;
@@ -59,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         Info{"no property list", "Name=guide", nullptr}, Info{"an empty file", "", nullptr}));
 
 TEST_F(BundleFolder, WithoutInfoThereAreNoTexts) {
-    EXPECT_EQ(bundle.infoString(u"Name"_qs), std::nullopt);
+    EXPECT_EQ(bundle.infoString(u"Name"_s), std::nullopt);
 }
 
 struct Search {
@@ -100,7 +101,7 @@ TEST_F(BundleFolder, ResourcesAreFilesOfExactlyThatName) {
 }
 
 TEST_F(BundleFolder, AMissingFolderHasNoResources) {
-    EXPECT_EQ(Bundle(folder.filePath(u"gone"_qs)).pathForResource(u"guide"_qs, u"html"_qs),
+    EXPECT_EQ(Bundle(folder.filePath(u"gone"_s)).pathForResource(u"guide"_s, u"html"_s),
               std::nullopt);
 }
 

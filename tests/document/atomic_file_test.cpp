@@ -19,13 +19,14 @@
 #include <random>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using namespace vexa::test;
 
 namespace {
 
 class ReplaceFile : public testing::Test {
 protected:
-    QString path(const QString& name = u"list"_qs) const { return m_directory.filePath(name); }
+    QString path(const QString& name = u"list"_s) const { return m_directory.filePath(name); }
 
     static QByteArray read(const QString& path) {
         QFile file(path);
@@ -53,7 +54,7 @@ TEST_F(ReplaceFile, MakesANewFileAndReplacesAnOldOne) {
     EXPECT_EQ(read(path()), "short");
     EXPECT_TRUE(replaceFile(path(), ""));
     EXPECT_EQ(read(path()), "");
-    EXPECT_EQ(entries(), QStringList{u"list"_qs});
+    EXPECT_EQ(entries(), QStringList{u"list"_s});
 }
 
 TEST_F(ReplaceFile, GivesANewFileThePermissionsOfTheUmask) {
@@ -91,26 +92,26 @@ TEST_F(ReplaceFile, KeepsTheOwnerAndGroupOfAnOldFile) {
 }
 
 TEST_F(ReplaceFile, ReplacesTheTargetOfALinkAndKeepsTheLink) {
-    ASSERT_TRUE(QDir(m_directory.path()).mkdir(u"elsewhere"_qs));
-    const QString target = path(u"elsewhere/target"_qs);
+    ASSERT_TRUE(QDir(m_directory.path()).mkdir(u"elsewhere"_s));
+    const QString target = path(u"elsewhere/target"_s);
     ASSERT_TRUE(replaceFile(target, "old"));
-    ASSERT_TRUE(QFile::link(u"elsewhere/target"_qs, path(u"first"_qs)));
-    ASSERT_TRUE(QFile::link(u"first"_qs, path()));
+    ASSERT_TRUE(QFile::link(u"elsewhere/target"_s, path(u"first"_s)));
+    ASSERT_TRUE(QFile::link(u"first"_s, path()));
     EXPECT_TRUE(replaceFile(path(), "new"));
     EXPECT_EQ(read(target), "new");
-    EXPECT_EQ(QFileInfo(path()).symLinkTarget(), path(u"first"_qs));
-    EXPECT_EQ(QFileInfo(path(u"first"_qs)).symLinkTarget(), target);
+    EXPECT_EQ(QFileInfo(path()).symLinkTarget(), path(u"first"_s));
+    EXPECT_EQ(QFileInfo(path(u"first"_s)).symLinkTarget(), target);
 }
 
 TEST_F(ReplaceFile, MakesTheMissingTargetOfALink) {
-    ASSERT_TRUE(QFile::link(u"target"_qs, path()));
+    ASSERT_TRUE(QFile::link(u"target"_s, path()));
     EXPECT_TRUE(replaceFile(path(), "new"));
-    EXPECT_EQ(read(path(u"target"_qs)), "new");
+    EXPECT_EQ(read(path(u"target"_s)), "new");
     EXPECT_TRUE(QFileInfo(path()).isSymLink());
 }
 
 TEST_F(ReplaceFile, FailsWhereNoFileCanBe) {
-    EXPECT_FALSE(replaceFile(path(u"missing/list"_qs), "x"));
+    EXPECT_FALSE(replaceFile(path(u"missing/list"_s), "x"));
     EXPECT_FALSE(replaceFile(m_directory.path(), "x"));
     EXPECT_FALSE(replaceFile({}, "x"));
     EXPECT_EQ(entries(), QStringList());
@@ -123,10 +124,10 @@ TEST_P(ReplaceFileOnAFullDisk, FailsAndLeavesTheOldFileAndNothingElse) {
     {
         const FileSizeLimit limit(static_cast<rlim_t>(GetParam() - 1));
         EXPECT_FALSE(replaceFile(path(), QByteArray(GetParam(), 'x')));
-        EXPECT_FALSE(replaceFile(path(u"new"_qs), QByteArray(GetParam(), 'x')));
+        EXPECT_FALSE(replaceFile(path(u"new"_s), QByteArray(GetParam(), 'x')));
     }
     EXPECT_EQ(read(path()), "old");
-    EXPECT_EQ(entries(), QStringList{u"list"_qs});
+    EXPECT_EQ(entries(), QStringList{u"list"_s});
     EXPECT_TRUE(replaceFile(path(), QByteArray(GetParam(), 'x')));
     EXPECT_EQ(read(path()), QByteArray(GetParam(), 'x'));
 }

@@ -15,6 +15,7 @@
 #include <random>
 
 using namespace vexa;
+using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pointee;
@@ -25,12 +26,12 @@ QString data(const QString& name) { return QStringLiteral(VEXA_TEST_DATA "/") + 
 
 BatchItemRef item(const BatchItem& fields) { return std::make_shared<BatchItem>(fields); }
 
-const BatchItem opening{7, u"Opening"_qs, 0x003B3A1D, 0x01000000, 3, 1, 1};
-const BatchItem second{12, u"Second reel"_qs, 0x01000000, 0x02000000, 0, 2, 0};
+const BatchItem opening{7, u"Opening"_s, 0x003B3A1D, 0x01000000, 3, 1, 1};
+const BatchItem second{12, u"Second reel"_s, 0x01000000, 0x02000000, 0, 2, 0};
 
 class ListFile : public testing::Test {
 protected:
-    QString path() const { return m_directory.filePath(u"list.vexaB"_qs); }
+    QString path() const { return m_directory.filePath(u"list.vexaB"_s); }
 
     static QByteArray read(const QString& path) {
         QFile file(path);
@@ -55,7 +56,7 @@ protected:
 
 TEST_F(ListFile, HoldsTwoItemsWithAllTheirValues) {
     ASSERT_TRUE(writeListFile(path(), {item(opening), item(second)}));
-    EXPECT_EQ(read(path()), read(data(u"two_items.vexaB"_qs)));
+    EXPECT_EQ(read(path()), read(data(u"two_items.vexaB"_s)));
     EXPECT_THAT(readListFile(path()), ElementsAre(Pointee(opening), Pointee(second)));
 }
 
@@ -69,12 +70,12 @@ TEST_F(ListFile, WritesTimesInDecimal) {
 
 TEST_F(ListFile, HoldsAnEmptyList) {
     ASSERT_TRUE(writeListFile(path(), {}));
-    EXPECT_EQ(read(path()), read(data(u"empty.vexaB"_qs)));
+    EXPECT_EQ(read(path()), read(data(u"empty.vexaB"_s)));
     EXPECT_THAT(readListFile(path()), IsEmpty());
 }
 
 TEST_F(ListFile, IsReadInItsBinaryFormAndBesideOtherKeys) {
-    EXPECT_THAT(readListFile(data(u"two_items_binary.vexaB"_qs)),
+    EXPECT_THAT(readListFile(data(u"two_items_binary.vexaB"_s)),
                 ElementsAre(Pointee(opening), Pointee(second)));
 }
 
@@ -85,22 +86,22 @@ TEST_F(ListFile, KeepsAnOrderThatIsNotTheLists) {
     VexaBatchStripeData list(nullptr);
     list.replaceBatchList(items);
     EXPECT_THAT(list.batchList(), ElementsAre(Pointee(second), Pointee(opening)));
-    const auto third = list.addItemWithReel(99, u"Third"_qs, 0, 0, 0, 0);
+    const auto third = list.addItemWithReel(99, u"Third"_s, 0, 0, 0, 0);
     EXPECT_THAT(list.batchList(), ElementsAre(Pointee(opening), Pointee(second), third));
 }
 
 TEST_F(ListFile, KeepsIdsAndDoesNotAdvanceTheCountOfThem) {
     VexaBatchStripeData list(nullptr);
-    list.replaceBatchList(readListFile(data(u"two_items.vexaB"_qs)));
+    list.replaceBatchList(readListFile(data(u"two_items.vexaB"_s)));
     EXPECT_EQ(list.batchList()[0]->id, 1u);
     EXPECT_EQ(list.addItemWithReel(1, {}, 0, 0, 0, 0)->id, 0u);
 }
 
 TEST_F(ListFile, GivesItemsWhoseTitlesCanBeEdited) {
     VexaBatchStripeData list(nullptr);
-    list.replaceBatchList(readListFile(data(u"two_items.vexaB"_qs)));
-    list.setObjectValue(u"Closing"_qs, item_key::title, 0);
-    EXPECT_EQ(readBack(list.batchList())[0]->title, u"Closing"_qs);
+    list.replaceBatchList(readListFile(data(u"two_items.vexaB"_s)));
+    list.setObjectValue(u"Closing"_s, item_key::title, 0);
+    EXPECT_EQ(readBack(list.batchList())[0]->title, u"Closing"_s);
 }
 
 class GoldenListFile : public ListFile, public testing::WithParamInterface<const char*> {};
@@ -117,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Files, GoldenListFile,
 
 TEST_F(ListFile, GivesOddItemsTheRowsThatCanBeMadeOfThem) {
     VexaBatchStripeData list(nullptr);
-    list.replaceBatchList(readListFile(data(u"odd_items.vexaB"_qs)));
+    list.replaceBatchList(readListFile(data(u"odd_items.vexaB"_s)));
     ASSERT_EQ(list.numItems(), 6u);
     const auto cell = [&](const QString& column, std::size_t row) {
         return list.objectValueForTableColumn(column, row).toStdString();
@@ -144,11 +145,11 @@ TEST_F(ListFile, HasNoItemsWhereThereIsNoFile) {
 TEST_F(ListFile, HasNoItemsWhereReadingWouldNeverEnd) {
     ASSERT_EQ(mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
     EXPECT_THAT(readListFile(path()), IsEmpty());
-    EXPECT_THAT(readListFile(u"/dev/zero"_qs), IsEmpty());
+    EXPECT_THAT(readListFile(u"/dev/zero"_s), IsEmpty());
 }
 
 TEST_F(ListFile, HasNoItemsInAnythingElse) {
-    EXPECT_THAT(readListFile(data(u"no_list.vexaB"_qs)), IsEmpty());
+    EXPECT_THAT(readListFile(data(u"no_list.vexaB"_s)), IsEmpty());
     for (const char* bytes :
          {"", "no property list", "<plist><array/></plist>", "<plist><dict/></plist>",
           "<plist><dict><key>vexabatchlist</key><string>x</string></dict></plist>",
@@ -158,14 +159,14 @@ TEST_F(ListFile, HasNoItemsInAnythingElse) {
 }
 
 TEST_F(ListFile, HasNoItemsWhenItIsCutOffAnywhere) {
-    const QByteArray whole = read(data(u"two_items.vexaB"_qs)).trimmed();
+    const QByteArray whole = read(data(u"two_items.vexaB"_s)).trimmed();
     ASSERT_EQ(readBytes(whole).size(), 2u);
     for (qsizetype size = 0; size < whole.size(); ++size)
         ASSERT_THAT(readBytes(whole.first(size)), IsEmpty()) << size << " bytes";
 }
 
 TEST_F(ListFile, IsNotWrittenWhereItCannotBe) {
-    EXPECT_FALSE(writeListFile(m_directory.filePath(u"missing/list.vexaB"_qs), {item(opening)}));
+    EXPECT_FALSE(writeListFile(m_directory.filePath(u"missing/list.vexaB"_s), {item(opening)}));
 }
 
 class RandomListFile : public ListFile, public testing::WithParamInterface<std::uint32_t> {
