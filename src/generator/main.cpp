@@ -3,6 +3,7 @@
 #include "generator/event_log.h"
 #include "generator/jack_input.h"
 #include "generator/program.h"
+#include "text/printable.h"
 
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -20,7 +21,7 @@ using namespace vexa;
 constexpr int usageError = 2;
 
 int fail(const std::string& message, int status) {
-    std::cerr << "vexa-generator: " << message << '\n';
+    std::cerr << "vexa-generator: " << printable(message) << '\n';
     return status;
 }
 

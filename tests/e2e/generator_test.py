@@ -56,5 +56,21 @@ class Generator(ProgramTest):
         self.assertEqual(self.generator.wait(), 0)
 
 
+class WrongArguments(unittest.TestCase):
+    def complaint(self, *arguments):
+        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        done = subprocess.run([path, *arguments], capture_output=True, text=True, timeout=30)
+        self.assertNotEqual(done.returncode, 0)
+        return done.stderr
+
+    def test_cannot_write_to_the_terminal(self):
+        for arguments in (["--log", "/nowhere/\x1b]0;a\n"], ["\x1b]0;a\n"], ["--midi", "\x1b]0;a\n"]):
+            with self.subTest(arguments):
+                complaint = self.complaint(*arguments)
+                self.assertIn(r"\x1B]0;a\x0A", complaint)
+                self.assertNotIn("\x1b", complaint)
+                self.assertEqual(complaint.count("\n"), 1)
+
+
 if __name__ == "__main__":
     unittest.main()
