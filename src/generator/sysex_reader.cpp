@@ -33,7 +33,7 @@ std::optional<SysEx> SysExReader::take(std::uint8_t byte) {
     const bool inMessage = m_message.size > 0;
     if (inMessage && byte < firstStatus) {
         append(byte);
-        return std::nullopt;
+        return m_message.size == SysEx::longest ? finish() : std::nullopt;
     }
     if (inMessage && byte == sysExEnd) {
         append(byte);

@@ -11,6 +11,7 @@ namespace vexa {
 /// One System Exclusive message as it came over the cable, whole or not.
 struct SysEx {
     static constexpr std::size_t kept = 32;
+    static constexpr std::size_t longest = 0x20000; ///< 42 s on a DIN cable
 
     std::array<std::uint8_t, kept> bytes{}; ///< the first of its bytes, 0xF0 and 0xF7 included
     std::size_t size = 0;                   ///< how many it had, which may be more than are kept
@@ -26,7 +27,7 @@ std::string hexText(const SysEx& message);
 class SysExReader {
 public:
     /// The message that this byte brings to an end, if any: 0xF7 completes it, any other status
-    /// byte cuts it off.
+    /// byte cuts it off. One that goes on is cut off at the longest size, and the rest passed over.
     std::optional<SysEx> take(std::uint8_t byte);
 
     /// The message cut off by the end of the stream, if one was under way. The next byte begins a

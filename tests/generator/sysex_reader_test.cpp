@@ -60,6 +60,32 @@ TEST(SysExReader, KeepsTheBeginningOfALongMessageAndCountsTheRest) {
     EXPECT_EQ(hexText(message), text + " ... (100002 bytes)");
 }
 
+TEST(SysExReader, CutsOffAMessageThatDoesNotEnd) {
+    SysExReader reader;
+    reader.take(0xF0);
+    for (std::size_t size = 2; size < SysEx::longest; ++size)
+        ASSERT_FALSE(reader.take(0x11));
+    const auto message = reader.take(0x11).value();
+    EXPECT_FALSE(message.complete);
+    EXPECT_EQ(message.size, SysEx::longest);
+    for (std::size_t i = 0; i < 2 * SysEx::longest; ++i)
+        ASSERT_FALSE(reader.take(0x11)) << "told twice";
+    EXPECT_FALSE(reader.take(0xF7));
+    for (const auto byte : {0xF0, 0x01})
+        reader.take(static_cast<std::uint8_t>(byte));
+    EXPECT_TRUE(reader.take(0xF7)->complete);
+}
+
+TEST(SysExReader, TakesTheLongestMessageWhole) {
+    SysExReader reader;
+    reader.take(0xF0);
+    for (std::size_t size = 2; size < SysEx::longest; ++size)
+        ASSERT_FALSE(reader.take(0x11));
+    const auto message = reader.take(0xF7).value();
+    EXPECT_TRUE(message.complete);
+    EXPECT_EQ(message.size, SysEx::longest);
+}
+
 TEST(SysExReader, ShowsAllOfAMessageThatJustFits) {
     std::string text = "F0";
     for (std::size_t i = 2; i < SysEx::kept; ++i)
