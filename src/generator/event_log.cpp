@@ -9,6 +9,8 @@ namespace vexa {
 namespace {
 /// To the first column, and everything right of it erased (ECMA-48 EL).
 constexpr std::string_view clearLine = "\r\x1B[K";
+
+constexpr std::string_view lastOfCopy = "full: nothing more is written here";
 } // namespace
 
 std::string momentText(Moment moment) {
@@ -31,7 +33,15 @@ void EventLog::note(std::string_view text) {
     if (m_outIsTerminal)
         m_out << clearLine;
     m_out << text << '\n' << m_status << std::flush;
-    m_copy << text << '\n' << std::flush;
+    copy(text);
+}
+
+void EventLog::copy(std::string_view text) {
+    if (m_copyIsFull)
+        return;
+    m_copied += text.size() + 1;
+    m_copyIsFull = m_copied + lastOfCopy.size() + 1 > mostCopied;
+    m_copy << (m_copyIsFull ? lastOfCopy : text) << '\n' << std::flush;
 }
 
 void EventLog::event(Moment moment, std::string_view text) {

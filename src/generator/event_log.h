@@ -15,7 +15,11 @@ std::string momentText(Moment moment);
 /// flushed. The streams outlive the log.
 class EventLog {
 public:
-    /// The same lines go to `out` and to `copy`; the status goes to `out` if that is a terminal.
+    /// The bound of the copy, in bytes: a flood of messages is not to fill a disk.
+    static constexpr std::size_t mostCopied = 16 * 1024 * 1024;
+
+    /// The same lines go to `out` and, as far as its bound, to `copy`; the status goes to `out` if
+    /// that is a terminal.
     EventLog(std::ostream& out, bool outIsTerminal, std::ostream& copy);
 
     /// Clears the status line away.
@@ -34,9 +38,13 @@ public:
     void status(std::string_view text);
 
 private:
+    void copy(std::string_view text);
+
     std::ostream& m_out;
     bool m_outIsTerminal;
     std::ostream& m_copy;
+    std::size_t m_copied = 0; ///< in bytes
+    bool m_copyIsFull = false;
     std::string m_status;
 };
 

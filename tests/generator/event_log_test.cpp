@@ -48,4 +48,18 @@ TEST(EventLog, KeepsTheStatusBelowTheLinesOfATerminal) {
     EXPECT_EQ(copy.str(), "12345.678901  stop\n");
 }
 
+TEST(EventLog, FillsTheCopyToItsBoundAndSaysSoOnce) {
+    std::ostringstream out;
+    std::ostringstream copy;
+    EventLog log(out, false, copy);
+    const std::string line(999, 'x');
+    constexpr auto lines = EventLog::mostCopied / 1000;
+    for (std::size_t i = 0; i < lines + 10; ++i)
+        log.note(line);
+    EXPECT_EQ(out.str().size(), (lines + 10) * 1000);
+    EXPECT_LE(copy.str().size(), EventLog::mostCopied);
+    EXPECT_GT(copy.str().size(), EventLog::mostCopied - 2000);
+    EXPECT_TRUE(copy.str().ends_with("x\nfull: nothing more is written here\n"));
+}
+
 } // namespace
