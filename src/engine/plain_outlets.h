@@ -57,6 +57,16 @@ private:
     QString m_toolTip;
 };
 
+class PlainDisplay : public TimecodeDisplay {
+public:
+    using TimecodeDisplay::TimecodeDisplay;
+    void setState(int state) override { m_state = state; }
+    int state() const override { return m_state; }
+
+private:
+    int m_state = 0;
+};
+
 class PlainTextField : public TextField {
 public:
     void setStringValue(const QString& text) override { m_text = text; }
@@ -145,9 +155,9 @@ struct PlainOutlets {
     PlainRadioMatrix frameRateMatrix{rate::count};
     PlainRadioMatrix syncTypeMatrix{3};
     PlainRadioMatrix batchRadios{2};
-    TimecodeDisplay currentTimeButton{2};
-    TimecodeDisplay startTimeButton{0};
-    TimecodeDisplay endTimeButton{1};
+    PlainDisplay currentTimeButton{2};
+    PlainDisplay startTimeButton{0};
+    PlainDisplay endTimeButton{1};
     PlainButton stopTimeCheck;
     PlainButton batchCheck;
     PlainButton addToBatchButton;

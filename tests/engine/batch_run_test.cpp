@@ -93,6 +93,18 @@ TEST_F(BatchRun, ThePlayAndPauseCellsBlinkInThePauseBeginningWithPause) {
     EXPECT_EQ(controller.currentTime(), tc("02:00:00:00"));
 }
 
+TEST_F(BatchRun, EveryPauseBeginsItsBlinkingWithPause) {
+    controller.setDelayInSeconds(0.7); // one blink, which leaves the other cell due
+    addThreeItems(1, 1, 1);
+    rig.press(transport::playing);
+    for (int item = 0; item < 2; ++item) {
+        rig.tick(3);
+        rig.runLoop.advance(RunLoop::Seconds(0.6));
+        EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::paused) << item;
+        rig.runLoop.advance(RunLoop::Seconds(0.1));
+    }
+}
+
 TEST_F(BatchRun, AnotherReelIsAskedForOnce) {
     addThreeItems(1, 1, 2);
     rig.press(transport::playing);
@@ -314,6 +326,42 @@ TEST_F(BatchRun, MarksTheItemUnderWayAndTheFinishedOnesAndKeepsTheSelection) {
     EXPECT_EQ(controller.transportState(), transport::stopped);
     EXPECT_THAT(marks(), ElementsAre(finished, finished, finished));
     EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes{2});
+}
+
+TEST_F(BatchRun, ARunBeginsWithoutTheMarksOfTheOneBefore) {
+    addThreeItems(1, 1, 1);
+    rig.press(transport::playing);
+    for (int item = 0; item < 3; ++item) {
+        rig.tick(3);
+        endPause();
+    }
+    ASSERT_EQ(controller.transportState(), transport::stopped);
+    const auto& items = controller.batchStripeData().batchList();
+    ASSERT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::finished);
+    rig.press(transport::playing);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[0]), StripeMark::underWay);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::none);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::none);
+}
+
+TEST_F(BatchRun, EveryChangeOfTheSettingsIsTold) {
+    struct Codes {
+        std::uint64_t rate, type;
+        bool operator==(const Codes&) const = default;
+    };
+    const auto now = [&] { return Codes{controller.frameRate(), controller.syncType()}; };
+    auto told = now();
+    QObject::connect(&controller, &Vexa_RemoteAppDelegate::stateChanged, [&] { told = now(); });
+    addThreeItems(1, 1, 1);
+    rig.press(transport::playing);
+    EXPECT_EQ(told, (Codes{rate::fps25, sync::mtc}));
+    rig.tick(3);
+    endPause();
+    EXPECT_EQ(told, (Codes{rate::fps30, sync::dtl})) << "the next item's";
+    rig.tick(3);
+    endPause();
+    rig.tick(3);
+    EXPECT_EQ(told, (Codes{rate::fps24, sync::dtl})) << "the ones that come back";
 }
 
 TEST_F(BatchRun, AStripeOutsideTheListMarksNothing) {

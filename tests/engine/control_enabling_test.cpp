@@ -30,6 +30,7 @@ TEST_P(BatchControlEnabling, FollowsTheRowsAndTheSelection) {
     rig.controller.setUseBatch(true);
     rig.ui.batchCheck.setState(true);
     rig.controller.setBatchMode(batchModeSelected);
+    rig.ui.batchRadios.setMatrixEnabled(true);
     rig.ui.batchRadios.selectCellWithTag(batchModeSelected);
     rig.ui.batchRadios.setCellEnabled(batchModeSelected, true);
 

@@ -1,4 +1,5 @@
 #include "document/list_file.h"
+#include "engine/menu_validation.h"
 #include "support/ControllerRig.h"
 
 #include <QDir>
@@ -36,6 +37,7 @@ struct DocumentCommands : testing::Test {
     DocumentCommands() {
         midi.addDestination("Box", 1);
         Vexa_MIDI_Manager::setMidiSystem(&midi);
+        describe(ui);
         auto outlets = ui.outlets(alerts);
         outlets.filePanels = &panels;
         outlets.recentDocuments = &recent;
@@ -103,6 +105,26 @@ TEST_F(DocumentCommands, NewClearsAnUnchangedListWithoutAQuestion) {
     EXPECT_FALSE(controller().previouslySaved());
     EXPECT_TRUE(controller().url().isNull());
     EXPECT_EQ(title(), QStringLiteral("Vexa Remote: Untitled Batch List"));
+}
+
+TEST_F(DocumentCommands, TheBatchControlsFollowANewAndAnOpenedList) {
+    ASSERT_FALSE(ui.batchCheck.isEnabled());
+    controller().openListWithURL(fileWith("List.vexaB", 2));
+    EXPECT_TRUE(ui.batchCheck.isEnabled());
+    ui.batchTable.selectRows({0, 1});
+    controller().tableViewSelectionDidChange();
+    controller().handleBatchListMenuItems(batch_menu::useBatch);
+    controller().handleBatchListMenuItems(batch_menu::selected);
+    ASSERT_TRUE(controller().useBatch());
+    ASSERT_FALSE(ui.removeFromBatchButton.isHidden());
+
+    controller().newDocument();
+    EXPECT_FALSE(controller().useBatch());
+    EXPECT_FALSE(ui.batchCheck.state());
+    EXPECT_FALSE(ui.batchCheck.isEnabled());
+    EXPECT_EQ(controller().batchMode(), batchModeAll);
+    EXPECT_EQ(ui.batchRadios.selectedTag(), batchModeAll);
+    EXPECT_TRUE(ui.removeFromBatchButton.isHidden());
 }
 
 TEST_F(DocumentCommands, NewOnAChangedNeverSavedListAsks) {

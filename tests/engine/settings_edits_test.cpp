@@ -17,11 +17,9 @@ struct SettingsEdits : testing::Test {
         undo.endEvent();
     }
     void enterStop(const char* time) {
-        // What pressing the stop time display does before.
-        if (!controller.stopTimeSet()) {
-            controller.setStopTimeSet(true, controller.stopTime(), QStringLiteral("Set Stop Time"));
-            undo.endEvent();
-        }
+        rig.ui.endTimeButton.setState(1);
+        controller.handleStopTimeButton();
+        rig.ui.endTimeButton.setState(0);
         enter(rig.ui.endTimeButton, time);
     }
     void edit(const std::function<void()>& edit) {
@@ -47,6 +45,7 @@ TEST_F(SettingsEdits, AStartTimeIsTakenAndUndone) {
 }
 
 TEST_F(SettingsEdits, AStopTimeAfterTheStartIsTaken) {
+    ASSERT_TRUE(rig.ui.addToBatchButton.isHidden());
     enterStop("01:00:10:00");
     EXPECT_EQ(controller.stopTime(), tc("01:00:10:00"));
     EXPECT_EQ(undo.undoActionName(), QStringLiteral("Change Stop Time"));
@@ -131,6 +130,24 @@ TEST_F(SettingsEdits, UndoingAStopTimeThatRestoresOneNotAfterTheStartTurnsTheFla
     EXPECT_FALSE(controller.stopTimeSet());
     EXPECT_FALSE(rig.ui.stopTimeCheck.state());
     EXPECT_FALSE(rig.ui.addToBatchButton.isHidden()) << "undo neither shows nor hides it";
+}
+
+TEST_F(SettingsEdits, UndoingAStopTimeBringsBackTheFlagOfBeforeThePress) {
+    enterStop("01:00:10:00");
+    edit([&] { controller.handleSetStopTimeMenu(); });
+    ASSERT_FALSE(controller.stopTimeSet());
+    enterStop("01:00:20:00");
+    EXPECT_TRUE(controller.stopTimeSet());
+    for (int i = 0; i < 2; ++i) {
+        undo.undo();
+        EXPECT_EQ(controller.stopTime(), tc("01:00:10:00"));
+        EXPECT_FALSE(controller.stopTimeSet());
+        EXPECT_FALSE(rig.ui.stopTimeCheck.state());
+        undo.redo();
+        EXPECT_EQ(controller.stopTime(), tc("01:00:20:00"));
+        EXPECT_TRUE(controller.stopTimeSet());
+        EXPECT_TRUE(rig.ui.stopTimeCheck.state());
+    }
 }
 
 TEST_F(SettingsEdits, TwoRegistrationsInOneEventAreOneUndo) {

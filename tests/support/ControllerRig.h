@@ -25,11 +25,20 @@ inline std::string frame(const char* timeBytes, const char* code) {
     return std::string("F0 7D 42 ") + timeBytes + ' ' + code + " F7";
 }
 
+/// Puts the controls into the states that the window's description gives them.
+inline void describe(PlainOutlets& ui) {
+    ui.addToBatchButton.setHidden(true);
+    ui.removeFromBatchButton.setHidden(true);
+    ui.batchCheck.setEnabled(false);
+    ui.batchRadios.setMatrixEnabled(false);
+}
+
 /// A controller without a window, one MIDI destination that notes what it gets, and time that
 /// passes by hand. Started up, and past what start-up sends.
 struct ControllerRig {
     ControllerRig() {
         destination = midi.addDestination("Timecode Box", 77);
+        describe(ui);
         Vexa_MIDI_Manager::setMidiSystem(&midi);
         controller.applicationDidFinishLaunching();
         midi.takeSent();
