@@ -40,7 +40,7 @@ public:
 
     // control_enabling.cpp
     /// Fits the batch controls to the list and the selected rows; without rows, batch striping
-    /// goes off.
+    /// goes off and none of them can be used.
     void handleBatchControlEnabling();
     /// FSK carries no frame rate: with it, no rate can be chosen and none shows.
     void handleFrameRateEnabling();

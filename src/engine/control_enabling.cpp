@@ -7,11 +7,9 @@ void Vexa_RemoteAppDelegate::handleBatchControlEnabling() {
     const bool rowsSelected = m_outlets.batchTable->hasSelectedRows();
     const bool rows = m_batchStripeData->numItems() != 0;
     m_outlets.removeFromBatchButton->setHidden(!rowsSelected);
-    if (rowsSelected || rows) {
-        m_outlets.batchRadios->setMatrixEnabled(true);
-        m_outlets.batchRadios->setCellEnabled(batchModeSelected, rowsSelected);
-        m_outlets.batchCheck->setEnabled(true);
-    }
+    m_outlets.batchRadios->setMatrixEnabled(rowsSelected || rows);
+    m_outlets.batchRadios->setCellEnabled(batchModeSelected, rowsSelected);
+    m_outlets.batchCheck->setEnabled(rowsSelected || rows);
     if (!rowsSelected) {
         m_batchMode = batchModeAll;
         m_outlets.batchRadios->selectCellWithTag(batchModeAll);
@@ -19,7 +17,6 @@ void Vexa_RemoteAppDelegate::handleBatchControlEnabling() {
     if (!rowsSelected && !rows) {
         m_useBatch = false;
         m_outlets.batchCheck->setState(false);
-        m_outlets.batchCheck->setEnabled(false);
     }
     Q_EMIT stateChanged();
 }

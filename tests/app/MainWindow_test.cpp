@@ -75,6 +75,22 @@ TEST_F(Window, TheRemoveButtonAndTheDeleteKeyDeleteTheSelectedRows) {
     EXPECT_FALSE(table.hasSelectedRows());
 }
 
+TEST_F(Window, BatchControlsRestAgainWhenTheLastRowIsDeleted) {
+    addItems(2);
+    table.selectAll();
+    outlet("batchSelected").click();
+    ASSERT_TRUE(controller.useBatch());
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_FALSE(outlet("batchAll").isEnabled());
+    EXPECT_FALSE(outlet("batchSelected").isEnabled());
+    EXPECT_FALSE(outlet("batchCheck").isEnabled());
+    outlet("batchSelected").click();
+    EXPECT_FALSE(controller.useBatch());
+    controller.undo();
+    EXPECT_TRUE(outlet("batchAll").isEnabled());
+    EXPECT_FALSE(outlet("batchSelected").isEnabled());
+}
+
 TEST_F(Window, SelectedCanBeChosenWhileRowsAre) {
     addItems(2);
     EXPECT_TRUE(outlet("batchAll").isEnabled());

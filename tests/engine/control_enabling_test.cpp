@@ -51,8 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, BatchControlEnabling,
     testing::Values(BatchControls{true, true, true, true, true, false, batchModeSelected, true},
                     BatchControls{true, false, true, false, true, true, batchModeAll, true},
-                    // Without rows the radios stay as they were.
-                    BatchControls{false, false, true, true, false, true, batchModeAll, false}));
+                    BatchControls{false, false, false, false, false, true, batchModeAll, false}));
 
 struct RateControls {
     std::uint64_t type;
