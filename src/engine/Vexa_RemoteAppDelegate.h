@@ -42,7 +42,7 @@ public:
     /// Fits the batch controls to the list and the selected rows; without rows, batch striping
     /// goes off and none of them can be used.
     void handleBatchControlEnabling();
-    /// FSK carries no frame rate: with it, no rate can be chosen and none shows.
+    /// Shows the frame rate. FSK carries none: with it, no rate can be chosen and none shows.
     void handleFrameRateEnabling();
 
     // transport.cpp

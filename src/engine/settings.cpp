@@ -10,7 +10,6 @@ void Vexa_RemoteAppDelegate::setFrameRate(std::uint64_t code) {
 
 void Vexa_RemoteAppDelegate::setFrameAndSyncFromDefaults() {
     setFrameRate(m_defaultFrameRate);
-    m_outlets.frameRateMatrix->selectCellWithTag(m_frameRate);
     m_syncType = m_defaultSyncType;
     m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
     handleFrameRateEnabling();

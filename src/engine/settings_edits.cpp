@@ -125,7 +125,7 @@ void Vexa_RemoteAppDelegate::handleFrameRateMenuItems(std::uint64_t tag) {
 void Vexa_RemoteAppDelegate::undoRedoSetFrameRate(std::uint64_t code, const QString& actionName) {
     const auto old = m_frameRate;
     setFrameRate(code);
-    m_outlets.frameRateMatrix->selectCellWithTag(m_frameRate);
+    handleFrameRateEnabling();
     registerEdit(actionName, [this, old](const QString& name) { undoRedoSetFrameRate(old, name); });
 }
 

@@ -114,10 +114,7 @@ void Vexa_RemoteAppDelegate::restoreCurrentSettings() {
 }
 
 void Vexa_RemoteAppDelegate::showSettings(std::uint64_t start, std::uint64_t stop) {
-    // Coming back from FSK, the rates can be chosen again.
-    if (m_syncType != sync::fsk)
-        m_outlets.frameRateMatrix->setMatrixEnabled(true);
-    m_outlets.frameRateMatrix->selectCellWithTag(m_frameRate);
+    handleFrameRateEnabling();
     m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
     m_outlets.startTimeButton->setBcdValue(start);
     m_outlets.endTimeButton->setBcdValue(stop);

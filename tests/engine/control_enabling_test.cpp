@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace vexa;
 using namespace vexa::test;
 
@@ -53,29 +55,64 @@ INSTANTIATE_TEST_SUITE_P(
                     BatchControls{true, false, true, false, true, true, batchModeAll, true},
                     BatchControls{false, false, false, false, false, true, batchModeAll, false}));
 
+/// Ways in which a sync type becomes the current one, without rate 25 fps being given up.
+using TypeChange = void (*)(ControllerRig&, std::uint64_t type);
+
+void fromTheMenu(ControllerRig& rig, std::uint64_t type) {
+    rig.controller.handleSyncTypeMenuItems(type);
+}
+void byThePreferences(ControllerRig& rig, std::uint64_t type) {
+    rig.controller.setDefaultFrameRate(rate::fps25);
+    rig.controller.setDefaultSyncType(type);
+    rig.controller.setFrameAndSyncFromDefaults();
+}
+void byAnItemOfARun(ControllerRig& rig, std::uint64_t type) {
+    rig.controller.batchStripeData().clearBatchList();
+    rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), 0, 9, rate::fps25,
+                                                     type);
+    rig.controller.setUseBatch(true);
+    rig.controller.setTransportState(transport::playing);
+}
+void byTheEndOfARun(ControllerRig& rig, std::uint64_t type) {
+    rig.controller.handleSyncTypeMenuItems(type);
+    byAnItemOfARun(rig, type == sync::fsk ? sync::mtc : sync::fsk);
+    rig.tick(9);
+    ASSERT_EQ(rig.controller.transportState(), transport::stopped);
+}
+void byTheUndoOfARate(ControllerRig& rig, std::uint64_t type) {
+    rig.controller.undoManager().endEvent();
+    rig.controller.handleFrameRateMenuItems(rate::fps24);
+    byThePreferences(rig, type);
+    rig.controller.undo();
+}
+
 struct RateControls {
     std::uint64_t type;
     bool enabled;
     std::optional<std::uint64_t> cellOn;
 };
 
-class FrameRateEnabling : public testing::TestWithParam<RateControls> {};
+class FrameRateEnabling : public testing::TestWithParam<std::tuple<RateControls, TypeChange>> {};
 
 TEST_P(FrameRateEnabling, FollowsTheSyncType) {
+    const auto& [expected, become] = GetParam();
     ControllerRig rig;
     rig.controller.handleFrameRateMenuItems(rate::fps25);
-    rig.controller.handleSyncTypeMenuItems(GetParam().type);
-    EXPECT_EQ(rig.ui.frameRateMatrix.isEnabled(), GetParam().enabled);
-    EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), GetParam().cellOn);
+    become(rig, expected.type);
+    EXPECT_EQ(rig.ui.frameRateMatrix.isEnabled(), expected.enabled);
+    EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), expected.cellOn);
     EXPECT_EQ(rig.controller.frameRate(), rate::fps25) << "the rate is kept";
     rig.controller.handleSyncTypeMenuItems(sync::mtc);
     EXPECT_TRUE(rig.ui.frameRateMatrix.isEnabled());
     EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), rate::fps25);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, FrameRateEnabling,
-                         testing::Values(RateControls{sync::mtc, true, rate::fps25},
-                                         RateControls{sync::dtl, true, rate::fps25},
-                                         RateControls{sync::fsk, false, std::nullopt}));
+INSTANTIATE_TEST_SUITE_P(
+    Table, FrameRateEnabling,
+    testing::Combine(testing::Values(RateControls{sync::mtc, true, rate::fps25},
+                                     RateControls{sync::dtl, true, rate::fps25},
+                                     RateControls{sync::fsk, false, std::nullopt}),
+                     testing::Values(fromTheMenu, byThePreferences, byAnItemOfARun, byTheEndOfARun,
+                                     byTheUndoOfARate)));
 
 } // namespace
