@@ -21,6 +21,10 @@ struct FrameRate {
     double frameCount;     ///< frames numbered per second
     double frameInterval;  ///< seconds from one frame to the next
     bool dropFrame;        ///< SMPTE ST 12-1 drop-frame counting
+
+    /// The exact rate of the signal: so many frames in so many seconds.
+    std::uint64_t frames;
+    std::uint64_t seconds;
 };
 
 const FrameRate& frameRateForCode(std::uint64_t code);

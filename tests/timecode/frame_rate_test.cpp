@@ -10,6 +10,8 @@ struct RateCase {
     double count;
     double interval;
     bool drop;
+    std::uint64_t frames;
+    std::uint64_t seconds;
 };
 
 class FrameRateTable : public testing::TestWithParam<RateCase> {};
@@ -21,15 +23,18 @@ TEST_P(FrameRateTable, GivesTheConstantsOfTheCode) {
     EXPECT_EQ(rate.frameCount, expected.count);
     EXPECT_EQ(rate.frameInterval, expected.interval);
     EXPECT_EQ(rate.dropFrame, expected.drop);
+    EXPECT_EQ(rate.frames, expected.frames);
+    EXPECT_EQ(rate.seconds, expected.seconds);
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, FrameRateTable,
-                         testing::Values(RateCase{0, "24 fps", 24.0, 1.0 / 24, false},
-                                         RateCase{1, "25 fps", 25.0, 1.0 / 25, false},
-                                         RateCase{2, "30 fps", 30.0, 1.0 / 30, false},
-                                         RateCase{3, "30 df", 30.0, 0.033366700033366704, true},
-                                         RateCase{4, "30 fps", 30.0, 1.0 / 30, false},
-                                         RateCase{UINT64_MAX, "30 fps", 30.0, 1.0 / 30, false}));
+INSTANTIATE_TEST_SUITE_P(
+    Codes, FrameRateTable,
+    testing::Values(RateCase{0, "24 fps", 24.0, 1.0 / 24, false, 24, 1},
+                    RateCase{1, "25 fps", 25.0, 1.0 / 25, false, 25, 1},
+                    RateCase{2, "30 fps", 30.0, 1.0 / 30, false, 30, 1},
+                    RateCase{3, "30 df", 30.0, 0.033366700033366704, true, 30000, 1001},
+                    RateCase{4, "30 fps", 30.0, 1.0 / 30, false, 30, 1},
+                    RateCase{UINT64_MAX, "30 fps", 30.0, 1.0 / 30, false, 30, 1}));
 
 TEST(FrameRate, TheDropFrameIntervalIsThatOf2997) {
     EXPECT_DOUBLE_EQ(frameRateForCode(rate::fps30Drop).frameInterval, 1 / 29.97);
