@@ -2,16 +2,12 @@
 
 #include "batch/batch_item_codec.h"
 #include "document/atomic_file.h"
+#include "document/regular_file.h"
 #include "property_list/PropertyList.h"
 #include "property_list/property_list_limits.h"
 #include "property_list/property_list_reader.h"
 #include "property_list/property_list_xml_writer.h"
 
-#include <QFile>
-#include <QFileInfo>
-
-#include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -22,12 +18,8 @@ namespace {
 const QString listKey = QStringLiteral("vexabatchlist");
 
 std::optional<PropertyList> readFile(const QString& path) {
-    QFile file(path);
-    // Opening a pipe would wait for a writer, and a device may never end.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) ||
-        file.size() > property_list::maximumInput)
-        return std::nullopt;
-    return readPropertyList(file.readAll());
+    const auto bytes = readRegularFile(path, property_list::maximumInput);
+    return bytes ? readPropertyList(*bytes) : std::nullopt;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "document/recently_used.h"
 
 #include "document/atomic_file.h"
+#include "document/regular_file.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,18 +26,16 @@ struct FreeText {
 };
 using Text = std::unique_ptr<char, FreeText>;
 
-/// Null when there is something, but no file of bookmarks.
+/// Null when there is something, but no file of bookmarks of a sensible length.
 Bookmarks readBookmarks(const QString& listFile) {
+    constexpr qsizetype limit = 16 << 20; // far longer than any desktop lets it grow
     Bookmarks bookmarks(g_bookmark_file_new());
-    QFile file(listFile);
-    if (!file.exists())
+    if (!QFile::exists(listFile))
         return bookmarks;
-    // Opening a pipe would wait for a writer, and the end of the program for this.
-    if (!QFileInfo(listFile).isFile() || !file.open(QIODevice::ReadOnly))
-        return nullptr;
-    const auto bytes = file.readAll();
-    const bool isRead = g_bookmark_file_load_from_data(bookmarks.get(), bytes.constData(),
-                                                       static_cast<gsize>(bytes.size()), nullptr);
+    const auto bytes = readRegularFile(listFile, limit);
+    const bool isRead =
+        bytes && g_bookmark_file_load_from_data(bookmarks.get(), bytes->constData(),
+                                                static_cast<gsize>(bytes->size()), nullptr);
     return isRead ? std::move(bookmarks) : nullptr;
 }
 

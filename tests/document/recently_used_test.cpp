@@ -137,6 +137,19 @@ TEST_F(RecentlyUsed, NobodyWaitsForAListThatWouldNeverBeRead) {
     EXPECT_FALSE(add("/reels/b.vexaB"));
 }
 
+TEST_F(RecentlyUsed, AListOfImmoderateLengthIsLeftAlone) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("share")));
+    const auto comment = "<!--" + QByteArray(20'000'000, ' ') + "-->";
+    const auto tooLong = QByteArray(othersBookmarks).replace("<title>", comment + "<title>");
+    write(tooLong);
+    EXPECT_FALSE(add("/reels/b.vexaB"));
+    EXPECT_EQ(bytes(), tooLong);
+
+    write(othersBookmarks);
+    ASSERT_TRUE(QFile::resize(list, qint64{6} << 30));
+    EXPECT_FALSE(add("/reels/b.vexaB"));
+}
+
 TEST_F(RecentlyUsed, AListThatCannotBeWrittenIsLeftAlone) {
     QFile inPlaceOfFolder(folder.filePath(QStringLiteral("share")));
     ASSERT_TRUE(inPlaceOfFolder.open(QIODevice::WriteOnly));

@@ -1,0 +1,38 @@
+#include "document/regular_file.h"
+
+#include "document/FileDescriptor.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace vexa {
+
+std::optional<QByteArray> readRegularFile(const QString& path, qsizetype limit) {
+    // Without O_NONBLOCK, opening a pipe would wait for a writer.
+    const FileDescriptor file(
+        open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    struct stat status {};
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > limit)
+        return std::nullopt;
+
+    // Regular files of the process file system say that they are empty, and may be endless: the
+    // size is no guide. Memory counts only once it is written to.
+    QByteArray bytes(limit + 1, Qt::Uninitialized);
+    qsizetype size = 0;
+    while (size <= limit) {
+        const auto length =
+            read(file, bytes.data() + size, static_cast<std::size_t>(bytes.size() - size));
+        if (length < 0)
+            return std::nullopt;
+        if (length == 0) {
+            bytes.truncate(size);
+            return bytes;
+        }
+        size += length;
+    }
+    return std::nullopt;
+}
+
+} // namespace vexa
