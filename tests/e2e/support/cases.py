@@ -9,6 +9,7 @@ import unittest
 from support.batch_list import BatchList
 from support.items import list_file
 from support.jack import JackServer, MidiMonitor
+from support.waiting import PATIENCE
 from support.window import Window
 from support.wire import STOP
 
@@ -59,7 +60,7 @@ class DeviceTest(ProgramTest):
         self.server.start()
         self.connect_monitor()
 
-    def expect_messages(self, *messages, seconds=10):
+    def expect_messages(self, *messages, seconds=PATIENCE):
         """These messages and no others have come since the last time, or come now. Returns the
         moments of their arrival."""
         taken = self.monitor.take(len(messages), seconds)

@@ -12,7 +12,7 @@ import threading
 import time
 
 from support.processes import Child
-from support.waiting import eventually
+from support.waiting import PATIENCE, eventually
 
 
 @contextlib.contextmanager
@@ -91,7 +91,7 @@ class MidiMonitor:
         self._name = name
         self._arrivals = []
         self._child = None
-        eventually("the receiver takes part", self._is_there, 30)
+        eventually("the receiver takes part", self._is_there)
 
     def _is_there(self):
         """Once more, should it have given up: a busy server may refuse it, after five seconds."""
@@ -124,7 +124,7 @@ class MidiMonitor:
                 if colon:
                     self._arrivals.append((time.monotonic(), bytes.fromhex(message)))
 
-    def take(self, count, seconds=10):
+    def take(self, count, seconds=PATIENCE):
         """The next messages in order, as pairs of monotonic time and bytes: as many as asked for,
         or those that come in time, and any that came too many."""
         deadline = time.monotonic() + seconds

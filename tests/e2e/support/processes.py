@@ -3,6 +3,8 @@
 import signal
 import subprocess
 
+from support.waiting import PATIENCE
+
 
 class Child:
     """A process of ours. The kernel tells it to end when we are gone; stop() ends it sooner."""
@@ -33,7 +35,7 @@ class Child:
     def send_signal(self, number):
         self._process.send_signal(number)
 
-    def wait(self, seconds=10):
+    def wait(self, seconds=PATIENCE):
         """The exit status; of a process ended by a signal, minus the signal's number."""
         return self._process.wait(seconds)
 

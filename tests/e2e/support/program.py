@@ -15,7 +15,7 @@ AS_OPERATOR = (
 )
 
 
-def run(*arguments, answers=None, seconds=30, folder=None):
+def run(*arguments, answers=None, seconds=60, folder=None):
     """Runs to the end, in that folder: a CompletedProcess with texts."""
     command = [*AS_OPERATOR, PATH, *arguments]
     streams = {"input": answers, "capture_output": True, "text": True}

@@ -2,7 +2,7 @@
 
 import time
 
-PATIENCE = 10.0  # s
+PATIENCE = 30.0  # s, for a busy machine; nobody waits longer than it takes
 
 
 def eventually(description, probe, seconds=PATIENCE):
