@@ -7,7 +7,6 @@ import pathlib
 import re
 import signal
 import subprocess
-import tempfile
 import threading
 import time
 
@@ -17,9 +16,9 @@ from support.waiting import PATIENCE, eventually
 
 @contextlib.contextmanager
 def alone():
-    """Meanwhile, no other test starts or stops a server: two that do so at the same moment may both
-    be lost."""
-    with open(pathlib.Path(tempfile.gettempdir(), "vexa-tests.lock"), "w") as lock:
+    """Meanwhile, no other test that shares /dev/shm starts or stops a server: two that do so at the
+    same moment may both be lost."""
+    with open("/dev/shm/vexa-tests.lock", "w") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
         yield
 
