@@ -7,9 +7,12 @@
 #include <gmock/gmock.h>
 
 #include <fcntl.h>
+#include <poll.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <stdexcept>
 #include <thread>
 
 using namespace vexa;
@@ -36,16 +39,22 @@ public:
         close(output[1]);
         m_input = input[1];
         m_output = fdopen(output[0], "r");
-        EXPECT_EQ(next(), "ready");
+        std::setvbuf(m_output, nullptr, _IONBF, 0); // or a line could wait where poll() sees none
+        if (next() == "ready")
+            return;
+        leave();
+        throw std::runtime_error(std::string(name) + " does not take part");
     }
     ~Receiver() { leave(); }
     Receiver(const Receiver&) = delete;
     Receiver& operator=(const Receiver&) = delete;
 
-    /// Waits for the next message; empty when the receiver has ended.
+    /// Waits for the next message; empty when none comes, or the receiver has ended.
     std::string next() {
+        constexpr int patience = 60000; // ms
+        pollfd polled{fileno(m_output), POLLIN, 0};
         char line[256];
-        if (!std::fgets(line, sizeof line, m_output))
+        if (poll(&polled, 1, patience) != 1 || !std::fgets(line, sizeof line, m_output))
             return {};
         const std::string text(line);
         return text.substr(0, text.find_last_not_of(" \n") + 1);
@@ -81,21 +90,30 @@ public:
 
     static Vexa_MIDI_Manager& manager() { return Vexa_MIDI_Manager::sharedMidiManager(); }
 
-    /// A driver that is busy joining a server answers later, and the list before serves until then.
     static void awaitList(const std::vector<std::string>& names) {
-        while (manager().destinationList() != names)
-            std::this_thread::yield();
+        listWhere([&](const auto& list) { return list == names; });
     }
 
     static void choose(const std::string& name) {
-        auto list = manager().destinationList();
-        while (!std::ranges::count(list, name))
-            list = manager().destinationList();
+        const auto list =
+            listWhere([&](const auto& names) { return std::ranges::count(names, name) > 0; });
         manager().connectToDestinationAtIndex(std::ranges::find(list, name) - list.begin());
         manager().writePrefs();
     }
 
 private:
+    /// A driver that is busy joining a server answers later, and the list before serves until then.
+    template<class Wanted>
+    static std::vector<std::string> listWhere(const Wanted& isWanted) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        while (std::chrono::steady_clock::now() < deadline) {
+            if (auto list = manager().destinationList(); isWanted(list))
+                return list;
+            std::this_thread::yield();
+        }
+        throw std::runtime_error("the destinations do not come to be as expected");
+    }
+
     BackgroundMidiSystem m_system{[] { return std::make_unique<JackMidiDriver>(); }};
 };
 
@@ -114,7 +132,7 @@ TEST_F(JackMidi, ListsThePortsInTheServersOrder) {
     const auto ids = Program::manager().destinationIDs();
     EXPECT_THAT(Program::manager().destinationList(), ElementsAre("beta:in", "alpha:in"));
     EXPECT_EQ(Program::manager().destinationIDs(), ids);
-    EXPECT_NE(ids[0], ids[1]);
+    EXPECT_NE(ids.at(0), ids.at(1));
 }
 
 TEST_F(JackMidi, TheChoiceOutlastsThePrograms) {
@@ -208,9 +226,9 @@ TEST_F(JackMidi, HardwareIsKnownByItsAlias) {
     EXPECT_THAT(Program::manager().destinationList(),
                 ElementsAre("Other MIDI 1", "UM-ONE MIDI 1", "UM-ONE MIDI 1"));
     const auto ids = Program::manager().destinationIDs();
-    EXPECT_EQ(ids[1], id);
-    EXPECT_NE(ids[0], id);
-    EXPECT_NE(ids[2], id) << "a second one of the same name";
+    EXPECT_EQ(ids.at(1), id);
+    EXPECT_NE(ids.at(0), id);
+    EXPECT_NE(ids.at(2), id) << "a second one of the same name";
 }
 
 TEST_F(JackMidi, WithoutAServerThereIsNothing) {

@@ -6,8 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -41,10 +43,19 @@ public:
     JackServer(const JackServer&) = delete;
     JackServer& operator=(const JackServer&) = delete;
 
-    /// Does not wait until it is up. Synchronous: a receiver that comes late on a busy machine
-    /// still gets its period.
+    /// Returns when it is up, and ends the test when it does not come up. Synchronous: a receiver
+    /// that comes late on a busy machine still gets its period.
     void start() {
         m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-p", "256"});
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (!isUp()) {
+            if (waitpid(m_pid, nullptr, WNOHANG) != 0) {
+                m_pid = 0;
+                throw std::runtime_error("jackd ended instead of coming up");
+            }
+            if (std::chrono::steady_clock::now() > deadline)
+                throw std::runtime_error("jackd does not come up");
+        }
     }
 
     void stop(int signal) {
@@ -56,6 +67,12 @@ public:
     }
 
 private:
+    static bool isUp() {
+        int status = 0;
+        waitpid(spawned({"sh", "-c", "exec jack_lsp >/dev/null 2>&1"}), &status, 0);
+        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    }
+
     const std::string m_name = "vexa-test-" + std::to_string(getpid());
     pid_t m_pid = 0;
 };
