@@ -17,25 +17,29 @@ namespace {
 struct Sender {
     std::vector<std::vector<std::uint8_t>> events;
     jack_port_t* port = nullptr;
-    std::size_t sent = 0;
-    std::atomic<bool> connected = false;
-    std::atomic<int> idleCycles = 0;
+    std::atomic<std::size_t> sent = 0;
+    std::atomic<bool> mayBegin = false;
+    std::atomic<int> cycles = 0;
 };
 
 int process(jack_nframes_t frames, void* argument) {
     auto& sender = *static_cast<Sender*>(argument);
     auto* const buffer = jack_port_get_buffer(sender.port, frames);
     jack_midi_clear_buffer(buffer);
-    if (!sender.connected)
+    ++sender.cycles;
+    if (!sender.mayBegin)
         return 0;
-    if (sender.sent == sender.events.size())
-        ++sender.idleCycles;
     for (; sender.sent < sender.events.size(); ++sender.sent) {
         const auto& event = sender.events[sender.sent];
         if (jack_midi_event_write(buffer, 0, event.data(), event.size()) != 0)
             break;
     }
     return 0;
+}
+
+void awaitCycles(const Sender& sender, int count) {
+    for (const int before = sender.cycles; sender.cycles < before + count;)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
 } // namespace
@@ -49,11 +53,18 @@ int main(int argc, char* argv[]) {
         sender.events.push_back(bytesFromHex(argv[i]));
     sender.port = jack_port_register(client, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
     jack_set_process_callback(client, process, &sender);
+    jack_on_shutdown(
+        client, [](void*) { std::_Exit(EXIT_FAILURE); }, nullptr);
     if (jack_activate(client) != 0 || jack_connect(client, "sender:out", argv[1]) != 0)
         return EXIT_FAILURE;
-    sender.connected = true;
+    // A busy server connects some cycles later, and what is sent until then is lost.
+    while (!jack_port_connected_to(sender.port, argv[1]))
+        awaitCycles(sender, 1);
+    awaitCycles(sender, 2);
+    sender.mayBegin = true;
+    while (sender.sent < sender.events.size())
+        awaitCycles(sender, 1);
     // What a cycle writes is read in the same or in the next one.
-    while (sender.idleCycles < 4)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    awaitCycles(sender, 4);
     jack_client_close(client);
 }
