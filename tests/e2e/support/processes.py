@@ -1,5 +1,6 @@
 """Child processes that end with the test, whatever becomes of it."""
 
+import pathlib
 import signal
 import subprocess
 
@@ -31,6 +32,11 @@ class Child:
 
     def is_running(self):
         return self._process.poll() is None
+
+    def is_stopped(self):
+        """Whether a signal holds it up."""
+        status = pathlib.Path(f"/proc/{self.pid}/stat").read_text(encoding="utf-8")
+        return status.rpartition(")")[2].split()[0] == "T"
 
     def send_signal(self, number):
         self._process.send_signal(number)

@@ -16,6 +16,8 @@ from support.waiting import PATIENCE, eventually
 # Those that are looked into only when what is in them is asked for.
 MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
 CLOSED_ROLES = (*MENU_ROLES, Atspi.Role.TABLE)
+# Those that take the keyboard; a tool tip does not.
+WINDOW_ROLES = (Atspi.Role.FRAME, Atspi.Role.DIALOG, Atspi.Role.ALERT)
 
 
 def xdotool(*arguments):
@@ -180,8 +182,13 @@ class Window:
     def await_raised(self):
         eventually("the window is active", self._active_x_window)
 
+    def await_keyboard(self):
+        """Waits until keys reach the window, or the panel or alert over it."""
+        eventually("the program has the keyboard", self._has_keyboard)
+
     def keys(self, *names):
-        """Strikes keys, by their X names."""
+        """Strikes keys, by their X names; a program that is stopped finds them when it goes on."""
+        self.await_keyboard()
         xdotool("key", *names)
 
     def type(self, text):
@@ -194,6 +201,7 @@ class Window:
 
     def hold_key(self, name, until):
         """Holds a key down until something is so; the keyboard repeats it meanwhile."""
+        self.await_keyboard()
         xdotool("keydown", name)
         try:
             until()
@@ -238,13 +246,25 @@ class Window:
         return next((a for a in applications if a.get_process_id() == self.program.pid), None)
 
     def _active_x_window(self):
-        found = subprocess.run(
-            ["xdotool", "getactivewindow", "getwindowpid", "getactivewindow"],
-            capture_output=True,
-            text=True,
-            check=False,
-        ).stdout.split()
-        return found[1] if found[:1] == [str(self.program.pid)] else None
+        """The program's window that is active, if one is and keys go to the program."""
+        of_focus, of_active = ["getwindowfocus", "getwindowpid"], ["getactivewindow", "getwindowpid"]
+        asked = ["xdotool", *of_focus, *of_active, "getactivewindow"]
+        found = subprocess.run(asked, capture_output=True, text=True, check=False).stdout.split()
+        return found[2] if found[:2] == [str(self.program.pid)] * 2 else None
+
+    def _has_keyboard(self):
+        """The screen knows a new panel, and one that is gone, later than the program does."""
+        if not self._active_x_window():
+            return False
+        return self.program.is_stopped() or self._front_is_active()
+
+    def _front_is_active(self):
+        try:
+            windows = [w for w in _children(self._application) if w.get_role() in WINDOW_ROLES]
+            shown = [window for window in windows if _is(window, Atspi.StateType.SHOWING)]
+            return bool(shown) and _is(shown[-1], Atspi.StateType.ACTIVE)
+        except GLib.GError:  # one of them goes meanwhile
+            return False
 
     def _alert(self):
         try:
