@@ -62,13 +62,10 @@ bool addToRecentlyUsed(const QStringList& paths, const QString& listFile) {
         add(*bookmarks, path);
     gsize size = 0;
     const Text text(g_bookmark_file_to_data(bookmarks.get(), &size, nullptr));
-    const bool isNew = !QFile::exists(listFile);
-    if (!text || !QDir().mkpath(QFileInfo(listFile).path()) ||
-        !replaceFile(listFile, QByteArray::fromRawData(text.get(), static_cast<qsizetype>(size))))
-        return false;
-    if (isNew) // what one works on is nobody else's business
-        QFile::setPermissions(listFile, QFile::ReadOwner | QFile::WriteOwner);
-    return true;
+    constexpr mode_t privately = 0600; // what one works on is nobody else's business
+    return text && QDir().mkpath(QFileInfo(listFile).path()) &&
+           replaceFile(listFile, QByteArray::fromRawData(text.get(), static_cast<qsizetype>(size)),
+                       privately);
 }
 
 } // namespace vexa

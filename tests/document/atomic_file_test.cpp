@@ -1,5 +1,6 @@
 #include "document/atomic_file.h"
 #include "support/FileSizeLimit.h"
+#include "support/WithoutPrivileges.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -12,10 +13,14 @@
 
 #include <signal.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <climits>
 #include <random>
 
 using namespace vexa;
@@ -34,8 +39,11 @@ protected:
     }
 
     struct stat status() const {
+        return status(path());
+    }
+    static struct stat status(const QString& path) {
         struct stat result {};
-        EXPECT_EQ(stat(QFile::encodeName(path()).constData(), &result), 0);
+        EXPECT_EQ(stat(QFile::encodeName(path).constData(), &result), 0);
         return result;
     }
 
@@ -115,6 +123,70 @@ TEST_F(ReplaceFile, FailsWhereNoFileCanBe) {
     EXPECT_FALSE(replaceFile(m_directory.path(), "x"));
     EXPECT_FALSE(replaceFile({}, "x"));
     EXPECT_EQ(entries(), QStringList());
+}
+
+TEST_F(ReplaceFile, ANewFileCanBePrivate) {
+    EXPECT_TRUE(replaceFile(path(), "secret", 0600));
+    EXPECT_EQ(status().st_mode & 07777, 0600u);
+}
+
+// The longest name that the system takes leaves no room for anything added to it, and the longest
+// path none for a longer name.
+TEST_F(ReplaceFile, TakesNamesAndPathsOfAnyLengthThatTheSystemTakes) {
+    for (const qsizetype length : {248, 249, 255}) {
+        const QString name(length, u'n');
+        EXPECT_TRUE(replaceFile(path(name), "old")) << length;
+        EXPECT_TRUE(replaceFile(path(name), "new")) << length;
+        EXPECT_EQ(read(path(name)), "new") << length;
+        EXPECT_TRUE(QFile::remove(path(name)));
+    }
+    EXPECT_FALSE(replaceFile(path(QString(256, u'n')), "x"));
+    EXPECT_EQ(entries(), QStringList());
+
+    const QString shortName = u"/n"_s;
+    QString folder = m_directory.path();
+    while (folder.size() + shortName.size() < PATH_MAX - 1)
+        folder += u'/' +
+                  QString(std::min<qsizetype>(100, PATH_MAX - 2 - folder.size() - shortName.size()),
+                          u'f');
+    ASSERT_TRUE(QDir().mkpath(folder));
+    EXPECT_TRUE(replaceFile(folder + shortName, "new"));
+    EXPECT_EQ(read(folder + shortName), "new");
+}
+
+TEST_F(ReplaceFile, AFileThatMayOnlyBeReadStays) {
+    ASSERT_TRUE(replaceFile(path(), "old"));
+    ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
+    const WithoutPrivileges user(m_directory.path());
+    EXPECT_FALSE(replaceFile(path(), "new"));
+    EXPECT_EQ(read(path()), "old");
+}
+
+// Nodes of the test's own: a pipe, and where root runs it, a device like the null device.
+TEST_F(ReplaceFile, WhatIsNoRegularFileStaysAlsoBehindALink) {
+    struct Node {
+        mode_t type;
+        dev_t device;
+    };
+    for (const Node& node : {Node{S_IFIFO, 0}, Node{S_IFCHR, makedev(1, 3)}, Node{S_IFSOCK, 0}}) {
+        const QString special = path(u"node"_s);
+        if (mknod(QFile::encodeName(special).constData(), node.type | 0666, node.device) != 0) {
+            ASSERT_EQ(errno, EPERM);
+            continue;
+        }
+        ASSERT_TRUE(QFile::link(u"node"_s, path()));
+        EXPECT_FALSE(replaceFile(special, "x")) << node.type;
+        EXPECT_FALSE(replaceFile(path(), "x")) << node.type;
+        EXPECT_EQ(status().st_mode & S_IFMT, node.type);
+        EXPECT_EQ(entries(), (QStringList{u"list"_s, u"node"_s}));
+        ASSERT_TRUE(QFile::remove(path()) && QFile::remove(special));
+    }
+}
+
+TEST_F(ReplaceFile, LinksThatGoInACircleLeadToNoFile) {
+    ASSERT_TRUE(QFile::link(u"list"_s, path(u"other"_s)) && QFile::link(u"other"_s, path()));
+    EXPECT_FALSE(replaceFile(path(), "x"));
+    EXPECT_EQ(entries(), (QStringList{u"list"_s, u"other"_s}));
 }
 
 class ReplaceFileOnAFullDisk : public ReplaceFile, public testing::WithParamInterface<qsizetype> {};
