@@ -54,7 +54,8 @@ TEST_P(EverySampleRate, NeverTouchesTheNextEdge) {
     for (double lag = 0; lag <= 1; lag += 1.0 / 64)
         for (std::size_t i = 0; i < edge.size(); ++i)
             if (static_cast<double>(i) + lag >= halfBit) {
-                EXPECT_EQ(edge.samples(lag)[i], 1.0f) << "sample " << i << " after a lag of " << lag;
+                EXPECT_EQ(edge.samples(lag)[i], 1.0f)
+                    << "sample " << i << " after a lag of " << lag;
             }
 }
 

@@ -41,8 +41,7 @@ inline std::vector<ReadWord> wordsIn(std::span<const float> samples, std::uint32
         while (ltc_decoder_read(decoder.get(), &frame) > 0) {
             SMPTETimecode time;
             ltc_frame_to_time(&time, &frame.ltc, 0);
-            words.push_back(
-                {{time.hours, time.mins, time.secs, time.frame}, frame.ltc.dfbit != 0});
+            words.push_back({{time.hours, time.mins, time.secs, time.frame}, frame.ltc.dfbit != 0});
         }
     }
     return words;

@@ -1,5 +1,5 @@
-#include "ltc/ltc_signal.h"
 #include "ltc/ltc_reader.h"
+#include "ltc/ltc_signal.h"
 
 #include <gmock/gmock.h>
 
@@ -157,7 +157,8 @@ TEST_P(SignalAtEveryRate, HasNoDirectCurrent) {
     EXPECT_NEAR(std::accumulate(begin, begin + period, 0.0) / static_cast<double>(period), 0, 1e-6);
 }
 
-INSTANTIATE_TEST_SUITE_P(LtcSignal, SignalAtEveryRate, testing::Range<std::uint64_t>(0, rate::count));
+INSTANTIATE_TEST_SUITE_P(LtcSignal, SignalAtEveryRate,
+                         testing::Range<std::uint64_t>(0, rate::count));
 
 TEST(LtcSignal, PeaksAtItsLevel) {
     for (const double dbfs : {0.0, -18.0, -40.0}) {

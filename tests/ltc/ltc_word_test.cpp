@@ -1,6 +1,7 @@
 #include "ltc/ltc_word.h"
 
 #include <gtest/gtest.h>
+
 #include <ltc.h>
 
 #include <cstring>
@@ -37,7 +38,8 @@ std::string textOf(const LtcWord& word) {
 }
 
 TEST(LtcWord, HasTheBitsOfTheStandard) {
-    // Units, user group, tens, user group of frames, seconds, minutes and hours; then the sync word.
+    // Units, user group, tens, user group of frames, seconds, minutes and hours; then the sync
+    // word.
     EXPECT_EQ(textOf(ltcWord({12, 34, 56, 17}, frameRateForCode(rate::fps30))),
               "11100000 10000000 01100000 10100000 00100000 11000000 01000000 10000000 "
               "00111111 11111101");
@@ -48,7 +50,8 @@ protected:
     const FrameRate& frameRate = frameRateForCode(GetParam());
 
     /// Calls with every number of a day, one second in seven.
-    template <typename Check> void forTheNumbersOfADay(Check check) const {
+    template<typename Check>
+    void forTheNumbersOfADay(Check check) const {
         for (std::uint64_t second = 0; second < 24 * 3600; second += 7)
             for (std::uint64_t frame = 0; frame < 30; ++frame) {
                 const Timecode time{second / 3600, second / 60 % 60, second % 60, frame};
