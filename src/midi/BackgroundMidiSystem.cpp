@@ -1,6 +1,6 @@
 #include "midi/BackgroundMidiSystem.h"
 
-#include "midi/port_list.h"
+#include "midi/unique_id.h"
 
 #include <algorithm>
 #include <condition_variable>
@@ -113,15 +113,16 @@ void BackgroundMidiSystem::readPorts() {
     if (!isAnsweredWithin(isFirst ? openingTime : answerTime))
         return;
 
-    const auto ports = m_answer.get();
-    const auto ids = uniqueIds(ports);
     m_listed.clear();
-    for (std::size_t i = 0; i < ports.size(); ++i) {
+    for (const auto& port : m_answer.get()) {
         const auto [known, isNew] =
-            m_refs.try_emplace(ids[i], static_cast<MidiObjectRef>(m_endpoints.size() + 1));
-        if (isNew)
-            m_endpoints.emplace_back();
-        m_endpoints[known->second - 1] = {ports[i], ids[i]};
+            m_refs.try_emplace(port.identity, static_cast<MidiObjectRef>(m_endpoints.size() + 1));
+        if (isNew) {
+            const auto id = vexa::uniqueId(port, m_ids);
+            m_ids.insert(id);
+            m_endpoints.push_back({{}, id});
+        }
+        m_endpoints[known->second - 1].port = port;
         m_listed.push_back(known->second);
     }
 }
@@ -142,10 +143,23 @@ MidiObjectRef BackgroundMidiSystem::destination(std::size_t position) {
 
 std::optional<MidiObject> BackgroundMidiSystem::findByUniqueId(MidiUniqueId id) {
     readPorts();
-    const auto known = m_refs.find(id);
-    if (known == m_refs.end() || std::ranges::find(m_listed, known->second) == m_listed.end())
-        return {};
-    return MidiObject{known->second, MidiObjectType::Destination};
+    auto found = onlyListed([id](const Endpoint& listed) { return listed.id == id; });
+    if (!found)
+        found = onlyListed([id](const Endpoint& listed) { return mayHaveBeen(id, listed.port); });
+    return found ? std::optional{MidiObject{found, MidiObjectType::Destination}} : std::nullopt;
+}
+
+template<typename Predicate>
+MidiObjectRef BackgroundMidiSystem::onlyListed(Predicate matches) const {
+    MidiObjectRef only = 0;
+    for (const auto listed : m_listed) {
+        if (!matches(*endpoint(listed)))
+            continue;
+        if (only)
+            return 0;
+        only = listed;
+    }
+    return only;
 }
 
 std::optional<std::string> BackgroundMidiSystem::name(MidiObjectRef object) {
@@ -158,6 +172,13 @@ std::optional<std::string> BackgroundMidiSystem::name(MidiObjectRef object) {
 std::optional<MidiUniqueId> BackgroundMidiSystem::uniqueId(MidiObjectRef object) {
     const auto* found = endpoint(object);
     return found ? std::optional{found->id} : std::nullopt;
+}
+
+std::optional<std::string> BackgroundMidiSystem::whereabouts(MidiObjectRef object) {
+    const auto* found = endpoint(object);
+    if (!found || found->port.whereabouts.empty())
+        return {};
+    return found->port.whereabouts;
 }
 
 MidiObjectRef BackgroundMidiSystem::entityOfEndpoint(MidiObjectRef object) {

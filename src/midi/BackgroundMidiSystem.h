@@ -8,6 +8,7 @@
 #include <future>
 #include <map>
 #include <memory>
+#include <set>
 
 namespace vexa {
 
@@ -30,6 +31,7 @@ public:
     std::optional<MidiObject> findByUniqueId(MidiUniqueId id) override;
     std::optional<std::string> name(MidiObjectRef object) override;
     std::optional<MidiUniqueId> uniqueId(MidiObjectRef object) override;
+    std::optional<std::string> whereabouts(MidiObjectRef object) override;
     /// Neither ALSA nor JACK knows what is cabled to a port.
     std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef) override {
         return {};
@@ -49,11 +51,14 @@ private:
     void askForPorts();
     void readPorts();
     const Endpoint* endpoint(MidiObjectRef object) const;
+    template<typename Predicate>
+    MidiObjectRef onlyListed(Predicate matches) const;
 
     std::shared_ptr<Worker> m_worker;
     std::future<std::vector<MidiPort>> m_answer; ///< to the last reading that was asked for
     bool m_isOpen = false;                       ///< the first reading has been waited for
-    std::map<MidiUniqueId, MidiObjectRef> m_refs;
+    std::map<std::string, MidiObjectRef> m_refs; ///< by identity
+    std::set<MidiUniqueId> m_ids;                ///< of the endpoints
     std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1
     std::vector<MidiObjectRef> m_listed; ///< the destinations of the last reading
 };

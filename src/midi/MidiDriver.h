@@ -22,6 +22,12 @@ struct MidiPort {
     /// for a port of a program.
     std::string device;
     std::string deviceName;
+    /// What the identity would be in any socket, for a device with a serial number; else empty.
+    std::string identityInAnySocket{};
+    /// What tells this port from the one that comes when it has gone, be it of the same identity.
+    std::string presence{};
+    /// What tells the port from others of its name, for people; may be empty.
+    std::string whereabouts{};
 };
 
 /// How a MIDI system is reached. All calls come on one thread, which they may keep waiting for

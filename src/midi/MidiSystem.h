@@ -43,11 +43,15 @@ public:
     /// Reads the system anew. Positions stand for this reading until the next.
     virtual std::size_t numberOfDestinations() = 0;
     virtual MidiObjectRef destination(std::size_t position) = 0;
-    /// Finds only what is there now.
+    /// Finds only what is there now: the destination of that ID; where there is none, the only one
+    /// that may have had it, as a device with a serial number that was in another socket.
     virtual std::optional<MidiObject> findByUniqueId(MidiUniqueId id) = 0;
 
     virtual std::optional<std::string> name(MidiObjectRef object) = 0;
     virtual std::optional<MidiUniqueId> uniqueId(MidiObjectRef object) = 0;
+    /// What tells a destination from others of its name, for people: "serial number A1, socket
+    /// 0000:00:14.0-2".
+    virtual std::optional<std::string> whereabouts(MidiObjectRef destination) = 0;
     /// Unique IDs of what is cabled to an endpoint, signed 32 bits each, most significant byte
     /// first.
     virtual std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef object) = 0;

@@ -29,8 +29,10 @@ Vexa_MIDI_Manager& Vexa_MIDI_Manager::sharedMidiManager() {
 void Vexa_MIDI_Manager::chooseDestination() {
     if (readPrefs()) {
         const auto remembered = m_system.findByUniqueId(m_destID);
-        if (remembered)
+        if (remembered) {
             m_dest = remembered->ref;
+            m_destID = m_system.uniqueId(m_dest).value_or(m_destID);
+        }
         sendStopMessage();
         if (remembered)
             return;

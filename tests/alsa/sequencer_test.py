@@ -47,7 +47,7 @@ class Result:
     def destinations(self, name="destinations"):
         """Names and IDs, in their order."""
         lines = (line.split("\t") for line in self.text(name).splitlines())
-        return [(name, int(identifier)) for _, identifier, name in lines]
+        return [(name, int(identifier)) for _, identifier, name, *_ in lines]
 
     def names(self, name="destinations"):
         return [name for name, _ in self.destinations(name)]
@@ -103,6 +103,12 @@ class SequencerTest(unittest.TestCase):
         self.assertEqual(result.frames(), run_frames()[:5])
         self.assert_ended_on_time(result, 3)
 
+    def test_a_receiver_of_the_same_name_takes_nothing_from_the_chosen_one(self):
+        result = Result("sequencer/twins")
+        self.assertEqual(result.frames("frames-chosen"), run_frames()[:5])
+        self.assertEqual(result.frames("frames-twin"), [])
+        self.assertEqual(result.frames("frames-third"), [])
+
     def test_a_run_ends_on_time_when_its_receiver_takes_nothing_more(self):
         result = Result("sequencer/receiver_full")
         self.assertNotIn(run_frames()[3], result.frames())
@@ -142,11 +148,29 @@ class SequencerTest(unittest.TestCase):
     def test_of_two_equal_interfaces_the_remembered_one_receives(self):
         self.assertEqual(Result("usb/order").frames(), run_frames())
 
-    def test_ids_follow_a_serial_number_into_another_socket(self):
-        result = Result("usb/serial_number")
-        ids = result.box_ids("destinations-ab")
-        self.assertEqual(len(set(ids)), 4)
-        self.assertEqual(result.box_ids("destinations-ba"), ids[2:] + ids[:2])
+    def test_an_id_finds_its_serial_number_in_another_socket(self):
+        self.assertEqual(Result("usb/serial_number").frames(), run_frames())
+
+    def test_an_id_is_the_same_with_a_twin_and_without(self):
+        result = Result("usb/twins")
+        alone = result.box_ids("destinations-alone")
+        both = result.box_ids("destinations-both")
+        self.assertEqual(both[:2], alone)
+        self.assertEqual(len(set(both)), 4)
+
+    def test_what_tells_twins_apart_is_listed(self):
+        lines = Result("usb/twins").text("destinations-both").splitlines()
+        places = [line.split("\t")[3] for line in lines if "Box" in line]
+        self.assertEqual(places, ["serial number 0001, socket dummy_hcd.0-1"] * 2
+                         + ["serial number 0001, socket dummy_hcd.1-1"] * 2)
+
+    def test_a_twin_takes_nothing_from_the_chosen_one(self):
+        result = Result("usb/twins")
+        self.assertEqual(result.frames("frames-arrival"), run_frames())
+        self.assertEqual(result.frames("frames-twin"), [])
+
+    def test_the_remembered_one_is_found_in_another_socket(self):
+        self.assertEqual(Result("usb/twins").frames("frames-moved"), run_frames())
 
     def test_ids_of_a_virtual_card_do_not_depend_on_other_cards(self):
         def ids(name):

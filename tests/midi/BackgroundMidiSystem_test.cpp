@@ -68,6 +68,13 @@ struct BackgroundMidi : testing::Test {
             [this] { return std::make_unique<WorldDriver>(world); });
     }
 
+    /// Another system, which finds these.
+    void openWith(std::vector<MidiPort> ports) {
+        system.reset();
+        world.ports = std::move(ports);
+        open();
+    }
+
     void sendByte(MidiObjectRef destination, std::uint8_t byte) {
         system->send(destination, std::span(&byte, 1));
     }
@@ -120,6 +127,73 @@ TEST_F(BackgroundMidi, APortThatComesBackElsewhereIsTheSameObject) {
     ASSERT_TRUE(system->findByUniqueId(id));
     EXPECT_EQ(system->findByUniqueId(id)->ref, port);
     EXPECT_EQ(system->destination(2), port);
+}
+
+/// A port of an interface whose maker gave all of them one serial number.
+MidiPort twin(const std::string& socket) {
+    MidiPort port{"usb:1 at " + socket, "20:0", "MIDI 1", "usb:1 at " + socket, "Box"};
+    port.identityInAnySocket = "usb:1";
+    port.whereabouts = "serial number 1, socket " + socket;
+    return port;
+}
+
+TEST_F(BackgroundMidi, TheChosenTwinStaysTheChosenOneInWhateverOrderTheyComeAndGo) {
+    const std::vector twins{twin("a"), twin("b"), twin("c")};
+    openWith(twins);
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    const auto chosen = system->destination(0);
+    const auto id = system->uniqueId(chosen).value();
+    constexpr unsigned ways = 8;
+    for (unsigned order = 0; order < ways * ways; ++order) {
+        for (const auto there : {order % ways, order / ways}) {
+            const std::lock_guard lock{world.mutex};
+            world.ports.clear();
+            for (std::size_t i = twins.size(); i-- > 0;)
+                if (there >> i & 1)
+                    world.ports.push_back(twins[i]);
+        }
+        system->numberOfDestinations();
+        EXPECT_EQ(system->uniqueId(chosen), id);
+        sendByte(chosen, 1);
+        const auto found = system->findByUniqueId(id);
+        EXPECT_EQ(found && found->ref == chosen, (order / ways & 1) != 0);
+    }
+    system.reset();
+    EXPECT_EQ(world.sent, std::vector<std::string>(ways * ways, "usb:1 at a: 1"));
+}
+
+TEST_F(BackgroundMidi, AnIdIsTheSameWithATwinAndWithout) {
+    std::vector<MidiUniqueId> ids;
+    for (const auto& ports : {std::vector{twin("a")}, {twin("b"), twin("a")}, {twin("a")}}) {
+        openWith(ports);
+        ASSERT_GE(system->numberOfDestinations(), 1u);
+        ids.push_back(system->uniqueId(system->destination(ports.size() - 1)).value());
+    }
+    EXPECT_THAT(ids, ElementsAre(ids[0], ids[0], ids[0]));
+}
+
+TEST_F(BackgroundMidi, AnIdFindsItsDeviceInAnotherSocketWhereItIsTheOnlyOneOfItsSerialNumber) {
+    openWith({twin("a")});
+    ASSERT_EQ(system->numberOfDestinations(), 1u);
+    const auto id = system->uniqueId(system->destination(0)).value();
+    const auto socketOfFound = [&]() -> std::string {
+        const auto found = system->findByUniqueId(id);
+        return found ? system->whereabouts(found->ref).value() : "none";
+    };
+    world.ports = {twin("b")};
+    EXPECT_EQ(socketOfFound(), "serial number 1, socket b");
+    world.ports = {twin("b"), twin("c")};
+    EXPECT_EQ(socketOfFound(), "none");
+    world.ports = {twin("b"), twin("c"), twin("a")};
+    EXPECT_EQ(socketOfFound(), "serial number 1, socket a");
+}
+
+TEST_F(BackgroundMidi, TellsWhatTellsAlikePortsApart) {
+    openWith({twin("a"), {"program:x", "128:0", "Soft", {}, {}}});
+    ASSERT_EQ(system->numberOfDestinations(), 2u);
+    EXPECT_EQ(system->whereabouts(system->destination(0)), "serial number 1, socket a");
+    EXPECT_EQ(system->whereabouts(system->destination(1)), std::nullopt);
+    EXPECT_EQ(system->whereabouts(0), std::nullopt);
 }
 
 TEST_F(BackgroundMidi, MessagesKeepTheirOrderAcrossDestinations) {

@@ -231,6 +231,29 @@ TEST_F(JackMidi, HardwareIsKnownByItsAlias) {
     EXPECT_NE(ids.at(2), id) << "a second one of the same name";
 }
 
+TEST_F(JackMidi, ATwinNeverTakesThePlaceOfTheChosenOne) {
+    const auto* const alias = "midi_bridge:UM-ONE MIDI 1";
+    auto first = std::make_unique<Receiver>("hardware_1", alias);
+    Receiver second("hardware_2", alias);
+    std::unique_ptr<Receiver> third;
+    {
+        const Program program;
+        ASSERT_EQ(Program::manager().destinationList().size(), 2u);
+        Program::manager().connectToDestinationAtIndex(0);
+        EXPECT_EQ(first->next(), stopFrame);
+        const auto ids = Program::manager().destinationIDs();
+        first.reset();
+        Program::awaitList({"UM-ONE MIDI 1"});
+        EXPECT_EQ(Program::manager().destinationIDs().at(0), ids.at(1));
+        Program::manager().sendStopMessage();
+        third = std::make_unique<Receiver>("hardware_3", alias);
+        Program::awaitList({"UM-ONE MIDI 1", "UM-ONE MIDI 1"});
+        Program::manager().sendStopMessage();
+    }
+    EXPECT_THAT(second.leave(), IsEmpty());
+    EXPECT_THAT(third->leave(), IsEmpty());
+}
+
 TEST_F(JackMidi, WithoutAServerThereIsNothing) {
     server.stop(SIGTERM);
     const Program program;

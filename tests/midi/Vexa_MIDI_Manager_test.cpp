@@ -71,6 +71,17 @@ TEST_F(Manager, TakesUpTheRememberedOneAndStopsItOnce) {
     EXPECT_EQ(shared().indexOfDestination(), 1);
 }
 
+TEST_F(Manager, TakesUpTheRememberedOneUnderTheIDItHasNow) {
+    system.addDestination("A", 11);
+    const auto second = system.addDestination("B", 12);
+    system.object(second).earlierId = 99;
+    defaults::setInteger(defaults::midiDestinationKey, 99);
+    EXPECT_EQ(shared().dest(), second);
+    EXPECT_EQ(shared().destID(), 12);
+    EXPECT_EQ(shared().indexOfDestination(), 1);
+    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 99);
+}
+
 TEST_F(Manager, WhenTheRememberedOneIsGoneTakesTheFirstAndKeepsTheMemory) {
     const auto first = system.addDestination("A", 11);
     defaults::setInteger(defaults::midiDestinationKey, 99);

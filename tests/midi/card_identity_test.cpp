@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// A tree with the shape of /sys, and cards in it.
-class CardIdentity : public testing::Test {
+class Card : public testing::Test {
 protected:
     fs::path folder(const std::string& path) const {
         const auto made = root() / path;
@@ -48,7 +48,7 @@ protected:
         addCard(number, "Box", interface);
     }
 
-    std::string identity(int card) const {
+    CardIdentity identity(int card) const {
         return cardIdentity(card, (root() / "class/sound").string());
     }
 
@@ -60,61 +60,67 @@ private:
 
 const std::string controller = "devices/pci0000:00/0000:00:14.0";
 
-TEST_F(CardIdentity, OfUsbIsVendorProductSerialNumberAndInterface) {
+TEST_F(Card, IdentityOfUsbIsVendorProductSerialNumberInterfaceAndSocket) {
     addUsbCard(0, controller + "/usb1/1-2", "A1");
-    EXPECT_EQ(identity(0), "usb:1d6b:0104:A1:00");
+    EXPECT_EQ(identity(0),
+              (CardIdentity{"usb:1d6b:0104:A1:00 at 0000:00:14.0-2", "usb:1d6b:0104:A1:00",
+                            "serial number A1, socket 0000:00:14.0-2"}));
 }
 
-TEST_F(CardIdentity, OfUsbWithASerialNumberIsTheSameInAnySocketWithAnyNumber) {
+TEST_F(Card, IdentityOfUsbWithASerialNumberIsKnownInAnySocketWithAnyNumber) {
     addUsbCard(0, controller + "/usb1/1-2", "A1");
     addUsbCard(3, controller + "/usb2/2-1/2-1.4", "B2");
-    const auto before = identity(0);
+    const auto before = identity(0).inAnySocket;
     addUsbCard(0, controller + "/usb1/1-1", "C3");
     addUsbCard(4, "devices/pci0000:00/0000:00:1a.0/usb3/3-1", "A1");
-    EXPECT_EQ(identity(4), before);
-    EXPECT_NE(identity(0), before);
-    EXPECT_NE(identity(3), before);
+    EXPECT_EQ(identity(4).inAnySocket, before);
+    EXPECT_NE(identity(0).inAnySocket, before);
+    EXPECT_NE(identity(3).inAnySocket, before);
 }
 
-TEST_F(CardIdentity, OfUsbWithoutASerialNumberNamesTheSocketButNotTheBus) {
+TEST_F(Card, IdentityOfUsbWithoutASerialNumberNamesTheSocketButNotTheBus) {
     addUsbCard(0, controller + "/usb1/1-2");
     addUsbCard(1, controller + "/usb1/1-3/1-3.4/1-3.4.1");
-    EXPECT_EQ(identity(0), "usb:1d6b:0104::00 at 0000:00:14.0-2");
-    EXPECT_EQ(identity(1), "usb:1d6b:0104::00 at 0000:00:14.0-3.4.1");
+    EXPECT_EQ(identity(0),
+              (CardIdentity{"usb:1d6b:0104::00 at 0000:00:14.0-2", {}, "socket 0000:00:14.0-2"}));
+    EXPECT_EQ(identity(1).exact, "usb:1d6b:0104::00 at 0000:00:14.0-3.4.1");
 
     addUsbCard(5, controller + "/usb7/7-2");
     EXPECT_EQ(identity(5), identity(0));
 }
 
-TEST_F(CardIdentity, OfUsbCardsThatShareASerialNumberNamesTheSocket) {
+TEST_F(Card, IdentityOfUsbDoesNotChangeWithATwin) {
     addUsbCard(0, controller + "/usb1/1-2", "0001");
+    const auto alone = identity(0);
     addUsbCard(1, controller + "/usb1/1-3", "0001");
-    EXPECT_EQ(identity(0), "usb:1d6b:0104:0001:00 at 0000:00:14.0-2");
-    EXPECT_EQ(identity(1), "usb:1d6b:0104:0001:00 at 0000:00:14.0-3");
+    EXPECT_EQ(identity(0), alone);
+    EXPECT_NE(identity(1).exact, alone.exact);
+    EXPECT_EQ(identity(1).inAnySocket, alone.inAnySocket);
 }
 
-TEST_F(CardIdentity, OfFireWireIsTheGuid) {
+TEST_F(Card, IdentityOfFireWireIsTheGuid) {
     const auto node = controller + "/0000:04:00.0/fw1";
     write(folder(node) / "guid", "0x0011223344556677");
     addCard(2, "Box", node + "/fw1.0");
-    EXPECT_EQ(identity(2), "firewire:0x0011223344556677");
+    EXPECT_EQ(identity(2),
+              (CardIdentity{"firewire:0x0011223344556677", {}, "GUID 0x0011223344556677"}));
 }
 
-TEST_F(CardIdentity, OfOtherHardwareIsItsPlaceOnTheBus) {
+TEST_F(Card, IdentityOfOtherHardwareIsItsPlaceOnTheBus) {
     addCard(0, "Box", "devices/pci0000:00/0000:00:1e.0/0000:05:02.0");
-    EXPECT_EQ(identity(0), "bus:0000:05:02.0");
+    EXPECT_EQ(identity(0), (CardIdentity{"bus:0000:05:02.0", {}, "at 0000:05:02.0"}));
 }
 
-TEST_F(CardIdentity, OfThisMachineAsAUsbDeviceIsTheController) {
+TEST_F(Card, IdentityOfThisMachineAsAUsbDeviceIsTheController) {
     addCard(0, "fmidi", "devices/platform/fe980000.usb/gadget.0");
-    EXPECT_EQ(identity(0), "bus:fe980000.usb");
+    EXPECT_EQ(identity(0).exact, "bus:fe980000.usb");
 }
 
-TEST_F(CardIdentity, OfACardWithoutHardwareIsItsId) {
+TEST_F(Card, IdentityOfACardWithoutHardwareIsItsId) {
     addCard(1, "VirMIDI", "devices/platform/snd_virmidi.0");
-    EXPECT_EQ(identity(1), "card:VirMIDI");
+    EXPECT_EQ(identity(1), (CardIdentity{"card:VirMIDI", {}, "card VirMIDI"}));
 }
 
-TEST_F(CardIdentity, OfACardThatIsNotThereIsNoOnes) { EXPECT_EQ(identity(7), "card:"); }
+TEST_F(Card, IdentityOfACardThatIsNotThereIsNoOnes) { EXPECT_EQ(identity(7).exact, "card:"); }
 
 } // namespace

@@ -22,6 +22,8 @@ public:
         std::optional<std::vector<std::uint8_t>> connections;
         MidiObjectRef parent = 0; ///< an endpoint's entity, an entity's device
         bool isThere = true;
+        std::optional<std::string> whereabouts{};
+        std::optional<MidiUniqueId> earlierId{}; ///< by which it is found as well
     };
 
     struct Sent {
@@ -73,12 +75,15 @@ public:
     std::optional<MidiObject> findByUniqueId(MidiUniqueId id) override {
         m_listed = m_destinations;
         for (const auto& [ref, object] : m_objects)
-            if (object.id == id && object.isThere)
+            if ((object.id == id || object.earlierId == id) && object.isThere)
                 return MidiObject{ref, object.type};
         return {};
     }
     std::optional<std::string> name(MidiObjectRef ref) override { return lookUp(ref).name; }
     std::optional<MidiUniqueId> uniqueId(MidiObjectRef ref) override { return lookUp(ref).id; }
+    std::optional<std::string> whereabouts(MidiObjectRef ref) override {
+        return lookUp(ref).whereabouts;
+    }
     std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef ref) override {
         return lookUp(ref).connections;
     }

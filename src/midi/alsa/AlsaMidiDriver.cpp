@@ -31,13 +31,21 @@ MidiPort described(snd_seq_client_info_t* client, const snd_seq_port_info_t* inf
     MidiPort port;
     port.address =
         std::to_string(snd_seq_port_info_get_client(info)) + ':' + std::to_string(number);
+    // The kernel gives an address away again, but hardly to the same process.
+    port.presence = std::to_string(snd_seq_client_info_get_pid(client)) + '@' + port.address;
     if (card < 0) {
         port.identity = "program:" + clientName + '/' + portName;
         port.name = portName == clientName ? portName : clientName + ' ' + ownName;
+        port.whereabouts = "at " + port.address;
     } else {
         // A card's port number counts its raw devices and their subdevices, in a fixed order.
-        port.device = cardIdentity(card);
-        port.identity = port.device + '/' + std::to_string(number);
+        const auto identity = cardIdentity(card);
+        const auto end = '/' + std::to_string(number);
+        port.device = identity.exact;
+        port.identity = identity.exact + end;
+        if (!identity.inAnySocket.empty())
+            port.identityInAnySocket = identity.inAnySocket + end;
+        port.whereabouts = identity.whereabouts;
         port.deviceName = clientName;
         port.name = ownName;
     }
@@ -83,7 +91,7 @@ std::vector<MidiPort> AlsaMidiDriver::ports() {
             if (takesMessages(port))
                 found.push_back(described(client, port));
     }
-    numberRepeatedIdentities(found);
+    m_twins.number(found);
     putMidiThroughLast(found);
     return found;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "midi/MidiDriver.h"
+#include "midi/TwinNumbers.h"
 
 #include <alsa/asoundlib.h>
 
@@ -39,6 +40,7 @@ private:
 
     Sequencer m_lister; ///< a client of its own: listing is open to it while no link is
     Link m_link;
+    TwinNumbers m_twins;
 };
 
 } // namespace vexa

@@ -1,6 +1,5 @@
 #include "midi/alsa/card_identity.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -23,16 +22,6 @@ fs::path deviceOf(const fs::path& cardFolder) {
     return fs::canonical(cardFolder / "device", none);
 }
 
-/// Vendor, product, serial number and interface. Empty where the card is on no USB interface.
-std::string usbName(const fs::path& interface) {
-    const auto usbDevice = interface.parent_path();
-    const auto vendor = lineOf(usbDevice / "idVendor");
-    if (vendor.empty())
-        return {};
-    return "usb:" + vendor + ':' + lineOf(usbDevice / "idProduct") + ':' +
-           lineOf(usbDevice / "serial") + ':' + lineOf(interface / "bInterfaceNumber");
-}
-
 /// The controller, and the ports from there on: "0000:00:14.0-1.4" for port 4 of the hub in its
 /// port 1. Without the bus's number, "3" in "3-1.4", which is given as the buses are found.
 std::string usbSocket(const fs::path& usbDevice) {
@@ -44,43 +33,43 @@ std::string usbSocket(const fs::path& usbDevice) {
     return bus.parent_path().filename().string() + name;
 }
 
-/// Makers exist who give all their devices one serial number.
-bool isOnlyCardNamed(const std::string& name, const fs::path& soundClass) {
-    std::error_code none;
-    const fs::directory_iterator entries(soundClass, none);
-    return std::ranges::count_if(entries, [&](const fs::path& entry) {
-               return entry.filename().string().starts_with("card") &&
-                      usbName(deviceOf(entry)) == name;
-           }) <= 1;
+CardIdentity usbIdentity(const fs::path& interface) {
+    const auto usbDevice = interface.parent_path();
+    const auto serial = lineOf(usbDevice / "serial");
+    const auto socket = usbSocket(usbDevice);
+    const auto name = "usb:" + lineOf(usbDevice / "idVendor") + ':' +
+                      lineOf(usbDevice / "idProduct") + ':' + serial + ':' +
+                      lineOf(interface / "bInterfaceNumber");
+    const auto exact = name + " at " + socket;
+    if (serial.empty())
+        return {exact, {}, "socket " + socket};
+    return {exact, name, "serial number " + serial + ", socket " + socket};
 }
 
-std::string otherBusIdentity(const fs::path& device) {
+CardIdentity otherBusIdentity(const fs::path& device) {
     // FireWire nodes are numbered anew at each plugging in, and know a number of their own.
     if (const auto guid = lineOf(device.parent_path() / "guid"); !guid.empty())
-        return "firewire:" + guid;
+        return {"firewire:" + guid, {}, "GUID " + guid};
     // This machine as a USB device: numbered as it comes, below a controller that is not.
     const bool isGadget = device.filename().string().starts_with("gadget");
-    return "bus:" + (isGadget ? device.parent_path() : device).filename().string();
+    const auto place = (isGadget ? device.parent_path() : device).filename().string();
+    return {"bus:" + place, {}, "at " + place};
 }
 
 } // namespace
 
-std::string cardIdentity(int card, const std::string& soundClass) {
+CardIdentity cardIdentity(int card, const std::string& soundClass) {
     const fs::path cardFolder = fs::path(soundClass) / ("card" + std::to_string(card));
     const auto device = deviceOf(cardFolder);
     // Cards made in software hang below a platform device that is numbered as it comes.
-    if (device.empty() || device.string().find("/platform/snd_") != std::string::npos)
-        return "card:" + lineOf(cardFolder / "id");
-
-    const auto name = usbName(device);
-    if (name.empty())
-        return otherBusIdentity(device);
-    const bool hasSerial = !lineOf(device.parent_path() / "serial").empty();
-    return hasSerial && isOnlyCardNamed(name, soundClass)
-               ? name
-               : name + " at " + usbSocket(device.parent_path());
+    if (device.empty() || device.string().find("/platform/snd_") != std::string::npos) {
+        const auto id = lineOf(cardFolder / "id");
+        return {"card:" + id, {}, "card " + id};
+    }
+    const bool isUsb = !lineOf(device.parent_path() / "idVendor").empty();
+    return isUsb ? usbIdentity(device) : otherBusIdentity(device);
 }
 
-std::string cardIdentity(int card) { return cardIdentity(card, "/sys/class/sound"); }
+CardIdentity cardIdentity(int card) { return cardIdentity(card, "/sys/class/sound"); }
 
 } // namespace vexa

@@ -20,12 +20,15 @@ std::string hardwareAlias(const jack_port_t* port) {
     return jack_port_get_aliases(port, aliases) > 0 ? first.c_str() : std::string{};
 }
 
-MidiPort described(const char* portName, const jack_port_t* jackPort) {
+MidiPort described(const char* portName, const jack_port_t* jackPort, int session) {
     const auto alias = hardwareAlias(jackPort);
     MidiPort port;
     port.address = portName;
     port.name = alias.empty() ? portName : alias.substr(alias.find(':') + 1);
     port.identity = alias.empty() ? port.address : "hardware:" + port.name;
+    // Every server counts from 1 again.
+    port.presence = std::to_string(session) + '@' + port.address;
+    port.whereabouts = alias.empty() ? std::string{} : "at " + port.address;
     return port;
 }
 
@@ -34,8 +37,10 @@ MidiPort described(const char* portName, const jack_port_t* jackPort) {
 bool JackMidiDriver::join() {
     if (m_session && !m_session->isAlive())
         m_session.reset();
-    if (!m_session)
+    if (!m_session) {
         m_session = JackSession::open();
+        ++m_sessions;
+    }
     return m_session != nullptr;
 }
 
@@ -48,8 +53,8 @@ std::vector<MidiPort> JackMidiDriver::ports() {
         jack_free);
     for (auto* name = names.get(); name && *name; ++name)
         if (const auto* port = jack_port_by_name(m_session->client(), *name))
-            found.push_back(described(*name, port));
-    numberRepeatedIdentities(found);
+            found.push_back(described(*name, port, m_sessions));
+    m_twins.number(found);
     putMidiThroughLast(found);
     return found;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "midi/MidiDriver.h"
+#include "midi/TwinNumbers.h"
 #include "midi/jack/JackSession.h"
 
 #include <memory>
@@ -20,6 +21,8 @@ private:
     bool connectTo(const std::string& identity);
 
     std::unique_ptr<JackSession> m_session;
+    int m_sessions = 0; ///< how many were tried
+    TwinNumbers m_twins;
     std::string m_identity; ///< of the port that messages last went to
 };
 

@@ -12,6 +12,7 @@ public:
     std::optional<MidiObject> findByUniqueId(MidiUniqueId) override { return {}; }
     std::optional<std::string> name(MidiObjectRef) override { return {}; }
     std::optional<MidiUniqueId> uniqueId(MidiObjectRef) override { return {}; }
+    std::optional<std::string> whereabouts(MidiObjectRef) override { return {}; }
     std::optional<std::vector<std::uint8_t>> connectionUniqueIds(MidiObjectRef) override {
         return {};
     }

@@ -20,6 +20,7 @@ receive() {
     receiver=$!
     await receiverShows "${2:+Connected From}"
 }
+haveReceivers() { [ "$(grep -c 'Port .*"aseqdump"' /proc/asound/seq/clients)" -eq "$1" ]; }
 receiverShows() { grep -A 1 'Port .*"aseqdump"' /proc/asound/seq/clients | grep "$1"; }
 
 # received FILE COUNT: whether so many frames have come.
@@ -35,6 +36,13 @@ endReception() {
 }
 
 destinations() { vexa-remote --destinations; }
+
+# remember DESTINATIONS: makes the last port of a box in that list the remembered destination.
+remember() {
+    mkdir -p "$HOME/.config/vexa-remote"
+    grep 'Timecode Box' "$1" | tail -n 1 |
+        awk '{ print "vexamididest=" $2 }' > "$HOME/.config/vexa-remote/vexa-remote.ini"
+}
 
 # stripe START STOP [--destination NAME]: `status`, `shown` and `errors` are the program's,
 # `seconds` how long it ran.

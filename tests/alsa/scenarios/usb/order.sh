@@ -8,9 +8,7 @@ destinations > destinations-01
 unplug order-0
 unplug order-1
 
-mkdir -p "$HOME/.config/vexa-remote"
-grep 'Timecode Box' destinations-01 | tail -n 1 |
-    awk '{ print "vexamididest=" $2 }' > "$HOME/.config/vexa-remote/vexa-remote.ini"
+remember destinations-01
 plug order-1 1
 plug order-0 0
 destinations > destinations-10

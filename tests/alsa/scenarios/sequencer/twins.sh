@@ -1,0 +1,17 @@
+# Two receivers of one name. The chosen one ends in the middle of a stripe, and a third one begins.
+receive frames-chosen
+chosen=$receiver
+receive frames-twin
+twin=$receiver
+await haveReceivers 2
+stripe 01:00:00:00 01:00:05:00 --destination \
+    "$(destinations | grep aseqdump | head -n 1 | cut -f 2)" &
+run=$!
+await received frames-chosen 5
+kill "$chosen"
+wait "$chosen" || true
+receive frames-third
+await haveReceivers 2
+wait $run
+kill "$twin"
+endReception frames-third 0
