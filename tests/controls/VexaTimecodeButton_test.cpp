@@ -223,7 +223,7 @@ TEST_F(TimecodeButton, TabIsConsumedInEntryAndMovesOnAtRest) {
     QPushButton next(&window);
     window.show();
     window.activateWindow();
-    QApplication::setActiveWindow(&window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     button.setFocus();
     button.setState(1);
     QTest::keyClick(&button, Qt::Key_Tab);
