@@ -42,7 +42,10 @@ PropertyList listOf(std::uint64_t count) {
 
 Node libplistNode(const QByteArray& file) {
     plist_t node = nullptr;
-    plist_from_memory(file.data(), static_cast<std::uint32_t>(file.size()), &node);
+    const auto size = static_cast<std::uint32_t>(file.size());
+    // plist_from_memory() tells them apart itself, but takes one more argument from 2.3 on.
+    const auto read = plist_is_binary(file.data(), size) ? plist_from_bin : plist_from_xml;
+    read(file.data(), size, &node);
     if (!node)
         throw std::runtime_error("libplist does not read what was written");
     return {node, plist_free};
