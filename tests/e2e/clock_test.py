@@ -5,18 +5,16 @@ import os
 import pathlib
 import signal
 import subprocess
-import sys
 import time
 import unittest
 import unittest.mock
 
 from support import desktop
 from support.cases import DeviceTest
-from support.processes import Child
 from support.wire import STOP, play
 
 FPS_30 = 2  # the mode code with MTC
-ALLOWED_LATENESS = 0.2  # s
+A_FEW_TICKS = 0.1  # s
 
 
 def setUpModule():
@@ -24,18 +22,19 @@ def setUpModule():
 
 
 class Clock(DeviceTest):
-    def start_stripe(self, seconds):
+    def start_stripe(self, stop_time):
+        """The window, and a moment just before the stripe's beginning."""
         window = self.open_window()
-        window.type_time("Stop time", f"01:00:{seconds:02}:00")
+        window.type_time("Stop time", stop_time)
+        before = time.monotonic()
         window.keys("F6")
-        return window, self.expect_messages(*play(1, 0, 0, 0, FPS_30))[-1]
+        self.expect_messages(*play(1, 0, 0, 0, FPS_30))
+        return window, before
 
-    def await_length(self, began, patience):
-        return self.expect_messages(STOP, STOP, seconds=patience)[0] - began
-
-    def check_length(self, began, seconds):
-        length = self.await_length(began, patience=10)
-        self.assertAlmostEqual(length, seconds, delta=ALLOWED_LATENESS)
+    def check_end(self, window, stop_time, no_sooner_than):
+        self.assertGreaterEqual(self.expect_messages(STOP, STOP)[0], no_sooner_than)
+        window.await_on("Stop")
+        self.assertEqual(window.shown("Current time"), stop_time)
 
     def test_a_step_of_the_system_clock_changes_no_stripe(self):
         offset = self.settings.parent.parent / "offset"
@@ -47,37 +46,27 @@ class Clock(DeviceTest):
             "FAKETIME_DONT_FAKE_MONOTONIC": "1",
         }
         with unittest.mock.patch.dict(os.environ, faked):
-            window, began = self.start_stripe(seconds=3)
+            window, before = self.start_stripe("01:00:03:00")
             for step, clock in (("+3600", "01:00:00:20"), ("-3600", "01:00:01:20")):
                 window.await_clock(clock)
                 offset.write_text(step)
                 date = subprocess.run(["date", "+%s"], capture_output=True, check=True).stdout
                 self.assertAlmostEqual(int(date), time.time() + int(step), delta=60)
-            self.check_length(began, 3)
+            self.check_end(window, "01:00:03:00", no_sooner_than=before + 3)
         window.close()
         for left_over in pathlib.Path("/dev/shm").glob(f"*faketime_*_{window.program.pid}"):
             left_over.unlink()
 
     def test_a_stopped_program_falls_behind_by_as_long_as_it_was_stopped(self):
-        window, began = self.start_stripe(seconds=2)
+        window, before = self.start_stripe("01:00:02:00")
         window.await_clock("01:00:00:10")
         window.program.send_signal(signal.SIGSTOP)
         stopped = time.monotonic()
         self.assertEqual(self.monitor.take(1, seconds=3), [])
+        away = time.monotonic() - stopped
         window.program.send_signal(signal.SIGCONT)
         # The ticks of that time are one tick, and the clock does not catch up.
-        away = time.monotonic() - stopped
-        self.check_length(began, 2 + away)
-        window.await_on("Stop")
-        self.assertEqual(window.shown("Current time"), "01:00:02:00")
-
-    def test_a_starved_processor_costs_few_ticks(self):
-        for _ in range(os.cpu_count()):
-            self.addCleanup(Child("sh", "-c", "while :; do :; done").kill)
-        _, began = self.start_stripe(seconds=20)
-        lost = (self.await_length(began, patience=40) - 20) * 30
-        print(f"\nticks lost of 600 beside busy processors: {lost:.2f}", file=sys.stderr)
-        self.assertLess(lost, 60)
+        self.check_end(window, "01:00:02:00", no_sooner_than=before + 2 + away - A_FEW_TICKS)
 
 
 if __name__ == "__main__":
