@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace vexa {
@@ -52,15 +53,23 @@ BatchItemRef VexaBatchStripeData::addItemWithReel(std::uint64_t reel, const QStr
 
 void VexaBatchStripeData::addItem(const BatchItemRef& item) {
     sortUnlessInOrder();
-    m_batchList.insert(std::ranges::upper_bound(m_batchList, item, comesBefore), item);
+    m_batchList.insert(std::ranges::upper_bound(m_batchList, item, comesBefore), ownRowFor(item));
 }
 
 void VexaBatchStripeData::addItems(BatchItems items) {
     sortUnlessInOrder();
+    std::ranges::transform(items, items.begin(), [this](auto& item) { return ownRowFor(item); });
     std::ranges::stable_sort(items, comesBefore);
     const auto oldSize = std::ssize(m_batchList);
     std::ranges::move(items, std::back_inserter(m_batchList));
     std::ranges::inplace_merge(m_batchList, m_batchList.begin() + oldSize, comesBefore);
+}
+
+/// The item itself, or a copy where the list holds it. The list must be in order.
+BatchItemRef VexaBatchStripeData::ownRowFor(const BatchItemRef& item) const {
+    const auto equivalents = std::ranges::equal_range(m_batchList, item, comesBefore);
+    const bool isHeld = std::ranges::find(equivalents, item) != equivalents.end();
+    return isHeld ? std::make_shared<BatchItem>(*item) : item;
 }
 
 void VexaBatchStripeData::removeItem(const BatchItemRef& item) {
@@ -89,11 +98,21 @@ void VexaBatchStripeData::sortUnlessInOrder() {
     m_knownInOrder = true;
 }
 
-void VexaBatchStripeData::setSelection(const RowIndexes& rows) {
-    m_selectedItems.clear();
+BatchItems VexaBatchStripeData::itemsOfRows(const RowIndexes& rows) const {
+    BatchItems items;
     for (const auto row : rows)
         if (row < m_batchList.size())
-            m_selectedItems.push_back(m_batchList[row]);
+            items.push_back(m_batchList[row]);
+    return items;
+}
+
+RowIndexes VexaBatchStripeData::rowsOfItems(const BatchItems& items) const {
+    const std::unordered_set<BatchItemRef> wanted(items.begin(), items.end());
+    RowIndexes rows;
+    for (std::size_t row = 0; row < m_batchList.size(); ++row)
+        if (wanted.contains(m_batchList[row]))
+            rows.insert(rows.end(), row);
+    return rows;
 }
 
 BatchItemRef VexaBatchStripeData::firstItem() {

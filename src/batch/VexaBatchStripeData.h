@@ -21,6 +21,9 @@ using RowIndexes = std::set<std::size_t>;
 /// a run walks the list or the selection. It registers no undo and knows of no unsaved changes.
 /// Main thread only. No item given to it is null.
 ///
+/// An object stands in one row only: what is added while the list holds it already comes in as a
+/// copy. So its object tells a row, wherever it moves, from others that show the same.
+///
 /// Adding puts the whole list into the order of comesBefore(); among equivalent items the new one
 /// comes last. Nothing else sorts: a replaced list stays as it is, and an edited title leaves its
 /// row in place, until the next addition.
@@ -59,12 +62,17 @@ public:
     void replaceBatchList(BatchItems items);
     void clearBatchList() { replaceBatchList({}); }
 
-    /// Selects the items of these rows, in row order. What becomes of the list later does not
-    /// change the selection. Rows that do not exist are passed over.
-    void setSelection(const RowIndexes& rows);
+    /// Selects the items of these rows. What becomes of the list later does not change the
+    /// selection.
+    void setSelection(const RowIndexes& rows) { m_selectedItems = itemsOfRows(rows); }
     /// Empty when nothing is selected.
     const BatchItems& selectedItems() const { return m_selectedItems; }
     void setSelectedItems(BatchItems items) { m_selectedItems = std::move(items); }
+
+    /// The items of these rows, in row order. Rows that do not exist are passed over.
+    BatchItems itemsOfRows(const RowIndexes& rows) const;
+    /// Where these very objects stand; those that the list does not hold are passed over.
+    RowIndexes rowsOfItems(const BatchItems& items) const;
 
     std::uint64_t numItems() const { return m_batchList.size(); }
     std::uint64_t numSelectedItems() const { return m_selectedItems.size(); }
@@ -104,6 +112,7 @@ public:
 
 private:
     void sortUnlessInOrder();
+    BatchItemRef ownRowFor(const BatchItemRef& item) const;
 
     Vexa_RemoteAppDelegate* m_owner;
     BatchItems m_batchList;

@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
@@ -62,6 +63,22 @@ RowIndexes VexaBatchTableView::selectedRowIndexes() const {
         for (int row = range.top(); row <= range.bottom(); ++row)
             rows.insert(rows.end(), static_cast<std::size_t>(row));
     return rows;
+}
+
+void VexaBatchTableView::selectRows(const RowIndexes& rows) {
+    const int lastColumn = m_model.columnCount() - 1;
+    QItemSelection selection;
+    for (const auto row : rows) {
+        const int number = static_cast<int>(row);
+        const auto last = m_model.index(number, lastColumn);
+        // Rows that follow each other make one range: a selection is slow by its ranges.
+        if (!selection.isEmpty() && selection.constLast().bottom() == number - 1)
+            selection.last() = QItemSelectionRange(selection.constLast().topLeft(), last);
+        else
+            selection.append(QItemSelectionRange(m_model.index(number, 0), last));
+    }
+    const QSignalBlocker quiet(this);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void VexaBatchTableView::setColumnIdentifiers(const QStringList& identifiers) {

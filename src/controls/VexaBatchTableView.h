@@ -28,6 +28,7 @@ public:
     void reloadData() override { m_model.reloadData(); }
     bool hasSelectedRows() const override { return m_hasSelectedRows; }
     RowIndexes selectedRowIndexes() const override;
+    void selectRows(const RowIndexes& rows) override;
     void setColumnIdentifiers(const QStringList& identifiers) override;
     void installHeader() override;
     /// Also brings back the column widths.

@@ -201,7 +201,8 @@ private:
     void stopBlink();
 
     // batch_editing.cpp
-    void batchListChanged();
+    /// Makes the change and shows it. Rows that stay in the list stay selected.
+    void changeBatchList(const std::function<void()>& change);
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
 
     // document_commands.cpp

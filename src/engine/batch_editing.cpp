@@ -19,8 +19,12 @@ QString stripe(std::uint64_t mode) {
 
 } // namespace
 
-void Vexa_RemoteAppDelegate::batchListChanged() {
-    m_outlets.batchTable->reloadData();
+void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change) {
+    auto& table = *m_outlets.batchTable;
+    const auto selected = m_batchStripeData->itemsOfRows(table.selectedRowIndexes());
+    change();
+    table.reloadData();
+    table.selectRows(m_batchStripeData->rowsOfItems(selected));
     handleBatchControlEnabling();
 }
 
@@ -33,8 +37,9 @@ void Vexa_RemoteAppDelegate::handleAddToBatchListButton() {
 void Vexa_RemoteAppDelegate::addItemToBatchList(std::uint64_t reel, const QString& title,
                                                 std::uint64_t start, std::uint64_t stop,
                                                 std::uint64_t rate, std::uint64_t type) {
-    const auto item = m_batchStripeData->addItemWithReel(reel, title, start, stop, rate, type);
-    batchListChanged();
+    BatchItemRef item;
+    changeBatchList(
+        [&] { item = m_batchStripeData->addItemWithReel(reel, title, start, stop, rate, type); });
     m_outlets.batchTable->scrollToItem(item);
     m_dirty = true;
     registerEdit(QStringLiteral("Add to Batch List"),
@@ -43,16 +48,14 @@ void Vexa_RemoteAppDelegate::addItemToBatchList(std::uint64_t reel, const QStrin
 
 void Vexa_RemoteAppDelegate::removeItemFromBatchList(const BatchItemRef& item,
                                                      const QString& actionName) {
-    m_batchStripeData->removeItem(item);
-    batchListChanged();
+    changeBatchList([&] { m_batchStripeData->removeItem(item); });
     m_dirty = true;
     registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
 }
 
 void Vexa_RemoteAppDelegate::addItemToBatchList(const BatchItemRef& item,
                                                 const QString& actionName) {
-    m_batchStripeData->addItem(item);
-    batchListChanged();
+    changeBatchList([&] { m_batchStripeData->addItem(item); });
     m_outlets.batchTable->scrollToItem(item);
     // An addition again, not the removal: undoing a redone addition puts in a second copy.
     registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
@@ -62,19 +65,20 @@ void Vexa_RemoteAppDelegate::handleRemoveFromBatchListButton() {
     const auto rows = m_outlets.batchTable->selectedRowIndexes();
     if (rows.empty())
         return;
-    auto items = m_batchStripeData->deleteIndexedItems(rows);
-    batchListChanged();
+    BatchItems items;
+    changeBatchList([&] { items = m_batchStripeData->deleteIndexedItems(rows); });
     registerRemoval(std::move(items), rows, QStringLiteral("Delete Selected Rows"));
 }
 
 void Vexa_RemoteAppDelegate::undoRedoRemoveFromBatchList(const BatchItems& items,
                                                          const RowIndexes& rows,
                                                          const QString& actionName) {
-    if (m_undoManager.isUndoing())
-        m_batchStripeData->addItems(items);
-    else
-        m_batchStripeData->deleteIndexedItems(rows);
-    batchListChanged();
+    changeBatchList([&] {
+        if (m_undoManager.isUndoing())
+            m_batchStripeData->addItems(items);
+        else
+            m_batchStripeData->deleteIndexedItems(rows);
+    });
     registerRemoval(items, rows, actionName);
 }
 

@@ -63,6 +63,8 @@ public:
     virtual void reloadData() = 0;
     virtual bool hasSelectedRows() const = 0;
     virtual RowIndexes selectedRowIndexes() const = 0;
+    /// Selects these rows and no others.
+    virtual void selectRows(const RowIndexes& rows) = 0;
     /// What the columns show, from the left: keys of an item's fields.
     virtual void setColumnIdentifiers(const QStringList& identifiers) = 0;
     /// Replaces the platform's header by the list's own.

@@ -90,6 +90,7 @@ public:
     void reloadData() override { m_selected.clear(); }
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
+    void selectRows(const RowIndexes& rows) override { m_selected = rows; }
     void setColumnIdentifiers(const QStringList& identifiers) override { m_columns = identifiers; }
     void installHeader() override {}
     void setIntercellSpacing(double, double) override {}
@@ -102,7 +103,6 @@ public:
         return found == m_marks.end() ? StripeMark::none : found->second;
     }
     const BatchItemRef& itemInView() const { return m_inView; }
-    void selectRows(const RowIndexes& rows) { m_selected = rows; }
     const QStringList& columnIdentifiers() const { return m_columns; }
 
 private:

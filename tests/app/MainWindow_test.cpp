@@ -91,6 +91,19 @@ TEST_F(Window, BatchControlsRestAgainWhenTheLastRowIsDeleted) {
     EXPECT_FALSE(outlet("batchSelected").isEnabled());
 }
 
+TEST_F(Window, AChangeOfTheListLeavesTheOtherRowsSelected) {
+    addItems(3);
+    table.selectRow(2);
+    outlet("batchSelected").click();
+    controller.undoManager().endEvent();
+    controller.addItemToBatchList(0, u"first"_s, 0, 1, 2, 0);
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{3});
+    controller.undo();
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{2});
+    EXPECT_TRUE(outlet("batchSelected").isChecked());
+    EXPECT_EQ(controller.batchMode(), batchModeSelected);
+}
+
 TEST_F(Window, SelectedCanBeChosenWhileRowsAre) {
     addItems(2);
     EXPECT_TRUE(outlet("batchAll").isEnabled());

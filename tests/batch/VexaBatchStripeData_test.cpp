@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 
 using namespace vexa;
 using namespace Qt::StringLiterals;
@@ -78,6 +79,28 @@ TEST_F(BatchList, PutsANewItemAfterItsEquals) {
     data.addItems({second, third});
     data.addItem(fourth);
     EXPECT_THAT(data.batchList(), ElementsAre(first, second, third, fourth));
+}
+
+TEST_F(BatchList, AnObjectThatItHoldsComesInAgainAsACopy) {
+    data.addItems({a, b});
+    data.addItem(a);
+    data.addItems({b, a});
+    EXPECT_THAT(data.batchList(), ElementsAre(a, testing::Pointee(*a), testing::Pointee(*a), b,
+                                              testing::Pointee(*b)));
+    const std::set<BatchItemRef> objects(data.batchList().begin(), data.batchList().end());
+    EXPECT_EQ(objects.size(), 5u);
+    data.removeItem(a);
+    EXPECT_EQ(data.numItems(), 2u) << "equal items go together";
+}
+
+TEST_F(BatchList, KnowsRowsByTheirObjects) {
+    const auto twin = item(1, u"A"_s);
+    data.addItems({a, twin, b});
+    EXPECT_THAT(data.itemsOfRows({2, 0, 99}), ElementsAre(a, b));
+    EXPECT_EQ(data.rowsOfItems({c, b, twin}), (RowIndexes{1, 2}));
+    data.addItem(item(0));
+    EXPECT_EQ(data.rowsOfItems({a, b}), (RowIndexes{1, 3}));
+    EXPECT_EQ(data.rowsOfItems({}), RowIndexes());
 }
 
 TEST_F(BatchList, KeepsTheOrderOfAReplacedListUntilTheNextAddition) {

@@ -7,18 +7,26 @@
 #include <cstdint>
 #include <memory>
 #include <random>
+#include <set>
 
 using namespace vexa;
 
 namespace {
 
-/// The list as the plainest code would keep it.
+/// The list as the plainest code would keep it, for objects that it does not hold yet.
 struct PlainList {
     BatchItems items;
 
     void add(const BatchItems& more) {
         items.insert(items.end(), more.begin(), more.end());
         std::ranges::stable_sort(items, comesBefore);
+    }
+    /// The object that a list of one row more holds besides these; null when it holds none.
+    BatchItemRef newObjectIn(const BatchItems& list) const {
+        const std::set<BatchItemRef> known(items.begin(), items.end());
+        const auto found =
+            std::ranges::find_if(list, [&](const auto& item) { return !known.contains(item); });
+        return found == list.end() ? nullptr : *found;
     }
     void removeEqual(const BatchItem& fields) {
         std::erase_if(items, [&](const auto& other) { return *other == fields; });
@@ -69,9 +77,12 @@ TEST_P(RandomEdits, GiveTheSameObjectsInTheSameOrderAsPlainCode) {
         switch (upTo(6)) {
         case 0:
         case 1: {
-            const auto item = size && upTo(3) == 0 ? plain.items[upTo(size - 1)] : someItem();
+            const bool held = size && upTo(3) == 0;
+            const auto item = held ? plain.items[upTo(size - 1)] : someItem();
             data.addItem(item);
-            plain.add({item});
+            const auto added = held ? plain.newObjectIn(data.batchList()) : item;
+            ASSERT_TRUE(added && *added == *item) << "step " << step;
+            plain.add({added});
             break;
         }
         case 2: {

@@ -91,6 +91,20 @@ TEST_F(TableView, AReloadLeavesNoRowSelectedAndTheViewWhereItIs) {
     EXPECT_EQ(table.verticalScrollBar()->value(), 500);
 }
 
+TEST_F(TableView, RowsAreSelectedWithoutTelling) {
+    addRows(7);
+    table.selectRow(0);
+    const QSignalSpy selections(&table, &VexaBatchTableView::selectionDidChange);
+    for (const auto& rows :
+         {RowIndexes{1, 2, 3, 5, 9}, RowIndexes{}, RowIndexes{0}, RowIndexes{0, 1, 2}}) {
+        table.selectRows(rows);
+        EXPECT_EQ(table.selectedRowIndexes(), rows);
+        EXPECT_EQ(table.hasSelectedRows(), !rows.empty());
+    }
+    EXPECT_EQ(selections.count(), 0);
+    EXPECT_TRUE(table.selectionModel()->isRowSelected(2)) << "whole rows";
+}
+
 TEST_F(TableView, BackspaceAndDeleteTellOnceWhenRowsAreSelected) {
     table.setFocus();
     for (const auto key : {Qt::Key_Backspace, Qt::Key_Delete}) {

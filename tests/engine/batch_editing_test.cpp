@@ -59,6 +59,13 @@ struct BatchEditing : testing::Test {
         return titles;
     }
 
+    std::vector<std::string> selectedTitles() {
+        std::vector<std::string> titles;
+        for (const auto& item : list().itemsOfRows(rig.ui.batchTable.selectedRowIndexes()))
+            titles.push_back(item->title.toStdString());
+        return titles;
+    }
+
     ControllerRig rig;
     Vexa_RemoteAppDelegate& controller = rig.controller;
     UndoManager& undo = controller.undoManager();
@@ -156,6 +163,50 @@ TEST_F(BatchEditing, SelectedRowsAreDeletedInOneStepAndComeBackUnselected) {
     undo.undo();
     EXPECT_EQ(list().batchList(), before);
     EXPECT_FALSE(controller.dirty()) << "a deletion is no change to save, either way";
+}
+
+TEST_F(BatchEditing, RowsThatStayInTheListStaySelected) {
+    fill();
+    select({1, 2});
+    chooseMode(batchModeSelected);
+    const auto expectSelected = [&](const char* after) {
+        EXPECT_THAT(selectedTitles(), ElementsAre("two", "three")) << after;
+        EXPECT_EQ(controller.batchMode(), batchModeSelected) << after;
+        EXPECT_FALSE(rig.ui.removeFromBatchButton.isHidden()) << after;
+    };
+    addItem(0, "zero");
+    expectSelected("an addition");
+    undo.undo();
+    expectSelected("its undo");
+    undo.redo();
+    expectSelected("its redo");
+}
+
+TEST_F(BatchEditing, WhatAnUndoBringsBackIsUnselectedAmongRowsThatStaySelected) {
+    fill();
+    select({1});
+    controller.handleDeleteRows();
+    select({0, 1});
+    choose(batch_menu::selected);
+    undo.undo();
+    EXPECT_THAT(titles(), ElementsAre("one", "two", "three"));
+    EXPECT_THAT(selectedTitles(), ElementsAre("one", "three"));
+    EXPECT_EQ(controller.batchMode(), batchModeSelected);
+    undo.redo();
+    EXPECT_THAT(selectedTitles(), ElementsAre("one", "three"));
+}
+
+TEST_F(BatchEditing, ATwinThatComesInIsARowOfItsOwn) {
+    addItem(1, "one");
+    undo.undo();
+    undo.redo();
+    select({0});
+    undo.undo();
+    ASSERT_THAT(titles(), ElementsAre("one", "one"));
+    EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes{0});
+    controller.handleDeleteRows();
+    EXPECT_THAT(titles(), ElementsAre("one"));
+    EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes());
 }
 
 TEST_F(BatchEditing, ARedoneDeletionDeletesTheSameRowNumbersWhateverStandsThere) {

@@ -262,6 +262,23 @@ TEST_F(BatchRun, ASelectedRunStripesTheSelectedRowsOnly) {
     EXPECT_EQ(controller.transportState(), transport::stopped);
 }
 
+TEST_F(BatchRun, ASelectedRunStaysOneWhenTheListChanges) {
+    addThreeItems(1, 1, 2);
+    controller.addItemToBatchList(9, QStringLiteral("not chosen"), 0, 1, rate::fps30, sync::mtc);
+    rig.ui.batchTable.selectRows({0, 2});
+    controller.tableViewSelectionDidChange();
+    controller.handleBatchListMenuItems(batchModeSelected);
+    rig.press(transport::playing);
+    controller.addItemToBatchList(1, QStringLiteral("late"), 0, 1, rate::fps30, sync::mtc);
+    rig.tick(3);
+    controller.undo();
+    endPause();
+    EXPECT_EQ(controller.currentTime(), tc("03:00:00:00"));
+    rig.tick(3);
+    EXPECT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_EQ(controller.batchMode(), batchModeSelected);
+}
+
 TEST_F(BatchRun, ItemsDeletedInThePauseAreNotFoundAndTheRunEndsWithoutRestoring) {
     addThreeItems(1, 1, 2);
     rig.press(transport::playing);
