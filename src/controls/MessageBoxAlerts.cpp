@@ -1,5 +1,7 @@
 #include "controls/MessageBoxAlerts.h"
 
+#include "controls/plain_text.h"
+
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -31,10 +33,9 @@ protected:
 } // namespace
 
 int MessageBoxAlerts::runModal(const Alert& alert) {
-    AlertBox box(QMessageBox::Information, {}, alert.message, QMessageBox::NoButton, &m_window);
+    AlertBox box(QMessageBox::Information, {}, {}, QMessageBox::NoButton, &m_window);
     box.setWindowModality(Qt::WindowModal);
-    box.setTextFormat(Qt::PlainText); // it may hold a file's name
-    box.setInformativeText(alert.information);
+    setPlainText(box, alert.message, alert.information);
     QList<QAbstractButton*> buttons;
     // Of one role, and of this one: desktops have orders of their own for all others.
     for (const auto& text : alert.buttons)

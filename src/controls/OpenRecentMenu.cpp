@@ -1,6 +1,7 @@
 #include "controls/OpenRecentMenu.h"
 
 #include "controls/RecentFiles.h"
+#include "controls/plain_text.h"
 
 #include <QFileInfo>
 
@@ -9,16 +10,6 @@
 namespace vexa {
 
 namespace {
-
-/// A name as a menu shows it, whatever letters it has: "&" and control characters, as the tab
-/// before a shortcut, would not show as themselves.
-QString menuText(QString name) {
-    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
-    for (auto& letter : name)
-        if (letter.category() == QChar::Other_Control)
-            letter = QChar::ReplacementCharacter;
-    return name;
-}
 
 /// The file's name, with its folder where another file of that name is there.
 QString distinctName(const QFileInfo& file, const QStringList& paths) {
@@ -44,10 +35,10 @@ void OpenRecentMenu::fill() {
     for (const auto& path : paths) {
         const QFileInfo file(path);
         const bool isThere = file.isFile();
-        const auto name = menuText(distinctName(file, paths));
+        const auto name = plainMenuText(distinctName(file, paths));
         auto* item = addAction(isThere ? name : tr("%1 (not found)").arg(name));
         item->setEnabled(isThere);
-        item->setToolTip(path);
+        setPlainToolTip(*item, path);
         connect(item, &QAction::triggered, this, [this, path] { choose(path); });
     }
     addSeparator();

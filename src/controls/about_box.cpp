@@ -1,21 +1,20 @@
 #include "controls/about_box.h"
 
+#include "controls/plain_text.h"
+
 #include <QCoreApplication>
 #include <QMessageBox>
 
 namespace vexa {
 
 void showAboutBox(QWidget& window) {
-    auto* box =
-        new QMessageBox(QMessageBox::NoIcon, QObject::tr("About Vexa Remote"),
-                        QObject::tr("Vexa Remote %1").arg(QCoreApplication::applicationVersion()),
-                        QMessageBox::Ok, &window);
+    auto* box = new QMessageBox(QMessageBox::NoIcon, QObject::tr("About Vexa Remote"), {},
+                                QMessageBox::Ok, &window);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::PlainText);
     box->setIconPixmap(window.windowIcon().pixmap(64));
-    box->setInformativeText(
-        QObject::tr("Stripes tape with timecode: remote control of a timecode generator over "
-                    "MIDI.\n\nFree software under the MIT licence."));
+    setPlainText(*box, QObject::tr("Vexa Remote %1").arg(QCoreApplication::applicationVersion()),
+                 QObject::tr("Stripes tape with timecode: remote control of a timecode generator "
+                             "over MIDI.\n\nFree software under the MIT licence."));
     box->open();
 }
 

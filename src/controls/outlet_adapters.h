@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/plain_text.h"
 #include "engine/outlets.h"
 
 #include <QAbstractButton>
@@ -16,7 +17,7 @@ public:
     bool state() const override { return m_button.isChecked(); }
     void setEnabled(bool enabled) override { m_button.setEnabled(enabled); }
     void setHidden(bool hidden) override { m_button.setHidden(hidden); }
-    void setToolTip(const QString& text) override { m_button.setToolTip(text); }
+    void setToolTip(const QString& text) override { setPlainToolTip(m_button, text); }
 
 private:
     QAbstractButton& m_button;
@@ -38,10 +39,7 @@ private:
 class WindowTitleOutlet final : public WindowTitle {
 public:
     explicit WindowTitleOutlet(QWidget& window) : m_window(window) {}
-    void setTitle(const QString& title) override {
-        auto text = title; // "[*]" by itself would stand for a mark of changes
-        m_window.setWindowTitle(text.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
-    }
+    void setTitle(const QString& title) override { setPlainWindowTitle(m_window, title); }
 
 private:
     QWidget& m_window;

@@ -1,0 +1,104 @@
+#include "controls/BatchFileDialog.h"
+
+#include "controls/plain_text.h"
+
+#include <QChildEvent>
+#include <QDir>
+#include <QFileInfo>
+
+#include <climits>
+
+namespace vexa {
+
+namespace {
+
+const QString suffix = QStringLiteral(".vexaB");
+
+bool hasSuffix(const QString& path) { return path.endsWith(suffix, Qt::CaseInsensitive); }
+
+/// Why no file of that path can be opened; nothing when it can.
+QString refusalToOpen(const QFileInfo& file) {
+    if (!file.exists())
+        return QFileDialog::tr("There is no file “%1”.").arg(file.fileName());
+    if (!hasSuffix(file.fileName()))
+        return QFileDialog::tr("“%1” is not a batch list: their names end in %2.")
+            .arg(file.fileName(), suffix);
+    return {};
+}
+
+/// Why there can be no file of that path; nothing when there can.
+QString refusalToSave(const QFileInfo& file) {
+    if (!file.dir().exists())
+        return QFileDialog::tr("There is no folder “%1”.").arg(file.path());
+    if (file.isDir())
+        return QFileDialog::tr("“%1” is a folder.").arg(file.fileName());
+    if (QFile::encodeName(file.fileName()).size() > NAME_MAX ||
+        QFile::encodeName(file.filePath()).size() >= PATH_MAX)
+        return QFileDialog::tr("The name is too long.");
+    return {};
+}
+
+} // namespace
+
+BatchFileDialog::BatchFileDialog(AcceptMode mode, const QString& title, QWidget* parent)
+    : QFileDialog(parent, title) {
+    setAcceptMode(mode);
+    setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
+    setNameFilter(tr("Batch lists (*%1)").arg(suffix));
+    setOption(DontConfirmOverwrite); // the dialog would ask for the name as it was typed
+}
+
+std::optional<QString> BatchFileDialog::ask() {
+    while (exec() == Accepted)
+        // A dialog of the desktop's own has closed before the choice could be refused.
+        if (!isOfDesktop() || mayTakeChosenFile())
+            return chosenFile();
+    return {};
+}
+
+void BatchFileDialog::accept() {
+    const auto typed = selectedFiles();
+    const bool entersFolder = !typed.isEmpty() && QFileInfo(typed.constFirst()).isDir();
+    if (isOfDesktop() || typed.isEmpty() || entersFolder || mayTakeChosenFile())
+        QFileDialog::accept();
+}
+
+void BatchFileDialog::childEvent(QChildEvent* event) {
+    QFileDialog::childEvent(event);
+    // The dialog has questions of its own, as before it deletes a file.
+    if (event->polished())
+        if (auto* box = qobject_cast<QMessageBox*>(event->child()))
+            setPlainText(*box, box->text(), box->informativeText());
+}
+
+QString BatchFileDialog::chosenFile() const {
+    const auto chosen = selectedFiles().constFirst();
+    // Not the dialog's default suffix: that is not added to names with a full stop in them.
+    return acceptMode() == AcceptOpen || hasSuffix(chosen) ? chosen : chosen + suffix;
+}
+
+bool BatchFileDialog::mayTakeChosenFile() {
+    const QFileInfo file(chosenFile());
+    const auto refusal = acceptMode() == AcceptOpen ? refusalToOpen(file) : refusalToSave(file);
+    if (!refusal.isEmpty()) {
+        showMessage(refusal, QMessageBox::Ok);
+        return false;
+    }
+    if (acceptMode() == AcceptOpen || !file.exists())
+        return true;
+    const auto question = tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName());
+    if (showMessage(question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes)
+        return true;
+    selectFile(file.filePath());
+    return false;
+}
+
+int BatchFileDialog::showMessage(const QString& text, QMessageBox::StandardButtons buttons) {
+    QMessageBox box(QMessageBox::Warning, windowTitle(), {}, buttons,
+                    isOfDesktop() ? parentWidget() : this);
+    box.setDefaultButton(buttons & QMessageBox::No ? QMessageBox::No : QMessageBox::Ok);
+    setPlainText(box, text);
+    return box.exec();
+}
+
+} // namespace vexa

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+class QAction;
+class QMessageBox;
+class QWidget;
+
+namespace vexa {
+
+// File names, titles and the names of devices come from anywhere. Qt takes a text that looks like
+// HTML for HTML, and loads the pictures that it refers to. What shows such a text goes through
+// here, and shows it letter by letter.
+
+/// Long lines are folded, and what would still not fit on a screen is cut off.
+void setPlainToolTip(QWidget& widget, const QString& text);
+void setPlainToolTip(QAction& action, const QString& text);
+
+/// Sets both texts of a message box.
+void setPlainText(QMessageBox& box, const QString& text, const QString& information = {});
+
+void setPlainWindowTitle(QWidget& window, const QString& title);
+
+/// The text of a menu item, with "&" and control characters as themselves.
+QString plainMenuText(const QString& text);
+
+/// The text in one line: each line break is a space.
+QString singleLine(QString text);
+
+} // namespace vexa
