@@ -1,5 +1,6 @@
 #include "controls/AddToBatchPanel.h"
 
+#include "controls/plain_text.h"
 #include "ui_AddToBatchPanel.h"
 
 #include <QRegularExpressionValidator>
@@ -22,7 +23,7 @@ void AddToBatchPanel::setReel(std::uint64_t reel) {
 
 std::uint64_t AddToBatchPanel::reel() const { return m_ui->reelField->text().toULongLong(); }
 
-QString AddToBatchPanel::title() const { return m_ui->titleField->text(); }
+QString AddToBatchPanel::title() const { return singleLine(m_ui->titleField->text()); }
 
 void AddToBatchPanel::setTitlePlaceholder(const QString& text) {
     m_ui->titleField->setPlaceholderText(text);

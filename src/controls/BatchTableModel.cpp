@@ -1,5 +1,7 @@
 #include "controls/BatchTableModel.h"
 
+#include "controls/plain_text.h"
+
 #include <algorithm>
 
 namespace vexa {
@@ -82,8 +84,8 @@ QVariant BatchTableModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return VexaBatchStripeData::sharedBatchData()->objectValueForTableColumn(
-            m_columns[index.column()], row);
+        return singleLine(VexaBatchStripeData::sharedBatchData()->objectValueForTableColumn(
+            m_columns[index.column()], row));
     case Qt::AccessibleDescriptionRole:
         return accessibleText(markOfRow(index.row()));
     case markRole:
@@ -97,8 +99,10 @@ bool BatchTableModel::setData(const QModelIndex& index, const QVariant& value, i
     const auto row = static_cast<std::size_t>(index.row());
     if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable) || row >= items().size())
         return false;
-    VexaBatchStripeData::sharedBatchData()->setObjectValue(value.toString(),
-                                                           m_columns[index.column()], row);
+    const auto text = singleLine(value.toString());
+    if (text == data(index, role).toString())
+        return true; // an editor that was opened and closed changes no line break into a space
+    VexaBatchStripeData::sharedBatchData()->setObjectValue(text, m_columns[index.column()], row);
     Q_EMIT dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
     return true;
 }

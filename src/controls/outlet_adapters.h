@@ -23,13 +23,16 @@ private:
     QAbstractButton& m_button;
 };
 
-/// A label shows its text to assistive technology as its description; its name stays.
+/// A label shows its text in one line, and to assistive technology as its description; its name
+/// stays. The tool tip has the text as it is.
 class TextFieldOutlet final : public TextField {
 public:
     explicit TextFieldOutlet(QLabel& label) : m_label(label) {}
     void setStringValue(const QString& text) override {
-        m_label.setText(text);
-        m_label.setAccessibleDescription(text);
+        const auto line = singleLine(text);
+        m_label.setText(line);
+        m_label.setAccessibleDescription(line);
+        setPlainToolTip(m_label, text);
     }
 
 private:

@@ -1,5 +1,7 @@
 #include "controls/AddToBatchPanel.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -68,6 +70,15 @@ TEST_F(Panel, TheProposedReelIsOverwrittenByTypingAndTakesDigitsOnly) {
         button(QDialogButtonBox::Ok)->click();
     });
     EXPECT_EQ(panel.reel(), 17u);
+}
+
+TEST_F(Panel, LineBreaksInAPastedTitleAreSpaces) {
+    QApplication::clipboard()->setText(u"Act one\nScene two\r\nTake 3"_s);
+    run([&] {
+        titleField->paste();
+        button(QDialogButtonBox::Ok)->click();
+    });
+    EXPECT_EQ(panel.title(), u"Act one Scene two Take 3"_s);
 }
 
 TEST_F(Panel, TheTitleStaysAndThePlaceholderShowsOnlyInItsPlace) {

@@ -53,6 +53,18 @@ TEST_F(TableModel, OnlyTitlesCanBeEdited) {
     EXPECT_EQ(list.batchList()[0]->reel, 12u);
 }
 
+TEST_F(TableModel, LineBreaksInTitlesAreSpaces) {
+    const auto title = model.index(0, 1);
+    model.setData(title, u"two\nlines"_s, Qt::EditRole);
+    EXPECT_EQ(list.batchList()[0]->title, u"two lines"_s);
+
+    list.batchList()[0]->title = u"from\r\na file"_s;
+    EXPECT_EQ(title.data().toString(), u"from a file"_s);
+    EXPECT_EQ(title.data(Qt::EditRole).toString(), u"from a file"_s);
+    model.setData(title, u"from a file"_s, Qt::EditRole);
+    EXPECT_EQ(list.batchList()[0]->title, u"from\r\na file"_s) << "nothing was edited";
+}
+
 TEST_F(TableModel, AnEditedTitleLeavesItsRowWhereItIs) {
     list.addItemWithReel(12, u"Fourth"_s, 0x01020304, 0, 1, 2);
     model.reloadData();
