@@ -74,14 +74,14 @@ const Sample& sample(const benchmark::State& state) {
     return samples.try_emplace(count, static_cast<std::uint64_t>(count)).first->second;
 }
 
-void readWithVexa(benchmark::State& state, QByteArray Sample::*form) {
+void readWithVexa(benchmark::State& state, QByteArray Sample::* form) {
     const auto& file = sample(state).*form;
     for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(readPropertyList(file));
     state.SetBytesProcessed(state.iterations() * file.size());
 }
 
-void readWithLibplist(benchmark::State& state, QByteArray Sample::*form) {
+void readWithLibplist(benchmark::State& state, QByteArray Sample::* form) {
     const auto& file = sample(state).*form;
     for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(libplistNode(file));

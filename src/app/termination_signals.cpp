@@ -18,7 +18,7 @@ void onSignalReceived(int) {
 }
 
 void handleBy(void (*handler)(int)) {
-    struct sigaction action {};
+    struct sigaction action{};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})

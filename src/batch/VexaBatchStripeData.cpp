@@ -21,7 +21,7 @@ BatchItemRef itemAt(const BatchItems& items, std::uint64_t row) {
     return row < items.size() ? items[row] : nullptr;
 }
 
-std::uint64_t number(const BatchItemRef& item, std::uint64_t BatchItem::*field) {
+std::uint64_t number(const BatchItemRef& item, std::uint64_t BatchItem::* field) {
     return item ? (*item).*field : 0;
 }
 

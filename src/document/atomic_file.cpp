@@ -80,7 +80,7 @@ bool replaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMod
     // Reached by its folder: together they may be just as long as a path can be.
     const FileDescriptor folder(open(target.has_parent_path() ? target.parent_path().c_str() : ".",
                                      O_PATH | O_DIRECTORY | O_CLOEXEC));
-    struct stat status {};
+    struct stat status{};
     const bool exists = fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
     if (exists &&
         (!S_ISREG(status.st_mode) || faccessat(folder, name.c_str(), W_OK, AT_EACCESS) != 0))

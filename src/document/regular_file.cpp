@@ -13,7 +13,7 @@ std::optional<QByteArray> readRegularFile(const QString& path, qsizetype limit) 
     // Without O_NONBLOCK, opening a pipe would wait for a writer.
     const FileDescriptor file(
         open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    struct stat status {};
+    struct stat status{};
     if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > limit)
         return std::nullopt;
 

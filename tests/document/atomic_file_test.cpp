@@ -38,11 +38,9 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
     }
 
-    struct stat status() const {
-        return status(path());
-    }
+    struct stat status() const { return status(path()); }
     static struct stat status(const QString& path) {
-        struct stat result {};
+        struct stat result{};
         EXPECT_EQ(stat(QFile::encodeName(path).constData(), &result), 0);
         return result;
     }

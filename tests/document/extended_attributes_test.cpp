@@ -33,7 +33,7 @@ protected:
         return size < 0 ? "none" : value.substr(0, static_cast<std::size_t>(size));
     }
     mode_t permissions() const {
-        struct stat status {};
+        struct stat status{};
         EXPECT_EQ(stat(path.constData(), &status), 0);
         return status.st_mode & 07777;
     }

@@ -50,7 +50,7 @@ TEST_F(RegularFile, NothingIsReadOfAnythingElse) {
 // In the process file system, regular files may say that they hold nothing and yet never end.
 TEST_F(RegularFile, WhatItSaysOfItsSizeIsNotTrusted) {
     const QString endless = u"/proc/self/pagemap"_s;
-    struct stat status {};
+    struct stat status{};
     ASSERT_EQ(stat(QFile::encodeName(endless).constData(), &status), 0);
     ASSERT_TRUE(S_ISREG(status.st_mode) && status.st_size == 0);
     EXPECT_EQ(readRegularFile(endless, (1 << 20) - 1), std::nullopt);

@@ -96,8 +96,7 @@ TEST_F(Undo, QueuedInputEventsAreEventsOfTheirOwn) {
 TEST_F(Undo, QueuedCallsAreEventsOfTheirOwn) {
     QObject called;
     for (int i = 0; i < 2; ++i)
-        QMetaObject::invokeMethod(
-            &called, [this] { set(a, a + 1); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&called, [this] { set(a, a + 1); }, Qt::QueuedConnection);
     QCoreApplication::sendPostedEvents(&called);
     ASSERT_EQ(a, 2);
     undo.undo();

@@ -53,8 +53,7 @@ int main(int argc, char* argv[]) {
         sender.events.push_back(bytesFromHex(argv[i]));
     sender.port = jack_port_register(client, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
     jack_set_process_callback(client, process, &sender);
-    jack_on_shutdown(
-        client, [](void*) { std::_Exit(EXIT_FAILURE); }, nullptr);
+    jack_on_shutdown(client, [](void*) { std::_Exit(EXIT_FAILURE); }, nullptr);
     if (jack_activate(client) != 0 || jack_connect(client, "sender:out", argv[1]) != 0)
         return EXIT_FAILURE;
     // A busy server connects some cycles later, and what is sent until then is lost.
