@@ -87,6 +87,7 @@ class NoAlerts final : public Alerts {
 
 /// Presses Play, from stopped, again and again, and gives the times to the last message's arrival.
 std::vector<double> timesOfPresses(int presses, MidiSystem& midi, Arrivals& arrivals) {
+    midi.numberOfDestinations(); // there is no event loop to tell of the first list
     Vexa_MIDI_Manager::setMidiSystem(&midi);
     PlainOutlets plain;
     NoAlerts alerts;

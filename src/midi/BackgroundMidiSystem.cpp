@@ -47,6 +47,16 @@ public:
         m_changed.notify_all();
     }
 
+    /// Once the tasks before are done, has the listener's thread call that. Both must be there
+    /// until finish() is called.
+    void tell(QObject& listener, std::function<void()> then) {
+        post([this, &listener, then = std::move(then)](MidiDriver&) {
+            const std::lock_guard lock{m_mutex};
+            if (!m_finishing)
+                QMetaObject::invokeMethod(&listener, then, Qt::QueuedConnection);
+        });
+    }
+
     /// Lets the thread end once its tasks are done, and waits a while for that.
     void finish() {
         std::unique_lock lock{m_mutex};
@@ -100,19 +110,40 @@ void BackgroundMidiSystem::askForPorts() {
     m_answer = answer->get_future();
 }
 
+void BackgroundMidiSystem::whenReached(std::function<void()> then) {
+    if (!m_isReached && !m_listener)
+        m_isReached = takeAnswerWithin(0s);
+    if (m_isReached)
+        return then();
+    m_waiting.push_back(std::move(then));
+    if (m_listener)
+        return;
+    m_listener = std::make_unique<QObject>();
+    m_worker->tell(*m_listener, [this] { callWaiting(); });
+}
+
+void BackgroundMidiSystem::callWaiting() {
+    takeAnswerWithin(0s);
+    m_isReached = true;
+    for (const auto& then : std::exchange(m_waiting, {}))
+        then();
+}
+
 void BackgroundMidiSystem::readPorts() {
-    const auto isAnsweredWithin = [this](std::chrono::milliseconds time) {
-        return m_answer.wait_for(time) == std::future_status::ready;
-    };
-    const bool isFirst = !std::exchange(m_isOpen, true);
-    if (!isFirst) {
-        if (m_answer.valid() && !isAnsweredWithin(0s))
+    if (m_isReached) {
+        if (m_answer.valid() && m_answer.wait_for(0s) != std::future_status::ready)
             return;
         askForPorts();
+        takeAnswerWithin(answerTime);
+    } else if (!m_listener) {
+        takeAnswerWithin(openingTime);
+        m_isReached = true;
     }
-    if (!isAnsweredWithin(isFirst ? openingTime : answerTime))
-        return;
+}
 
+bool BackgroundMidiSystem::takeAnswerWithin(std::chrono::milliseconds time) {
+    if (m_answer.wait_for(time) != std::future_status::ready)
+        return false;
     m_listed.clear();
     for (const auto& port : m_answer.get()) {
         const auto [known, isNew] =
@@ -125,6 +156,7 @@ void BackgroundMidiSystem::readPorts() {
         m_endpoints[known->second - 1].port = port;
         m_listed.push_back(known->second);
     }
+    return true;
 }
 
 const BackgroundMidiSystem::Endpoint* BackgroundMidiSystem::endpoint(MidiObjectRef object) const {

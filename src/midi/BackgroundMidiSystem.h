@@ -3,6 +3,8 @@
 #include "midi/MidiDriver.h"
 #include "midi/MidiSystem.h"
 
+#include <QObject>
+
 #include <chrono>
 #include <functional>
 #include <future>
@@ -17,15 +19,16 @@ namespace vexa {
 /// held up, makes do with the last reading; until it goes on, nobody waits for it again.
 class BackgroundMidiSystem final : public MidiSystem {
 public:
-    /// Makes the driver on the new thread, and has it read its first list. Whoever asks for the
-    /// list first waits up to eight seconds for it: it is from this that a destination is chosen at
-    /// start-up.
+    /// Makes the driver on the new thread, and has it read its first list: it is from this that a
+    /// destination is chosen at start-up. Whoever asks for the list first waits up to eight seconds
+    /// for it; but nobody does where whenReached() was asked before, which needs an event loop.
     explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
 
     /// Leaves the queued messages a second to go out. What then still holds up the driver, such
     /// as the system draining a device, no longer holds up the caller.
     ~BackgroundMidiSystem() override;
 
+    void whenReached(std::function<void()> then) override;
     std::size_t numberOfDestinations() override;
     MidiObjectRef destination(std::size_t position) override;
     std::optional<MidiObject> findByUniqueId(MidiUniqueId id) override;
@@ -49,16 +52,20 @@ private:
     class Worker;
 
     void askForPorts();
+    bool takeAnswerWithin(std::chrono::milliseconds time);
     void readPorts();
+    void callWaiting();
     const Endpoint* endpoint(MidiObjectRef object) const;
     template<typename Predicate>
     MidiObjectRef onlyListed(Predicate matches) const;
 
     std::shared_ptr<Worker> m_worker;
     std::future<std::vector<MidiPort>> m_answer; ///< to the last reading that was asked for
-    bool m_isOpen = false;                       ///< the first reading has been waited for
-    std::map<std::string, MidiObjectRef> m_refs; ///< by identity
-    std::set<MidiUniqueId> m_ids;                ///< of the endpoints
+    bool m_isReached = false; ///< the first reading is there, or was waited for in vain
+    std::vector<std::function<void()>> m_waiting; ///< for the first reading
+    std::unique_ptr<QObject> m_listener;          ///< through which they are told
+    std::map<std::string, MidiObjectRef> m_refs;  ///< by identity
+    std::set<MidiUniqueId> m_ids;                 ///< of the endpoints
     std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1
     std::vector<MidiObjectRef> m_listed; ///< the destinations of the last reading
 };

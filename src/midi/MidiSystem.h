@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -39,6 +40,10 @@ struct MidiObject {
 class MidiSystem {
 public:
     virtual ~MidiSystem() = default;
+
+    /// Calls once it is known what destinations there are: at once, where that is so by now. Calls
+    /// keep their order. Whoever asks for destinations sooner gets none, or waits for them.
+    virtual void whenReached(std::function<void()> then) { then(); }
 
     /// Reads the system anew. Positions stand for this reading until the next.
     virtual std::size_t numberOfDestinations() = 0;

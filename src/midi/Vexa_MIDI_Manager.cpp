@@ -21,13 +21,18 @@ void Vexa_MIDI_Manager::setMidiSystem(MidiSystem* system) {
 Vexa_MIDI_Manager& Vexa_MIDI_Manager::sharedMidiManager() {
     if (!sharedManager) {
         sharedManager.reset(new Vexa_MIDI_Manager(*currentSystem));
-        sharedManager->chooseDestination();
+        sharedManager->restoreDestination();
     }
     return *sharedManager;
 }
 
-void Vexa_MIDI_Manager::chooseDestination() {
-    if (readPrefs()) {
+void Vexa_MIDI_Manager::restoreDestination() {
+    const bool isRemembered = readPrefs();
+    m_system.whenReached([this, isRemembered] { chooseDestination(isRemembered); });
+}
+
+void Vexa_MIDI_Manager::chooseDestination(bool isRemembered) {
+    if (isRemembered) {
         const auto remembered = m_system.findByUniqueId(m_destID);
         if (remembered) {
             m_dest = remembered->ref;
@@ -55,7 +60,10 @@ void Vexa_MIDI_Manager::sendSetupMessageStart(std::uint64_t start, std::uint64_t
 void Vexa_MIDI_Manager::sendStopMessage() { sendMessage(stopMessage()); }
 
 void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes) {
-    m_system.send(m_dest, bytes);
+    // To whom is known once the system has been reached; until then messages keep their order.
+    m_system.whenReached([this, message = std::vector(bytes.begin(), bytes.end())] {
+        m_system.send(m_dest, message);
+    });
 }
 
 std::vector<std::string> Vexa_MIDI_Manager::destinationList() { return destinationNames(m_system); }

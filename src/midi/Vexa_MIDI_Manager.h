@@ -17,11 +17,13 @@ namespace vexa {
 class Vexa_MIDI_Manager {
 public:
     /// The MIDI system to use. The shared manager of an earlier system is forgotten with it; the
-    /// new one is made on first use. The system must outlive its use here.
+    /// new one is made on first use. The system must outlive its use here; the earlier one must
+    /// have been reached, or have ended.
     static void setMidiSystem(MidiSystem* system);
 
     /// Made on first use: takes up the remembered destination and stops the generator there, or
-    /// else takes the first destination there is. setMidiSystem() must have been called.
+    /// else takes the first destination there is. All that once the system has been reached; what
+    /// is sent sooner goes out then. setMidiSystem() must have been called.
     static Vexa_MIDI_Manager& sharedMidiManager();
 
     /// Sends the setup message and, at once, the start message. start is a packed timecode; what
@@ -60,7 +62,8 @@ public:
 
 private:
     explicit Vexa_MIDI_Manager(MidiSystem& system) : m_system(system) {}
-    void chooseDestination();
+    void restoreDestination();
+    void chooseDestination(bool isRemembered);
 
     MidiSystem& m_system;
     MidiObjectRef m_dest = 0;

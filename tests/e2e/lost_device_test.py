@@ -6,6 +6,7 @@ import unittest
 
 from support import desktop, program
 from support.cases import DeviceTest
+from support.window import Window
 from support.wire import STOP, play
 
 
@@ -92,6 +93,14 @@ class LostDevice(DeviceTest):
             window.await_clock("01:00:01:00")
         self.expect_messages(*play(1, 0, 0, 0, 2))
         window.keys("F5")
+        self.expect_messages(STOP)
+
+    def test_the_window_does_not_wait_for_a_server_that_hangs(self):
+        """Else, the window is there, and the list it chooses from still empty, when the wait is
+        over; and what is sent reaches nobody."""
+        with self.server.hung():
+            window = Window("--midi", "jack")
+            self.addCleanup(window.close)
         self.expect_messages(STOP)
 
     def check_quits(self, window):

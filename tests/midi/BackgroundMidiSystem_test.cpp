@@ -1,5 +1,6 @@
 #include "midi/BackgroundMidiSystem.h"
 
+#include <QCoreApplication>
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -232,6 +233,45 @@ TEST_F(BackgroundMidi, TheFirstListIsReadAtOnceAndWaitedForLonger) {
     });
     EXPECT_EQ(system->numberOfDestinations(), 3u);
     EXPECT_EQ(world.readings, 1);
+}
+
+TEST_F(BackgroundMidi, WhoLeavesWordIsCalledAtOnceWhereTheListIsThere) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    bool isCalled = false;
+    system->whenReached([&] { isCalled = true; });
+    EXPECT_TRUE(isCalled);
+}
+
+TEST_F(BackgroundMidi, WhoLeavesWordIsCalledWhenTheFirstListIsThereAndNobodyWaitsForIt) {
+    system.reset();
+    world.hold(true);
+    open();
+    std::vector<std::string> calls;
+    system->whenReached([&] {
+        calls.push_back("first");
+        system->whenReached([&] { calls.push_back("from within"); });
+        EXPECT_TRUE(system->destination(2));
+    });
+    system->whenReached([&] { calls.push_back("second"); });
+    EXPECT_EQ(system->numberOfDestinations(), 0u);
+    EXPECT_THAT(calls, IsEmpty());
+    world.hold(false);
+    while (calls.size() < 3)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_THAT(calls, ElementsAre("first", "from within", "second"));
+    EXPECT_EQ(system->numberOfDestinations(), 3u);
+}
+
+TEST_F(BackgroundMidi, WhoLeftWordHearsNothingOfASystemThatEnded) {
+    system.reset();
+    world.hold(true);
+    open();
+    system->whenReached([] { ADD_FAILURE() << "called"; });
+    system.reset();
+    world.hold(false);
+    while (world.drivers != 0)
+        std::this_thread::yield();
+    QCoreApplication::processEvents();
 }
 
 TEST_F(BackgroundMidi, ADriverThatIsHeldUpIsAskedForTheListOnlyOnce) {

@@ -83,7 +83,10 @@ private:
 /// The program, as far as MIDI goes, from its launch to its end.
 class Program {
 public:
-    Program() { Vexa_MIDI_Manager::setMidiSystem(&m_system); }
+    Program() {
+        m_system.numberOfDestinations(); // there is no event loop to tell of the first list
+        Vexa_MIDI_Manager::setMidiSystem(&m_system);
+    }
     ~Program() { Vexa_MIDI_Manager::setMidiSystem(nullptr); }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

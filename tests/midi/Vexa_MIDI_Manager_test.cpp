@@ -97,6 +97,22 @@ TEST_F(Manager, WhenTheRememberedOneIsGoneAndThereIsNoOtherHasNone) {
     EXPECT_EQ(shared().destID(), 0);
 }
 
+TEST_F(Manager, WhatIsSentBeforeTheSystemIsReachedGoesOutThenAndInOrder) {
+    system.addDestination("A", 11);
+    const auto second = system.addDestination("B", 12);
+    defaults::setInteger(defaults::midiDestinationKey, 12);
+    system.beOutOfReach();
+    shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::dtl);
+    EXPECT_EQ(shared().dest(), 0u);
+    EXPECT_EQ(shared().destID(), 12) << "what preferences that are confirmed meanwhile write";
+    EXPECT_THAT(system.takeSent(), IsEmpty());
+    system.reach();
+    EXPECT_EQ(shared().dest(), second);
+    EXPECT_THAT(system.takeSent(),
+                ElementsAre(Sent{second, stop}, Sent{second, "F0 7D 42 01 00 00 00 05 F7"},
+                            Sent{second, "F0 7D 42 01 00 00 00 7F F7"}));
+}
+
 TEST_F(Manager, ConnectingByPositionStopsTheGeneratorThere) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", 12);

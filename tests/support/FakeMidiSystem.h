@@ -65,6 +65,19 @@ public:
         return bytes;
     }
 
+    /// Until reach() is called, nobody knows what is there.
+    void beOutOfReach() { m_isReached = false; }
+    void reach() {
+        m_isReached = true;
+        for (const auto& then : std::exchange(m_waiting, {}))
+            then();
+    }
+    void whenReached(std::function<void()> then) override {
+        if (m_isReached)
+            then();
+        else
+            m_waiting.push_back(std::move(then));
+    }
     std::size_t numberOfDestinations() override {
         m_listed = m_destinations;
         return m_listed.size();
@@ -116,6 +129,8 @@ private:
         return found == m_objects.end() ? Object{} : found->second;
     }
 
+    bool m_isReached = true;
+    std::vector<std::function<void()>> m_waiting;
     MidiObjectRef m_next = 1;
     std::map<MidiObjectRef, Object> m_objects;
     std::vector<MidiObjectRef> m_destinations; ///< those that are there
