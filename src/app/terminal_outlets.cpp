@@ -2,8 +2,10 @@
 
 #include <QSocketNotifier>
 
+#include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -42,14 +44,17 @@ void TerminalClock::timeFieldsChanged() {
 }
 
 int TerminalAlerts::runModal(const Alert& alert) {
-    writeLine(alert.information.toStdString() + ": ");
+    // What was typed before the question is no answer to it. (In a pipe it stays.)
+    tcflush(STDIN_FILENO, TCIFLUSH);
+    auto question = alert.information;
+    question.replace(alert.buttons.front(), QStringLiteral("Enter"));
+    writeLine(question.toStdString() + ": ");
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &m_loop, [this] {
-        char buffer[256];
-        const auto length = read(STDIN_FILENO, buffer, sizeof buffer);
-        if (length <= 0)
+        char typed = 0; // one at a time: the next line is for the next question
+        if (read(STDIN_FILENO, &typed, 1) <= 0)
             m_loop.exit(alertUnanswered);
-        else if (buffer[length - 1] == '\n')
+        else if (typed == '\n')
             m_loop.exit(alertFirstButton);
     });
     const int answer = m_loop.exec();
@@ -58,8 +63,10 @@ int TerminalAlerts::runModal(const Alert& alert) {
 }
 
 void Countdown::start(double seconds) {
-    if (seconds <= 0)
+    if (!(seconds > 0))
         return;
+    constexpr double longest = 1e9; // no pause lasts longer
+    seconds = std::min(seconds, longest);
     writeLine("next item in " + std::to_string(std::lround(std::ceil(seconds))) + " s");
     m_timer = m_runLoop.scheduleTimer(RunLoop::Seconds(1), false,
                                       [this, seconds] { start(seconds - 1); });

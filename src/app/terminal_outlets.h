@@ -29,7 +29,7 @@ private:
     std::uint64_t m_shownSecond = UINT64_MAX;
 };
 
-/// Asks on standard output and goes on at Enter.
+/// Asks on standard output and goes on at Enter, which stands for the first button.
 class TerminalAlerts final : public Alerts {
 public:
     /// Unanswered when the input ends or dismiss() is called meanwhile.

@@ -1,17 +1,21 @@
 """A batch list striped in the terminal, from its file to the last stop."""
 
+import os
 import pathlib
+import signal
+import subprocess
 import unittest
 
 from support import program
 from support.cases import DeviceTest
 from support.items import Item, list_file
+from support.processes import Child
 from support.wire import STOP, run, stripe
 
 ONE = Item(1, "one", "01:00:00:00", "01:00:00:10")
 UNTITLED = Item(1, "", "02:00:00:00", "02:00:00:10", "25 fps", "DTL")
 THREE = Item(2, "three", "03:00:00:00", "03:00:00:10")
-REEL_QUESTION = "Please load reel 2, then hit Continue: "
+REEL_QUESTION = "Please load reel 2, then hit Enter: "
 
 
 class TerminalBatch(DeviceTest):
@@ -55,6 +59,30 @@ class TerminalBatch(DeviceTest):
         self.assertEqual(self.done.returncode, 130)
         self.assertEqual(self.done.stdout.splitlines()[-1], REEL_QUESTION)
         self.expect_messages(STOP, STOP, *stripe(ONE), *stripe(UNTITLED), STOP)
+
+    def test_an_answer_is_one_line_of_a_pipe(self):
+        self.write_settings(vexadelay=0)
+        again = Item(3, "four", "04:00:00:00", "04:00:00:10")
+        self.file.write_bytes(list_file([ONE, THREE, again]))
+        self.stripe_list(answers="\n\n")
+        self.assertEqual(self.done.returncode, 0)
+        self.expect_messages(STOP, *run([ONE, THREE, again]))
+
+    def test_enter_that_was_typed_before_the_question_is_no_answer(self):
+        self.write_settings(vexadelay=0)
+        self.file.write_bytes(list_file([ONE, THREE]))
+        keyboard, terminal = os.openpty()
+        command = [program.PATH, "--midi", "jack", "--stripe", self.file]
+        running = Child(*command, stdin=terminal, stdout=subprocess.PIPE)
+        self.addCleanup(running.stop)
+        with running.stdout as lines, open(keyboard, "wb", buffering=0) as typed:
+            next(line for line in lines if line.startswith(ONE.title))
+            typed.write(b"\n")
+            next(line for line in lines if line.startswith(REEL_QUESTION))
+            running.send_signal(signal.SIGTERM)
+            self.assertEqual(running.wait(), 130)
+        os.close(terminal)
+        self.expect_messages(STOP, STOP, *stripe(ONE), STOP, STOP)
 
 
 if __name__ == "__main__":
