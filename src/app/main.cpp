@@ -139,6 +139,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("Vexa Remote"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VEXA_VERSION));
     QGuiApplication::setDesktopFileName(applicationId);
+    int forQt = 1; // of the arguments, only the program's name: all others have been taken
     if (line.mode == CommandLine::Mode::Window) {
         if (QFileInfo(line.file).isDir())
             return refuse(QStringLiteral("\"%1\" is a folder").arg(line.file));
@@ -146,10 +147,10 @@ int main(int argc, char* argv[]) {
             return refuse(
                 QStringLiteral("there is no display; see --help for striping without one"), 1);
         const auto tokens = startupTokens();
-        const QApplication application(argc, argv);
+        const QApplication application(forQt, argv);
         return runWindow(line, tokens);
     }
-    const QCoreApplication application(argc, argv);
+    const QCoreApplication application(forQt, argv);
     switch (line.mode) {
     case CommandLine::Mode::Help:
         std::fputs(qUtf8Printable(commandLineHelp()), stdout);

@@ -1,5 +1,6 @@
 """The command line as a shell sees it: output, errors and exit codes."""
 
+import os
 import tempfile
 import unittest
 
@@ -34,6 +35,14 @@ class CommandLine(ProgramTest):
                 done = program.run(*arguments)
                 self.assertEqual((done.returncode, done.stdout), (2, ""))
                 self.assertRegex(done.stderr, r"\Avexa-remote: .+\n\Z")
+
+    def test_keeps_its_arguments_to_itself(self):
+        """What stands behind an option is the option's, not Qt's."""
+        os.environ["QT_QPA_PLATFORM"] = "offscreen"
+        self.addCleanup(os.environ.pop, "QT_QPA_PLATFORM")
+        done = program.run("--midi", "none", "--destination", "-platform", "nowhere.vexaB")
+        self.assertEqual(done.returncode, 2)
+        self.assertIn('vexa-remote: no MIDI destination matches "-platform"\n', done.stderr)
 
     def test_tells_its_version(self):
         done = program.run("--version")
