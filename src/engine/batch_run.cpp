@@ -84,9 +84,10 @@ void Vexa_RemoteAppDelegate::endBatchPause() {
 bool Vexa_RemoteAppDelegate::changeReel(std::int64_t reel) {
     m_waitingForReelChange = true;
     const int answer = m_outlets.alerts->runModal(
-        {QStringLiteral("Time to change reels"),
-         QStringLiteral("Please load reel %1, then hit Continue").arg(reel),
-         {QStringLiteral("Continue")}});
+        {.message = QStringLiteral("Time to change reels"),
+         .information = QStringLiteral("Please load reel %1, then hit Continue").arg(reel),
+         .buttons = {QStringLiteral("Continue")},
+         .comesUnasked = true});
     m_waitingForReelChange = false;
     return answer != alertUnanswered && m_transportState != transport::stopped;
 }

@@ -99,6 +99,8 @@ struct Alert {
     QString message;
     QString information;
     std::vector<QString> buttons;
+    /// The operator did not ask for it, and may be at the machine or in the middle of typing.
+    bool comesUnasked = false;
 };
 
 /// What an alert ends with: this for its first button, one more for each further one; 0 when it

@@ -12,10 +12,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 
 using namespace vexa;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -25,6 +27,7 @@ const Alert threeButtons{
     {u"Save"_s, u"Don't Save"_s, u"Cancel"_s},
 };
 const Alert oneButton{u"Reel 2"_s, u"Load it."_s, {u"OK"_s}};
+const Alert unasked{u"Reel 2"_s, u"Load it."_s, {u"OK"_s}, true};
 
 /// Lays out dialogs as this desktop does.
 class DesktopStyle : public QProxyStyle {
@@ -50,10 +53,11 @@ struct MessageBox : testing::Test {
             if (box->isVisible())
                 box->done(-1);
         });
-        return MessageBoxAlerts(window).runModal(alert);
+        return MessageBoxAlerts(window, reactionTime).runModal(alert);
     }
 
     QWidget window;
+    std::chrono::milliseconds reactionTime{0};
 };
 
 class ButtonOrder : public MessageBox,
@@ -99,6 +103,68 @@ TEST_F(MessageBox, OneButtonIsNotPressedByEscapeOrByClosing) {
               alertUnanswered);
     EXPECT_EQ(answer(oneButton, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
               alertFirstButton);
+}
+
+/// Strikes a key until the box is answered; in vain for a second at most.
+void strike(QMessageBox& box, Qt::Key key) {
+    const auto isAnswered = [&] {
+        if (box.isVisible())
+            QTest::keyClick(box.buttons().constFirst(), key);
+        return !box.isVisible();
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isAnswered, 1000));
+}
+
+TEST_F(MessageBox, OneThatComesUnaskedHeedsNoKeyBeforeItCanHaveBeenRead) {
+    reactionTime = 1h;
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape})
+        EXPECT_EQ(answer(unasked,
+                         [&](QMessageBox& box) {
+                             ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+                             for (int i = 0; i < 3; ++i)
+                                 QTest::keyClick(box.buttons().constFirst(), key);
+                             EXPECT_TRUE(box.isVisible());
+                         }),
+                  alertUnanswered)
+            << key;
+    EXPECT_EQ(answer(unasked, [](QMessageBox& box) { box.buttons().constFirst()->click(); }),
+              alertFirstButton);
+}
+
+TEST_F(MessageBox, OneThatComesUnaskedHeedsKeysThereafter) {
+    for (const auto key : {Qt::Key_Return, Qt::Key_Space})
+        EXPECT_EQ(answer(unasked, [&](QMessageBox& box) { strike(box, key); }), alertFirstButton);
+    EXPECT_EQ(answer(oneButton, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
+              alertFirstButton)
+        << "the others at once";
+}
+
+TEST_F(MessageBox, AKeyHeldDownSinceBeforeAnswersNothing) {
+    EXPECT_EQ(answer(unasked,
+                     [](QMessageBox& box) {
+                         const auto repeats = [&] {
+                             QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, {}, u"\r"_s, true);
+                             QApplication::sendEvent(box.buttons().constFirst(), &again);
+                             return !box.isVisible();
+                         };
+                         EXPECT_FALSE(QTest::qWaitFor(repeats, 50));
+                         strike(box, Qt::Key_Return);
+                         EXPECT_FALSE(box.isVisible()) << "it is let go and struck again";
+                     }),
+              alertFirstButton);
+}
+
+TEST_F(MessageBox, OneThatComesUnaskedIsReadFromAfar) {
+    const auto height = [this](const Alert& alert) {
+        int lineHeight = 0;
+        answer(alert, [&](QMessageBox& box) {
+            for (const auto* label : box.findChildren<QLabel*>())
+                if (label->text() == alert.information)
+                    lineHeight = label->fontMetrics().height();
+        });
+        return lineHeight;
+    };
+    EXPECT_GE(height(unasked), 2 * height(oneButton));
 }
 
 TEST_F(MessageBox, TextsAreShownAsTheyAre) {

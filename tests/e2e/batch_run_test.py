@@ -6,6 +6,7 @@ import unittest
 from support import desktop
 from support.cases import DeviceTest
 from support.items import Item
+from support.waiting import eventually
 from support.wire import STOP, play
 
 FPS_30_MTC = 2  # a mode code
@@ -17,6 +18,7 @@ def setUpModule():
 
 THIRD_OF_A_SECOND = "00:10"
 THREE_SECONDS = "03:00"
+REEL_QUESTION = "Please load reel 2, then hit Continue"
 TITLES_AND_REELS = (("one", 1), ("two", 1), ("three", 2))
 
 
@@ -37,6 +39,11 @@ class BatchRun(DeviceTest):
         """A later item of the run begins, without a stop before it, and ends."""
         return self.expect_messages(*play(hour, 0, 0, 0, FPS_30_MTC)[1:], *end)
 
+    def expect_two_items(self):
+        """The first items of a run without a delay."""
+        first, second = play(1, 0, 0, 0, FPS_30_MTC), play(2, 0, 0, 0, FPS_30_MTC)
+        return self.expect_messages(*first, STOP, *second[1:], STOP)
+
     def expect_settings_back(self):
         self.window.await_on("Stop")
         self.window.await_on("DTL")
@@ -52,7 +59,7 @@ class BatchRun(DeviceTest):
             self.window.await_on(name)
         end_of_second = self.expect_item(2, STOP)[-1]
         self.assertGreaterEqual(end_of_second - before, 1 / 3 + 4 + 1 / 3)
-        self.window.await_alert("Please load reel 2, then hit Continue")
+        self.window.await_alert(REEL_QUESTION)
         self.assertEqual(self.monitor.take(1, 0.5), [], "sent while the reel is asked for")
         self.window.press("Continue")
         self.expect_item(3, STOP, STOP)
@@ -64,10 +71,40 @@ class BatchRun(DeviceTest):
         self.window.keys("F6")
         first, second = play(1, 0, 0, 0, FPS_30_MTC), play(2, 0, 0, 0, FPS_30_MTC)
         self.expect_messages(*first, STOP, *second[1:], STOP)
-        self.window.await_alert("Please load reel 2, then hit Continue")
+        self.window.await_alert(REEL_QUESTION)
         self.window.press("Continue")
         self.expect_item(3, STOP, STOP)
         self.expect_settings_back()
+
+    def strike_until_answered(self, key):
+        """Keys count only when the question can have been read."""
+
+        def is_answered():
+            self.window.keys(key)
+            return self.window.question() is None
+
+        eventually("the alert is answered", is_answered)
+
+    def test_a_key_held_down_since_before_loads_no_reel(self):
+        self.open_three_items(delay=0)
+        self.window.keys("F6")
+        self.window.hold_key("Return", lambda: self.window.await_alert(REEL_QUESTION))
+        self.expect_two_items()
+        self.assertEqual(self.monitor.take(1, 0.5), [], "the third item has begun")
+        self.strike_until_answered("Return")
+        self.expect_item(3, STOP, STOP)
+
+    def test_a_click_on_the_window_brings_the_question_back(self):
+        self.open_three_items(delay=0)
+        self.window.keys("F6")
+        self.window.await_alert(REEL_QUESTION)
+        self.expect_two_items()
+        for behind in ("Batch striping", "Stop"):
+            self.window.click(behind)
+            eventually("it has the keyboard", lambda: self.window.has_focus("Continue"))
+        self.assertTrue(self.window.is_on("Batch striping"))
+        self.strike_until_answered("Return")
+        self.expect_item(3, STOP, STOP)
 
     def test_stop_in_the_pause_ends_the_run(self):
         self.open_three_items(delay=4)
