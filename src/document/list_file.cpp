@@ -17,20 +17,23 @@ namespace {
 
 const QString listKey = QStringLiteral("vexabatchlist");
 
-std::optional<PropertyList> readFile(const QString& path) {
+constexpr std::size_t valuesInAnItem = 3; ///< that take as much memory as an item by itself
+
+std::optional<PropertyList> readFile(const QString& path, MemoryBudget& budget) {
     const auto bytes = readRegularFile(path, property_list::maximumInput);
-    return bytes ? readPropertyList(*bytes) : std::nullopt;
+    return bytes ? readPropertyList(*bytes, budget) : std::nullopt;
 }
 
 } // namespace
 
 BatchItems readListFile(const QString& path) {
-    auto root = readFile(path);
+    MemoryBudget budget;
+    auto root = readFile(path, budget);
     auto* const dictionary = root ? root->as<PropertyList::Dictionary>() : nullptr;
     auto* const list = dictionary ? dictionary->find(listKey) : nullptr;
     auto* const elements = list ? list->as<PropertyList::Array>() : nullptr;
     BatchItems items;
-    if (elements) {
+    if (elements && budget.takeValues(elements->size() * valuesInAnItem)) {
         items.reserve(elements->size());
         for (auto& element : *elements)
             items.push_back(itemFromElement(std::move(element)));

@@ -14,13 +14,16 @@ namespace vexa {
 class KeyCache {
 public:
     /// The key that a file spells as `source`: the one made of it before, or what make(source)
-    /// now gives. The bytes of `source` must outlive the cache.
+    /// now gives, which may be nothing. The bytes of `source` must outlive the cache.
     template<typename Make>
-    PropertyListKey key(std::string_view source, Make make) {
+    std::optional<PropertyListKey> key(std::string_view source, Make make) {
         auto& slot = m_slots[hash(source) % m_slots.size()];
-        if (!slot || slot->source != source)
-            slot = Known{source, make(source)};
-        return slot->key;
+        if (slot && slot->source == source)
+            return slot->key;
+        auto made = make(source);
+        if (made)
+            slot = Known{source, *made};
+        return made;
     }
 
 private:

@@ -1,7 +1,6 @@
 #include "property_list/property_list_binary_reader.h"
 
 #include "property_list/KeyCache.h"
-#include "property_list/MemoryBudget.h"
 #include "property_list/property_list_limits.h"
 
 #include <QtEndian>
@@ -52,9 +51,20 @@ enum class Kind : std::uint8_t {
     dictionary = 0xD
 };
 
+std::size_t unitSize(Kind kind) { return kind == Kind::utf16 ? sizeof(char16_t) : 1; }
+
+/// Of the bytes of a string, or of data.
+std::size_t sizeInMemory(Kind kind, std::string_view bytes) {
+    return bytes.size() * (kind == Kind::latin1 ? sizeof(char16_t) : 1);
+}
+
+QString stringFrom(Kind kind, std::string_view bytes) {
+    return kind == Kind::latin1 ? QString::fromLatin1(bytes) : fromUtf16BigEndian(bytes);
+}
+
 class Reader {
 public:
-    explicit Reader(std::string_view file) : m_file(file) {}
+    Reader(std::string_view file, MemoryBudget& budget) : m_file(file), m_budget(budget) {}
 
     std::optional<PropertyList> propertyList();
 
@@ -80,8 +90,6 @@ private:
     std::optional<PropertyList> array(const Object& object, int depth);
     std::optional<PropertyList> dictionary(const Object& object, int depth);
     std::optional<PropertyListKey> key(std::uint64_t reference);
-    /// The bytes of a string or data, paid for.
-    std::optional<std::string_view> textBytes(const Object& object);
 
     std::string_view m_file;
     std::string_view m_objects; // with the header, so that offsets count from its start
@@ -89,7 +97,7 @@ private:
     std::size_t m_offsetSize = 0;
     std::size_t m_referenceSize = 0;
     KeyCache m_keys;
-    MemoryBudget m_budget;
+    MemoryBudget& m_budget;
 };
 
 std::optional<PropertyList> Reader::propertyList() {
@@ -113,7 +121,7 @@ std::optional<PropertyList> Reader::propertyList() {
 
     m_objects = m_file.substr(0, tableStart);
     m_offsets = m_file.substr(tableStart, tableEnd - tableStart);
-    if (!m_budget.take(1))
+    if (!m_budget.takeValues(1))
         return std::nullopt;
     return value(root, 1);
 }
@@ -206,32 +214,26 @@ std::optional<PropertyList> Reader::scalar(const Object& object) {
 }
 
 std::optional<PropertyList> Reader::text(const Object& object) {
-    const auto bytes = textBytes(object);
-    if (!bytes)
+    const auto bytes = elements(object, unitSize(object.kind));
+    if (!bytes || !m_budget.takeText(sizeInMemory(object.kind, *bytes)))
         return std::nullopt;
     if (object.kind == Kind::data)
         return PropertyList(QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())));
-    return PropertyList(object.kind == Kind::latin1 ? QString::fromLatin1(*bytes)
-                                                    : fromUtf16BigEndian(*bytes));
+    return PropertyList(stringFrom(object.kind, *bytes));
 }
 
 std::optional<PropertyListKey> Reader::key(std::uint64_t reference) {
     const auto opened = object(reference);
     if (!opened || (opened->kind != Kind::latin1 && opened->kind != Kind::utf16))
         return std::nullopt;
-    const auto bytes = textBytes(*opened);
-    if (!bytes)
+    const auto bytes = elements(*opened, unitSize(opened->kind));
+    if (!bytes || !m_budget.takeBytes(sizeInMemory(opened->kind, *bytes)))
         return std::nullopt;
-    if (opened->kind == Kind::utf16)
-        return fromUtf16BigEndian(*bytes);
-    return m_keys.key(*bytes, [](std::string_view latin1) { return QString::fromLatin1(latin1); });
-}
-
-std::optional<std::string_view> Reader::textBytes(const Object& object) {
-    const auto bytes = elements(object, object.kind == Kind::utf16 ? sizeof(char16_t) : 1);
-    if (!bytes || !m_budget.take(0, bytes->size() * (object.kind == Kind::latin1 ? 2 : 1)))
-        return std::nullopt;
-    return bytes;
+    const auto make = [this, kind = opened->kind](std::string_view text) {
+        return m_budget.takeKey() ? std::optional<PropertyListKey>(stringFrom(kind, text))
+                                  : std::nullopt;
+    };
+    return opened->kind == Kind::latin1 ? m_keys.key(*bytes, make) : make(*bytes);
 }
 
 std::optional<PropertyList> Reader::array(const Object& object, int depth) {
@@ -239,7 +241,7 @@ std::optional<PropertyList> Reader::array(const Object& object, int depth) {
     if (!references)
         return std::nullopt;
     const auto count = references->size() / m_referenceSize;
-    if (!m_budget.take(count))
+    if (!m_budget.takeValues(count))
         return std::nullopt;
 
     PropertyList::Array values;
@@ -258,7 +260,7 @@ std::optional<PropertyList> Reader::dictionary(const Object& object, int depth) 
     if (!references)
         return std::nullopt;
     const auto count = references->size() / m_referenceSize / 2;
-    if (!m_budget.take(count))
+    if (!m_budget.takeValues(count))
         return std::nullopt;
 
     std::vector<PropertyList::Entry> entries;
@@ -278,10 +280,10 @@ std::optional<PropertyList> Reader::dictionary(const Object& object, int depth) 
 
 } // namespace
 
-std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes) {
+std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes, MemoryBudget& budget) {
     if (bytes.size() > property_list::maximumInput)
         return std::nullopt;
-    return Reader({bytes.data(), static_cast<std::size_t>(bytes.size())}).propertyList();
+    return Reader({bytes.data(), static_cast<std::size_t>(bytes.size())}, budget).propertyList();
 }
 
 } // namespace vexa

@@ -5,8 +5,9 @@
 
 namespace vexa {
 
-std::optional<PropertyList> readPropertyList(QByteArrayView bytes) {
-    return bytes.startsWith("bplist") ? readBinaryPropertyList(bytes) : readXmlPropertyList(bytes);
+std::optional<PropertyList> readPropertyList(QByteArrayView bytes, MemoryBudget& budget) {
+    return bytes.startsWith("bplist") ? readBinaryPropertyList(bytes, budget)
+                                      : readXmlPropertyList(bytes, budget);
 }
 
 } // namespace vexa

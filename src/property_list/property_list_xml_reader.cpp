@@ -1,7 +1,6 @@
 #include "property_list/property_list_xml_reader.h"
 
 #include "property_list/KeyCache.h"
-#include "property_list/MemoryBudget.h"
 #include "property_list/property_list_limits.h"
 #include "property_list/utf8.h"
 #include "property_list/xml_encoding.h"
@@ -31,7 +30,7 @@ std::vector<T> takenFrom(std::vector<T>& all, std::size_t first) {
 /// that reads something leaves the position behind it, or gives up for good.
 class Reader {
 public:
-    explicit Reader(std::string_view utf8) : m_rest(utf8) {}
+    Reader(std::string_view utf8, MemoryBudget& budget) : m_rest(utf8), m_budget(budget) {}
 
     std::optional<PropertyList> propertyList();
 
@@ -63,7 +62,7 @@ private:
     std::string_view m_rest;
     std::string m_unescaped;
     KeyCache m_keys;
-    MemoryBudget m_budget;
+    MemoryBudget& m_budget;
     // Elements of the arrays and dictionaries that are not at their end yet.
     PropertyList::Array m_values;
     std::vector<PropertyList::Entry> m_entries;
@@ -156,16 +155,14 @@ std::optional<std::string_view> Reader::text(const Tag& tag) {
         if (verbatim && m_unescaped.empty() && m_rest.starts_with("</"))
             return endTag(tag.name) ? std::optional(piece) : std::nullopt;
 
-        if (verbatim)
-            m_unescaped += piece;
-        else if (!xml::appendUnescaped(piece, m_unescaped))
+        if (!m_budget.takeBytes(piece.size()) || !xml::appendUnescaped(piece, m_unescaped))
             return std::nullopt;
         if (!take("<![CDATA["))
             return endTag(tag.name) ? std::optional<std::string_view>(m_unescaped) : std::nullopt;
-        const auto data = m_rest;
-        if (!skipPast("]]>"))
+        const auto data = m_rest.substr(0, m_rest.find("]]>"));
+        if (!skipPast("]]>") || !m_budget.takeBytes(data.size()))
             return std::nullopt;
-        m_unescaped += data.substr(0, data.size() - m_rest.size() - 3);
+        m_unescaped += data;
     }
 }
 
@@ -184,7 +181,7 @@ std::optional<PropertyList> Reader::propertyList() {
 
 std::optional<PropertyList> Reader::value(int depth) {
     const auto tag = skipBetweenElements() ? startTag() : std::nullopt;
-    if (!tag || depth > property_list::maximumDepth || !m_budget.take(1))
+    if (!tag || depth > property_list::maximumDepth || !m_budget.takeValues(1))
         return std::nullopt;
     if (tag->name == "array")
         return array(*tag, depth);
@@ -203,7 +200,7 @@ std::optional<PropertyList> Reader::scalar(const Tag& tag) {
         return xml::realFromText(*content);
     if (tag.name == "date")
         return xml::dateFromText(*content);
-    if (tag.name == "data" && m_budget.take(0, content->size()))
+    if (tag.name == "data" && m_budget.takeText(content->size()))
         return PropertyList(QByteArray::fromBase64(
             QByteArray::fromRawData(content->data(), static_cast<qsizetype>(content->size()))));
     if ((tag.name == "true" || tag.name == "false") && content->empty())
@@ -213,7 +210,7 @@ std::optional<PropertyList> Reader::scalar(const Tag& tag) {
 
 std::optional<PropertyList> Reader::string(const Tag& tag) {
     const auto content = text(tag);
-    if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
+    if (!content || !m_budget.takeText(content->size() * sizeof(char16_t)))
         return std::nullopt;
     return PropertyList(stringFromUtf8(*content));
 }
@@ -261,22 +258,26 @@ std::optional<PropertyList> Reader::dictionary(const Tag& tag, int depth) {
 std::optional<PropertyListKey> Reader::key() {
     const auto tag = startTag();
     const auto content = tag && tag->name == "key" ? text(*tag) : std::nullopt;
-    if (!content || !m_budget.take(0, content->size() * sizeof(char16_t)))
+    if (!content || !m_budget.takeBytes(content->size() * sizeof(char16_t)))
         return std::nullopt;
+    const auto make = [this](std::string_view utf8) {
+        return m_budget.takeKey() ? std::optional<PropertyListKey>(stringFromUtf8(utf8))
+                                  : std::nullopt;
+    };
     const bool verbatim = content->data() != m_unescaped.data();
-    return verbatim ? m_keys.key(*content, stringFromUtf8)
-                    : PropertyListKey(stringFromUtf8(*content));
+    return verbatim ? m_keys.key(*content, make) : make(*content);
 }
 
 } // namespace
 
-std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes) {
+std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes, MemoryBudget& budget) {
     if (bytes.size() > property_list::maximumInput)
         return std::nullopt;
-    const auto utf8 = utf8FromXml(bytes);
+    const auto utf8 = utf8FromXml(bytes, budget);
     if (!utf8)
         return std::nullopt;
-    return Reader({utf8->constData(), static_cast<std::size_t>(utf8->size())}).propertyList();
+    return Reader({utf8->constData(), static_cast<std::size_t>(utf8->size())}, budget)
+        .propertyList();
 }
 
 } // namespace vexa

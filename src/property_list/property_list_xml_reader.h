@@ -1,5 +1,6 @@
 #pragma once
 
+#include "property_list/MemoryBudget.h"
 #include "property_list/PropertyList.h"
 
 #include <QByteArrayView>
@@ -13,6 +14,6 @@ namespace vexa {
 /// what follows the end of the property list is not looked at. There are no entities but the five
 /// of XML; a document type with declarations of its own is refused. Of several equal keys the
 /// last counts. Control characters and carriage returns in text are kept as they are.
-std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes);
+std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes, MemoryBudget& budget);
 
 } // namespace vexa

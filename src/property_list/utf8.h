@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringDecoder>
 
 #include <string_view>
 
@@ -9,10 +10,9 @@ namespace vexa {
 /// The text of valid UTF-8. Unlike QString's own conversion it keeps a U+FEFF at the start, which
 /// is a byte-order mark at the start of a file only.
 inline QString stringFromUtf8(std::string_view utf8) {
-    auto text = QString::fromUtf8(utf8);
-    if (utf8.starts_with("\uFEFF"))
-        text.prepend(QChar::ByteOrderMark);
-    return text;
+    if (!utf8.starts_with("\uFEFF"))
+        return QString::fromUtf8(utf8); // in half the time
+    return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(utf8);
 }
 
 /// Writes one character as UTF-8 and returns the end of it, at most four bytes on.

@@ -41,21 +41,33 @@ QByteArray declaredEncoding(QByteArrayView file) {
     return end < 0 ? QByteArray() : rest.sliced(1, end - 1).toByteArray();
 }
 
-std::optional<QByteArray> transcoded(QByteArrayView text, QStringDecoder decoder) {
-    // Piece by piece: the whole file as UTF-16 as well would be held for nothing.
+/// Calls take(utf8) with one piece of the text after the other: all of it as UTF-16 would be held
+/// for nothing. False if a byte is not valid.
+template<typename Take>
+bool transcode(QByteArrayView text, QStringDecoder& decoder, Take take) {
     constexpr qsizetype pieceSize = 1 << 16;
     QStringEncoder encoder(QStringConverter::Utf8);
-    QByteArray utf8;
+    decoder.resetState();
     for (qsizetype i = 0; i < text.size() && !decoder.hasError(); i += pieceSize)
-        utf8 += encoder(decoder(text.sliced(i, std::min(pieceSize, text.size() - i))));
-    if (!decoder.isValid() || decoder.hasError() || encoder.hasError())
+        take(QByteArray(encoder(decoder(text.sliced(i, std::min(pieceSize, text.size() - i))))));
+    return decoder.isValid() && !decoder.hasError() && !encoder.hasError();
+}
+
+std::optional<QByteArray> transcoded(QByteArrayView text, QStringDecoder decoder,
+                                     MemoryBudget& budget) {
+    qsizetype size = 0;
+    if (!transcode(text, decoder, [&size](const QByteArray& piece) { size += piece.size(); }) ||
+        !budget.takeBytes(static_cast<std::size_t>(size)))
         return std::nullopt;
+    QByteArray utf8;
+    utf8.reserve(size); // growing step by step, it would take twice as much
+    transcode(text, decoder, [&utf8](const QByteArray& piece) { utf8 += piece; });
     return utf8;
 }
 
 } // namespace
 
-std::optional<QByteArray> utf8FromXml(QByteArrayView file) {
+std::optional<QByteArray> utf8FromXml(QByteArrayView file, MemoryBudget& budget) {
     const auto mark = std::ranges::find_if(
         byteOrderMarks, [file](const auto& candidate) { return file.startsWith(candidate.bytes); });
     const bool marked = mark != byteOrderMarks.end();
@@ -66,8 +78,9 @@ std::optional<QByteArray> utf8FromXml(QByteArrayView file) {
     const bool utf8 = marked ? mark->encoding == QStringConverter::Utf8
                              : declared.isEmpty() || known == QStringConverter::Utf8;
     if (!utf8)
-        return transcoded(text, marked ? QStringDecoder(mark->encoding)
-                                       : QStringDecoder(declared.constData()));
+        return transcoded(
+            text, marked ? QStringDecoder(mark->encoding) : QStringDecoder(declared.constData()),
+            budget);
     if (!text.isValidUtf8())
         return std::nullopt;
     return QByteArray::fromRawData(text.data(), text.size());

@@ -1,5 +1,7 @@
 #include "batch/VexaBatchStripeData.h"
 #include "document/list_file.h"
+#include "property_list/BinaryFile.h"
+#include "support/PeakMemory.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -13,9 +15,11 @@
 #include <memory>
 #include <ostream>
 #include <random>
+#include <string>
 
 using namespace vexa;
 using namespace Qt::StringLiterals;
+using namespace vexa::test;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pointee;
@@ -147,6 +151,20 @@ TEST_F(ListFile, HasNoItemsWhereReadingWouldNeverEnd) {
     EXPECT_THAT(readListFile(path()), IsEmpty());
     EXPECT_THAT(readListFile(u"/dev/zero"_s), IsEmpty());
     EXPECT_THAT(readListFile(u"/proc/self/pagemap"_s), IsEmpty());
+}
+
+TEST_F(ListFile, TakesNoMoreThanAGibibyteWhateverItNames) {
+    if (!isMemoryOurs)
+        GTEST_SKIP() << "a sanitizer takes memory of its own";
+    // One byte for each row of the list, and every row the same element.
+    constexpr std::uint64_t rows = 8'300'000;
+    for (const std::string element : {"\xD0", "\xD1\1\1", "\x09", "\x50"}) {
+        BinaryFile binary{{}, 4, 1};
+        binary.objects = {"\xD1\1\2", "\x5D" + u"vexabatchlist"_s.toStdString(),
+                          "\xAF\x12" + bigEndianBytes(rows, 4) + std::string(rows, '\3'), element};
+        const auto bytes = binary.bytes();
+        EXPECT_LT(peakMemory([&] { readBytes(bytes); }), 1024) << "MiB";
+    }
 }
 
 TEST_F(ListFile, HasNoItemsInAnythingElse) {

@@ -10,6 +10,11 @@ using namespace vexa;
 
 namespace {
 
+std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes) {
+    MemoryBudget budget;
+    return readBinaryPropertyList(bytes, budget);
+}
+
 using Array = PropertyList::Array;
 using Date = PropertyList::Date;
 using Dictionary = PropertyList::Dictionary;

@@ -7,6 +7,11 @@ using namespace vexa;
 
 namespace {
 
+std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes) {
+    MemoryBudget budget;
+    return readXmlPropertyList(bytes, budget);
+}
+
 using Array = PropertyList::Array;
 using Date = PropertyList::Date;
 using Dictionary = PropertyList::Dictionary;

@@ -13,6 +13,11 @@ void PrintTo(const QByteArray& bytes, std::ostream* out) {
 
 namespace {
 
+std::optional<QByteArray> utf8FromXml(QByteArrayView file) {
+    MemoryBudget budget;
+    return utf8FromXml(file, budget);
+}
+
 QByteArray declaring(const char* encoding, const char* text) {
     return QByteArray("<?xml version='1.0' encoding='") + encoding + "'?>" + text;
 }
