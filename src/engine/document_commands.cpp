@@ -85,6 +85,7 @@ bool Vexa_RemoteAppDelegate::openFile(const QString& path) {
 }
 
 void Vexa_RemoteAppDelegate::openListWithURL(const QString& path) {
+    m_batchStripeData->clearBatchList(); // memory for two lists may be more than there is
     m_batchStripeData->replaceBatchList(readListFile(path));
     m_outlets.batchTable->reloadData();
     handleBatchControlEnabling();

@@ -1,6 +1,7 @@
 #include "document/list_file.h"
 #include "engine/menu_validation.h"
 #include "support/ControllerRig.h"
+#include "support/PeakMemory.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,6 +78,25 @@ struct DocumentCommands : testing::Test {
 private:
     std::unique_ptr<Vexa_RemoteAppDelegate> m_controller;
 };
+
+TEST_F(DocumentCommands, OpenHoldsOneListAtATime) {
+    if (!isMemoryOurs)
+        GTEST_SKIP() << "a sanitizer takes memory of its own";
+    const auto title = QString(1000, u'x');
+    BatchItems batch;
+    for (std::uint64_t id = 0; id < 20'000; ++id)
+        batch.push_back(
+            std::make_shared<BatchItem>(BatchItem{1, title + QString::number(id), 0, 1, 2, 0, id}));
+    ASSERT_TRUE(writeListFile(path("long"), batch));
+    batch.clear();
+    const auto peakOf = [&](int times) {
+        return peakMemory([&] {
+            for (int i = 0; i < times; ++i)
+                controller().openListWithURL(path("long"));
+        });
+    };
+    EXPECT_LT(peakOf(2), peakOf(1) + 20) << "MiB; the list takes 40";
+}
 
 struct Title {
     const char* file;
