@@ -41,7 +41,7 @@ private:
     void content(std::uint64_t value) { integer(value); }
     void content(std::int64_t value) { integer(value); }
     void content(double value) { element("real", xml::realText(value)); }
-    void content(PropertyList::Date value) { element("date", xml::dateText(value)); }
+    void content(PropertyList::Date value);
     void content(const QString& value) { element("string", value); }
     void content(const QByteArray& value);
     void content(const PropertyList::Array& value);
@@ -128,6 +128,13 @@ void Writer::append(QStringView text) {
         out = writeUtf8(character, out);
     }
     m_size = out - m_xml.constData();
+}
+
+void Writer::content(PropertyList::Date value) {
+    if (const auto text = xml::dateText(value))
+        element("date", *text);
+    else
+        content(value.seconds); // another date in its place would be a lie
 }
 
 void Writer::content(const QByteArray& value) {

@@ -1,6 +1,5 @@
 #include "property_list/xml_scalars.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -96,12 +95,13 @@ std::string realText(double number) {
     return {text.data(), end};
 }
 
-std::string dateText(PropertyList::Date date) {
-    constexpr auto first = seconds(sys_days(0y / January / 1) - reference).count();
-    constexpr auto last = seconds(sys_days(10000y / January / 1) - reference).count() - 1;
-    const auto whole =
-        std::isnan(date.seconds) ? 0 : std::clamp<double>(std::floor(date.seconds), first, last);
-    const auto time = reference + seconds(static_cast<std::int64_t>(whole));
+std::optional<std::string> dateText(PropertyList::Date date) {
+    constexpr double first = seconds(sys_days(0y / January / 1) - reference).count();
+    constexpr double end = seconds(sys_days(10000y / January / 1) - reference).count();
+    const bool isDate = date.seconds >= first && date.seconds < end;
+    if (!isDate) // nor is what is not a number
+        return std::nullopt;
+    const auto time = reference + seconds(static_cast<std::int64_t>(std::floor(date.seconds)));
     const year_month_day day(floor<days>(time));
     const hh_mm_ss clock(time - floor<days>(time));
 

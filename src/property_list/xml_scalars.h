@@ -26,8 +26,8 @@ std::optional<PropertyList> dateFromText(std::string_view text);
 /// "+infinity" or "-infinity".
 std::string realText(double number);
 
-/// What dateFromText() reads, in whole seconds, fractions rounded down. A moment before the year
-/// 0000 or after 9999 gives the nearest one within, no number at all 2001-01-01T00:00:00Z.
-std::string dateText(PropertyList::Date date);
+/// What dateFromText() reads, in whole seconds, fractions rounded down. Nothing for a moment before
+/// the year 0000 or after 9999, and for no moment at all.
+std::optional<std::string> dateText(PropertyList::Date date);
 
 } // namespace vexa::xml

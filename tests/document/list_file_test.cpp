@@ -20,6 +20,7 @@
 using namespace vexa;
 using namespace Qt::StringLiterals;
 using namespace vexa::test;
+using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pointee;
@@ -140,6 +141,26 @@ TEST_F(ListFile, GivesOddItemsTheRowsThatCanBeMadeOfThem) {
     EXPECT_EQ(cell(item_key::title, 5), "ordinary");
 }
 
+// A binary file may hold what XML has no place for.
+TEST_F(ListFile, KeepsTheNumberOfADateThatIsNone) {
+    BinaryFile binary;
+    binary.objects = {"\xD1\1\2",
+                      "\x5D"
+                      "vexabatchlist",
+                      "\xA1\3",
+                      "\xD2\4\5\6\7",
+                      "\x51"
+                      "k",
+                      "\x51"
+                      "l",
+                      "\x33\x7F\xF8" + std::string(6, '\0'),
+                      "\x33\x7E\x37\xE4\x3C\x88\x00\x75\x9C"s};
+    ASSERT_TRUE(writeListFile(path(), readBytes(binary.bytes())));
+    const auto written = read(path());
+    EXPECT_TRUE(written.contains("<key>k</key>\n\t\t\t<real>nan</real>")) << written.toStdString();
+    EXPECT_TRUE(written.contains("<key>l</key>\n\t\t\t<real>1.0000000000000001e+300</real>"));
+}
+
 TEST_F(ListFile, HasNoItemsWhereThereIsNoFile) {
     EXPECT_THAT(readListFile(path()), IsEmpty());
     EXPECT_THAT(readListFile({}), IsEmpty());
@@ -160,7 +181,7 @@ TEST_F(ListFile, TakesNoMoreThanAGibibyteWhateverItNames) {
     constexpr std::uint64_t rows = 8'300'000;
     for (const std::string element : {"\xD0", "\xD1\1\1", "\x09", "\x50"}) {
         BinaryFile binary{{}, 4, 1};
-        binary.objects = {"\xD1\1\2", "\x5D" + u"vexabatchlist"_s.toStdString(),
+        binary.objects = {"\xD1\1\2", "\x5D" + "vexabatchlist"s,
                           "\xAF\x12" + bigEndianBytes(rows, 4) + std::string(rows, '\3'), element};
         const auto bytes = binary.bytes();
         EXPECT_LT(peakMemory([&] { readBytes(bytes); }), 1024) << "MiB";

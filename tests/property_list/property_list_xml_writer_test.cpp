@@ -66,6 +66,13 @@ TEST(PropertyListXmlWriter, WritesNumbersInDecimal) {
     EXPECT_EQ(written(0.1), document("<real>0.10000000000000001</real>\n"));
 }
 
+// No date element could hold them, and one that held something else would be a lie.
+TEST(PropertyListXmlWriter, WritesMomentsThatAreNoDatesAsTheirNumberOfSeconds) {
+    const auto number = [](double seconds) { return written(PropertyList::Date{seconds}); };
+    EXPECT_EQ(number(1e300), document("<real>1.0000000000000001e+300</real>\n"));
+    EXPECT_EQ(number(std::numeric_limits<double>::quiet_NaN()), document("<real>nan</real>\n"));
+}
+
 TEST(PropertyListXmlWriter, WritesDatesInWholeSeconds) {
     EXPECT_EQ(written(PropertyList::Date{0.75}), document("<date>2001-01-01T00:00:00Z</date>\n"));
 }
