@@ -47,6 +47,7 @@ enum class Kind : std::uint8_t {
     data = 0x4,
     latin1 = 0x5,
     utf16 = 0x6,
+    uid = 0x8,
     array = 0xA,
     dictionary = 0xD
 };
@@ -87,6 +88,7 @@ private:
     std::optional<PropertyList> value(std::uint64_t reference, int depth);
     std::optional<PropertyList> scalar(const Object& object);
     std::optional<PropertyList> text(const Object& object);
+    std::optional<PropertyList> uid(const Object& object);
     std::optional<PropertyList> array(const Object& object, int depth);
     std::optional<PropertyList> dictionary(const Object& object, int depth);
     std::optional<PropertyListKey> key(std::uint64_t reference);
@@ -181,6 +183,8 @@ std::optional<PropertyList> Reader::value(std::uint64_t reference, int depth) {
     case Kind::latin1:
     case Kind::utf16:
         return text(*opened);
+    case Kind::uid:
+        return uid(*opened);
     case Kind::array:
         return array(*opened, depth);
     case Kind::dictionary:
@@ -220,6 +224,17 @@ std::optional<PropertyList> Reader::text(const Object& object) {
     if (object.kind == Kind::data)
         return PropertyList(QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())));
     return PropertyList(stringFrom(object.kind, *bytes));
+}
+
+/// The dictionary that stands for it in XML.
+std::optional<PropertyList> Reader::uid(const Object& object) {
+    static const PropertyListKey key(QStringLiteral("CF$UID"));
+    const auto size = std::size_t{object.size} + 1;
+    if (size > sizeof(std::uint64_t) || size > object.rest.size() || !m_budget.takeValues(1))
+        return std::nullopt;
+    PropertyList::Dictionary dictionary;
+    dictionary.set(key, PropertyList(bigEndian(object.rest.substr(0, size))));
+    return PropertyList(std::move(dictionary));
 }
 
 std::optional<PropertyListKey> Reader::key(std::uint64_t reference) {

@@ -76,6 +76,18 @@ INSTANTIATE_TEST_SUITE_P(
                     ObjectAndValue{"\x43\x00\xFF\x01"s, PropertyList(QByteArray("\0\xFF\1", 3))},
                     ObjectAndValue{"\x40", PropertyList(QByteArray())}));
 
+PropertyList uid(std::uint64_t number) {
+    Dictionary dictionary;
+    dictionary.set(QStringLiteral("CF$UID"), PropertyList(number));
+    return PropertyList(dictionary);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Uids, BinaryObject,
+    testing::Values(ObjectAndValue{"\x80\xFF", uid(255)}, ObjectAndValue{"\x82\1\0\2"s, uid(65538)},
+                    ObjectAndValue{"\x83\xFF\xFF\xFF\xFF", uid(4294967295)},
+                    ObjectAndValue{"\x87"s + std::string(8, '\xFF'), uid(largest)}));
+
 INSTANTIATE_TEST_SUITE_P(Containers, BinaryObject,
                          testing::Values(ObjectAndValue{"\xA0", PropertyList(Array())},
                                          ObjectAndValue{"\xD0", PropertyList(Dictionary())}));
@@ -140,9 +152,9 @@ using Objects = std::vector<std::string>;
 
 INSTANTIATE_TEST_SUITE_P(NotKnown, RefusedObjects,
                          testing::Values(Objects{"\x00"s}, Objects{"\x0F"}, Objects{"\x01"},
-                                         Objects{"\x80\x01"}, Objects{"\xC0"}, Objects{"\x70"},
-                                         Objects{"\x90"}, Objects{"\xB0"}, Objects{"\xE0"},
-                                         Objects{"\xF0"}, Objects{"\xA1\1", "\x00"s}));
+                                         Objects{"\xC0"}, Objects{"\x70"}, Objects{"\x90"},
+                                         Objects{"\xB0"}, Objects{"\xE0"}, Objects{"\xF0"},
+                                         Objects{"\xA1\1", "\x00"s}));
 
 INSTANTIATE_TEST_SUITE_P(WrongSize, RefusedObjects,
                          testing::Values(Objects{"\x10"}, Objects{"\x13\0\0\0"s},
@@ -152,7 +164,8 @@ INSTANTIATE_TEST_SUITE_P(WrongSize, RefusedObjects,
                                          Objects{"\x32\0\0\0\0"s}, Objects{"\x52"s + "a"},
                                          Objects{"\x61\0"s}, Objects{"\x5F"}, Objects{"\x5F\x50"},
                                          Objects{"\x5F\x23"s + std::string(8, '\0')},
-                                         Objects{"\x41"}));
+                                         Objects{"\x41"}, Objects{"\x80"}, Objects{"\x83\1\2\3"},
+                                         Objects{"\x88"s + std::string(9, '\0')}));
 
 INSTANTIATE_TEST_SUITE_P(HugeCount, RefusedObjects,
                          testing::Values(Objects{"\xAF\x13\x80"s + std::string(7, '\0')},
@@ -175,6 +188,7 @@ INSTANTIATE_TEST_SUITE_P(Cycle, RefusedObjects,
 INSTANTIATE_TEST_SUITE_P(KeyIsNoString, RefusedObjects,
                          testing::Values(Objects{"\xD1\1\1", "\x10\1"},
                                          Objects{"\xD1\1\1", "\x41k"},
+                                         Objects{"\xD1\1\1", "\x80\1"},
                                          Objects{"\xD1\0\1"s, "\x09"}));
 
 TEST(PropertyListBinaryReader, ReadsAsDeepAs512Values) {
