@@ -64,8 +64,20 @@ private:
     }
 };
 
+/// The text under a key as it stands in the file.
+std::optional<QString> text(const char* key) {
+    const auto value = Settings().value(QLatin1String(key));
+    if (!value.isValid())
+        return std::nullopt;
+    // QSettings takes a text with commas for a list.
+    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1Char(','))
+                                                    : value.toString();
+}
+
 double leadingNumber(const QString& text) {
-    const auto bytes = text.trimmed().toLower().toLatin1();
+    auto bytes = text.trimmed().toLower().toLatin1();
+    if (bytes.startsWith('+') && !bytes.startsWith("+-"))
+        bytes.remove(0, 1);
     if (bytes.startsWith("t") || bytes.startsWith("y"))
         return 1;
     double value = 0;
@@ -76,23 +88,20 @@ double leadingNumber(const QString& text) {
 } // namespace
 
 std::optional<double> number(const char* key) {
-    const auto value = Settings().value(QLatin1String(key));
-    if (!value.isValid())
-        return std::nullopt;
-    return leadingNumber(value.toString());
+    const auto found = text(key);
+    return found ? std::optional(leadingNumber(*found)) : std::nullopt;
 }
 
 std::optional<std::int64_t> integer(const char* key) {
-    const auto value = Settings().value(QLatin1String(key));
-    if (!value.isValid())
+    const auto found = text(key);
+    if (!found)
         return std::nullopt;
-    const auto text = value.toString();
     bool isWhole = false;
-    if (const auto whole = text.toLongLong(&isWhole); isWhole)
+    if (const auto whole = found->toLongLong(&isWhole); isWhole)
         return whole;
-    if (const auto whole = text.toULongLong(&isWhole); isWhole)
+    if (const auto whole = found->toULongLong(&isWhole); isWhole)
         return static_cast<std::int64_t>(whole);
-    const double real = leadingNumber(text);
+    const double real = leadingNumber(*found);
     constexpr double limit = 9.2e18; // what a double can hold of 64 bits without overflowing them
     return std::abs(real) < limit ? static_cast<std::int64_t>(real) : 0;
 }

@@ -28,8 +28,8 @@ inline constexpr auto columnWidthKeys = "columnwidth/";
 inline constexpr auto recentFilesKey = "recentfiles"; ///< paths, newest first
 
 /// The value under a key as a number, or nothing when the key is absent. A present value that is
-/// no number counts as its leading number ("7 seconds" is 7), "true" and "yes" as 1, all else
-/// as 0.
+/// no number counts as its leading number ("7 seconds" and "7,9" are 7), "true" and "yes" as 1, all
+/// else as 0.
 std::optional<double> number(const char* key);
 
 /// The same, truncated towards zero. Whole numbers of 64 bits, signed or not, pass unharmed.

@@ -78,7 +78,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Stored{"inf", 0, 0}, Stored{"1e300", 1e300, 0}, Stored{"-1", -1, -1},
                     Stored{"9007199254740993", 9007199254740992, 9007199254740993},
                     Stored{"18446744073709551615", 0x1p64, -1}, Stored{"0.5", 0.5, 0},
-                    Stored{"\" 7 \"", 7, 7}, Stored{"1, 2", 0, 0}));
+                    Stored{"\" 7 \"", 7, 7}, Stored{"1, 2", 1, 1}, Stored{"7,9", 7, 7},
+                    Stored{",9", 0, 0}, Stored{"+5", 5, 5}, Stored{"+5.5 s", 5.5, 5},
+                    Stored{"+-5", 0, 0}, Stored{"++5", 0, 0}, Stored{"+", 0, 0}));
 
 TEST_F(UserDefaults, SeveralAreWrittenAtOnce) {
     defaults::write({{"vexadelay", 7.5}, {"vexadefaultrate", 3LL}, {"vexapauseforreel", true}});
