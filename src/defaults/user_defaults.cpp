@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTemporaryFile>
 #include <QThread>
 #include <QVariant>
@@ -20,11 +21,22 @@ namespace vexa::defaults {
 
 namespace {
 
+QString settingsFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/vexa-remote/vexa-remote.ini");
+}
+
+/// Whether QSettings can be let loose on the file, or on its absence. Reading a pipe would never
+/// end, and reading many megabytes would keep the window away.
+bool isUsable() {
+    constexpr qint64 limit = 1 << 20;
+    const QFileInfo file(settingsFile());
+    return !file.exists() || (file.isFile() && file.size() <= limit);
+}
+
 class Settings : public QSettings {
 public:
-    Settings()
-        : QSettings(IniFormat, UserScope, QStringLiteral("vexa-remote"),
-                    QStringLiteral("vexa-remote")) {
+    Settings() : QSettings(settingsFile(), IniFormat) {
         allKeys(); // looks at every line
         if (status() == FormatError)
             keepCopy();
@@ -64,9 +76,14 @@ private:
     }
 };
 
+/// Invalid when there is none.
+QVariant stored(const char* key) {
+    return isUsable() ? Settings().value(QLatin1String(key)) : QVariant();
+}
+
 /// The text under a key as it stands in the file.
 std::optional<QString> text(const char* key) {
-    const auto value = Settings().value(QLatin1String(key));
+    const auto value = stored(key);
     if (!value.isValid())
         return std::nullopt;
     // QSettings takes a text with commas for a list.
@@ -106,9 +123,11 @@ std::optional<std::int64_t> integer(const char* key) {
     return std::abs(real) < limit ? static_cast<std::int64_t>(real) : 0;
 }
 
-QStringList texts(const char* key) { return Settings().value(QLatin1String(key)).toStringList(); }
+QStringList texts(const char* key) { return stored(key).toStringList(); }
 
 void write(std::initializer_list<Entry> entries) {
+    if (!isUsable())
+        return;
     Settings settings;
     if (!settings.awaitOthers() || !settings.hasRoom())
         return;

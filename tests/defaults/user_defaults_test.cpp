@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,7 +23,8 @@ using namespace vexa::test;
 namespace {
 
 struct UserDefaults : testing::Test {
-    UserDefaults() { QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path()); }
+    UserDefaults() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.path())); }
+    ~UserDefaults() override { qputenv("XDG_CONFIG_HOME", m_before); }
 
     QString path() const { return home.filePath(QStringLiteral("vexa-remote/vexa-remote.ini")); }
     QString copyPath() const { return path() + QLatin1Char('~'); }
@@ -38,6 +40,9 @@ struct UserDefaults : testing::Test {
     }
 
     const QTemporaryDir home;
+
+private:
+    const QByteArray m_before = qgetenv("XDG_CONFIG_HOME");
 };
 
 TEST_F(UserDefaults, AnAbsentKeyGivesNothing) {
@@ -141,6 +146,26 @@ TEST_F(UserDefaults, ADirectoryInPlaceOfTheFileCountsAsEmptyAndStays) {
     EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
     defaults::write({{"vexadelay", 3.0}});
     EXPECT_TRUE(QFileInfo(path()).isDir());
+}
+
+TEST_F(UserDefaults, APipeInPlaceOfTheFileCountsAsEmptyAndStays) {
+    QDir().mkpath(QFileInfo(path()).path());
+    ASSERT_EQ(mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
+    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
+    EXPECT_EQ(defaults::texts(defaults::recentFilesKey), QStringList());
+    defaults::write({{"vexadelay", 3.0}});
+    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
+    EXPECT_TRUE(QFile::exists(path()) && !QFileInfo(path()).isFile());
+}
+
+TEST_F(UserDefaults, AFileOfFiftyMegabytesCountsAsEmptyAndKeepsItsContent) {
+    const QByteArray line = "key=" + QByteArray(95, 'x') + '\n';
+    const QByteArray huge = "[General]\nvexadelay=9\n" + line.repeated(500'000);
+    writeFile(huge);
+    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
+    defaults::write({{"vexadelay", 3.0}});
+    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
+    EXPECT_EQ(contentOf(path()), huge);
 }
 
 TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
