@@ -34,6 +34,15 @@ bool isUsable() {
     return !file.exists() || (file.isFile() && file.size() <= limit);
 }
 
+/// The recent files are nobody else's business. A file that is not there yet is made first: one
+/// that QSettings makes may be read by all.
+void makePrivate(const QString& name) {
+    constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner;
+    QFile file(name);
+    if (file.open(QIODevice::ReadWrite, owner))
+        file.setPermissions(owner);
+}
+
 class Settings : public QSettings {
 public:
     Settings() : QSettings(settingsFile(), IniFormat) {
@@ -73,6 +82,7 @@ private:
         const auto copy = fileName() + QLatin1Char('~');
         QFile::remove(copy);
         QFile::copy(fileName(), copy);
+        makePrivate(copy);
     }
 };
 
@@ -131,6 +141,7 @@ void write(std::initializer_list<Entry> entries) {
     Settings settings;
     if (!settings.awaitOthers() || !settings.hasRoom())
         return;
+    makePrivate(settings.fileName());
     for (const auto& [key, value] : entries)
         settings.setValue(QLatin1String(key),
                           std::visit([](const auto& held) { return QVariant(held); }, value));

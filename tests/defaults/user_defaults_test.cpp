@@ -39,6 +39,13 @@ struct UserDefaults : testing::Test {
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    /// Whether group and others have no part in the file.
+    static bool isPrivate(const QString& name) {
+        const auto theirs = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
+                            QFile::WriteOther | QFile::ExeGroup | QFile::ExeOther;
+        return (QFile::permissions(name) & theirs) == QFile::Permissions();
+    }
+
     const QTemporaryDir home;
 
 private:
@@ -166,6 +173,25 @@ TEST_F(UserDefaults, AFileOfFiftyMegabytesCountsAsEmptyAndKeepsItsContent) {
     defaults::write({{"vexadelay", 3.0}});
     EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
     EXPECT_EQ(contentOf(path()), huge);
+}
+
+TEST_F(UserDefaults, AreNobodyElsesBusiness) {
+    const auto before = umask(0);
+    defaults::setTexts(defaults::recentFilesKey, {QStringLiteral("/reels/secret.vexaB")});
+    umask(before);
+    EXPECT_TRUE(isPrivate(path()));
+
+    ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner |
+                                                  QFile::ReadGroup | QFile::ReadOther));
+    defaults::write({{"vexadelay", 3.0}});
+    EXPECT_TRUE(isPrivate(path()));
+
+    writeFile("no settings\n");
+    ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner |
+                                                  QFile::ReadGroup | QFile::ReadOther));
+    defaults::write({{"vexadelay", 3.0}});
+    EXPECT_TRUE(isPrivate(path()));
+    EXPECT_TRUE(isPrivate(copyPath()));
 }
 
 TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
