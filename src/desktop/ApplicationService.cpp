@@ -7,6 +7,18 @@
 
 namespace vexa {
 
+namespace {
+
+/// Empty when there is none, or one that no desktop makes: it goes into the environment and, in
+/// small pieces, to the X server.
+QByteArray token(const QVariantMap& platformData, const QString& name) {
+    constexpr qsizetype longest = 4096;
+    const auto value = platformData.value(name).toByteArray();
+    return value.size() <= longest ? value : QByteArray();
+}
+
+} // namespace
+
 BusName ApplicationService::takeName() {
     if (!m_bus.isConnected())
         return BusName::NoBus;
@@ -19,13 +31,17 @@ BusName ApplicationService::takeName() {
 }
 
 void ApplicationService::Activate(const QVariantMap& platformData) {
-    Q_EMIT activated(platformData.value(QStringLiteral("activation-token")).toByteArray(),
-                     platformData.value(QStringLiteral("desktop-startup-id")).toByteArray());
+    Q_EMIT activated(token(platformData, QStringLiteral("activation-token")),
+                     token(platformData, QStringLiteral("desktop-startup-id")));
 }
 
 void ApplicationService::Open(const QStringList& uris, const QVariantMap& platformData) {
     Activate(platformData);
-    const auto path = firstLocalFile(QUrl::fromStringList(uris));
+    QList<QUrl> files;
+    for (const auto& uri : uris)
+        if (uri.size() <= longestFileUri)
+            files += QUrl(uri);
+    const auto path = firstLocalFile(files);
     if (!path.isEmpty())
         Q_EMIT fileOpened(path);
 }

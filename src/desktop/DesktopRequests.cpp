@@ -15,8 +15,10 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
     : m_window(window),
       m_controller(controller),
       m_openRequests([&controller](const QString& path) {
-          if (!QFileInfo(path).isDir()) // the list at hand is not given up for a folder
-              controller.openFile(path);
+          if (QFileInfo(path).isDir()) // the list at hand is not given up for a folder
+              return true;
+          controller.openFile(path);
+          return !controller.dirty(); // changes that are still there were not to be given up
       }),
       m_drops(window) {
     connect(&service, &ApplicationService::activated, this, &DesktopRequests::bringToFront);

@@ -13,12 +13,12 @@ void OpenRequests::add(const QString& path) {
 }
 
 void OpenRequests::openNext() {
-    if (QThread::currentThread()->loopLevel() > 1)
+    if (m_waiting.isEmpty() || QThread::currentThread()->loopLevel() > 1)
         return;
-    const auto path = m_waiting.takeFirst();
+    if (!m_open(m_waiting.takeFirst()))
+        m_waiting.clear();
     if (m_waiting.isEmpty())
         disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
-    m_open(path);
 }
 
 } // namespace vexa

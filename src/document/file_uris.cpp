@@ -14,9 +14,12 @@ bool isThisMachine(const QString& host) {
            host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
 }
 
-/// Null when there is none, or one that no QString can stand for: a name may be any bytes.
+/// Null when there is none that the system takes, or one that no QString can stand for: a name may
+/// be any bytes.
 QString pathOf(const QUrl& uri) {
     const auto bytes = QByteArray::fromPercentEncoding(uri.path(QUrl::FullyEncoded).toLatin1());
+    if (bytes.size() >= PATH_MAX || bytes.contains('\0'))
+        return {};
     const auto path = QFile::decodeName(bytes);
     return !path.isEmpty() && QFile::encodeName(path) == bytes ? path : QString();
 }

@@ -62,4 +62,27 @@ TEST_F(Service, OthersActivateItAndOpenFiles) {
     EXPECT_EQ(fileOpened[0], QVariantList{u"/a b"_s});
 }
 
+TEST_F(Service, TokensOfImmoderateLengthAreIgnored) {
+    const auto tokens = [](qsizetype length) {
+        return QVariantMap{{u"activation-token"_s, QString(length, u't')},
+                           {u"desktop-startup-id"_s, QString(length, u'i')}};
+    };
+    service.Activate(tokens(4096));
+    service.Activate(tokens(4097));
+    ASSERT_EQ(activated.size(), 2);
+    EXPECT_EQ(activated[0], (QVariantList{QByteArray(4096, 't'), QByteArray(4096, 'i')}));
+    EXPECT_EQ(activated[1], (QVariantList{QByteArray(), QByteArray()}));
+}
+
+TEST_F(Service, PathsOfImmoderateLengthAreIgnored) {
+    const QString prefix = u"file:///"_s;
+    service.Open({prefix + QString(17'000'000, u'a')}, {});
+    EXPECT_TRUE(fileOpened.isEmpty());
+    service.Open({prefix + QString(17'000'000, u'a'), prefix + u'b'}, {});
+    service.Open({prefix + u"%61"_s.repeated(4094)}, {});
+    ASSERT_EQ(fileOpened.size(), 2);
+    EXPECT_EQ(fileOpened[0], QVariantList{u"/b"_s});
+    EXPECT_EQ(fileOpened[1], QVariantList{u'/' + QString(4094, u'a')});
+}
+
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <QEventLoop>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -58,6 +59,22 @@ TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
     EXPECT_EQ(rig.alerts.shown.size(), 1u);
     EXPECT_TRUE(rig.controller.url().isNull());
     EXPECT_EQ(rig.controller.transportState(), transport::playing);
+}
+
+TEST_F(DesktopRequest, AsksOnceForAllTheFilesThatWait) {
+    rig.controller.addItemToBatchList(1, u"item"_s, 0, 1, 2, 0);
+    rig.alerts.answers = {alertThirdButton, alertSecondButton};
+    rig.alerts.whileShown = [&] { QTimer::singleShot(0, &program, &QEventLoop::quit); };
+    for (int i = 0; i < 3; ++i)
+        service.Open(uris, {});
+    program.exec();
+    EXPECT_EQ(rig.alerts.shown.size(), 1u);
+    EXPECT_TRUE(rig.controller.url().isNull());
+
+    service.Open(uris, {});
+    program.exec();
+    EXPECT_EQ(rig.alerts.shown.size(), 2u);
+    EXPECT_EQ(rig.controller.url(), file);
 }
 
 TEST_F(DesktopRequest, PassesOnTheLeaveToComeToTheFront) {

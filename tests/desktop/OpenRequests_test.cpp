@@ -23,12 +23,14 @@ struct FilesToOpen : testing::Test {
     qsizetype wanted = 0;
     QStringList opened;
     std::function<void()> whileOpening;
+    bool goOn = true;
     OpenRequests requests{[this](const QString& path) {
         opened += path;
         if (whileOpening)
             whileOpening();
         if (opened.size() == wanted)
             program.quit();
+        return goOn;
     }};
 };
 
@@ -68,6 +70,21 @@ TEST_F(FilesToOpen, WaitWhileAnotherFileIsOpened) {
     requests.add(u"a"_s);
     awaitOpened(2);
     EXPECT_EQ(opened, (QStringList{u"a"_s, u"b"_s}));
+}
+
+TEST_F(FilesToOpen, AreLetGoWhenOneIsNotOpenedAfterAll) {
+    whileOpening = [&] {
+        requests.add(u"meanwhile"_s);
+        goOn = false;
+    };
+    requests.add(u"a"_s);
+    requests.add(u"b"_s);
+    awaitOpened(1);
+    whileOpening = nullptr;
+    goOn = true;
+    requests.add(u"later"_s);
+    awaitOpened(2);
+    EXPECT_EQ(opened, (QStringList{u"a"_s, u"later"_s}));
 }
 
 } // namespace

@@ -63,6 +63,18 @@ TEST(FileUris, ANameThatIsNotUtf8IsNoFileHere) {
     EXPECT_EQ(firstLocalFile({latin1, mangled}), QString::fromUtf8("/caf\uFFFD.vexaB"));
 }
 
+TEST(FileUris, WhatTheSystemTakesForNoPathIsNone) {
+    const auto path = [](qsizetype length) {
+        return firstLocalFile({QUrl(QStringLiteral("file:///") + QString(length - 1, u'a'))});
+    };
+    EXPECT_EQ(path(4095).size(), 4095);
+    EXPECT_TRUE(path(4096).isNull());
+    EXPECT_TRUE(path(17'000'000).isNull());
+    EXPECT_TRUE(firstLocalFile({QUrl(QStringLiteral("file:///reels%00.vexaB"))}).isNull());
+    const QUrl next(QStringLiteral("file:///b"));
+    EXPECT_EQ(firstLocalFile({QUrl(QStringLiteral("file:///a%00")), next}), QStringLiteral("/b"));
+}
+
 TEST(FileUris, AFileHasAPath) {
     const QUrl empty(QStringLiteral("file:"));
     EXPECT_TRUE(firstLocalFile({empty}).isNull());
