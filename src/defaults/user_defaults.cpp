@@ -34,6 +34,17 @@ bool isUsable() {
     return !file.exists() || (file.isFile() && file.size() <= limit);
 }
 
+QString copyOf(const QString& file) { return file + QLatin1Char('~'); }
+
+/// Makes way for a new file where the one that is there is too long. False where it is no file.
+bool putAside() {
+    const auto file = settingsFile();
+    if (!QFileInfo(file).isFile())
+        return false;
+    QFile::remove(copyOf(file));
+    return QFile::rename(file, copyOf(file));
+}
+
 /// The recent files are nobody else's business. A file that is not there yet is made first: one
 /// that QSettings makes may be read by all.
 void makePrivate(const QString& name) {
@@ -79,7 +90,7 @@ public:
 
 private:
     void keepCopy() const {
-        const auto copy = fileName() + QLatin1Char('~');
+        const auto copy = copyOf(fileName());
         QFile::remove(copy);
         QFile::copy(fileName(), copy);
         makePrivate(copy);
@@ -136,7 +147,7 @@ std::optional<std::int64_t> integer(const char* key) {
 QStringList texts(const char* key) { return stored(key).toStringList(); }
 
 void write(std::initializer_list<Entry> entries) {
-    if (!isUsable())
+    if (!isUsable() && !putAside())
         return;
     Settings settings;
     if (!settings.awaitOthers() || !settings.hasRoom())

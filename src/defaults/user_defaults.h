@@ -13,10 +13,10 @@ namespace vexa {
 /// The settings that outlive a run, under the keys below, in an INI file below $XDG_CONFIG_HOME
 /// that only its owner may read. Every write is on disk when the call returns; a file that cannot
 /// be read counts as empty, and one that cannot be written keeps what it held; so does what is no
-/// regular file, and a file of more than a mebibyte. Of one that is no INI file, what can be read
-/// is kept, and the whole is copied to a file of its name and "~". Programs may write at once; one
-/// that holds the file for longer than half a second is not waited for, and nothing is written.
-/// Main thread only.
+/// regular file. Of one that is no INI file, what can be read is kept, and the whole is copied to a
+/// file of its name and "~"; one of more than a mebibyte counts as empty and is moved there by the
+/// next write. Programs may write at once; one that holds the file for longer than half a second is
+/// not waited for, and nothing is written. Main thread only.
 namespace defaults {
 
 inline constexpr auto delayKey = "vexadelay";           ///< seconds, real
