@@ -24,8 +24,10 @@ fetch_kernel() {
     package=$(apt-cache depends linux-image-amd64 | awk '$1 == "Depends:" { print $2; exit }')
     rm -rf fetched && mkdir fetched
     (cd fetched && apt-get -qq -o APT::Sandbox::User=root download "$package")
-    dpkg-deb --fsys-tarfile fetched/*.deb | tar -x -C fetched --wildcards './boot/vmlinuz-*' \
-        './lib/modules/*/modules.*' './lib/modules/*/kernel/'{sound,fs,drivers/{media,usb}}
+    # Modules lie in /lib or in /usr/lib, by the release of Debian.
+    dpkg-deb --fsys-tarfile fetched/*.deb |
+        tar -x -C fetched --transform 's|^\./usr/|./|' --wildcards './boot/vmlinuz-*' \
+            './*lib/modules/*/modules.*' './*lib/modules/*/kernel/'{sound,fs,drivers/{media,usb}}
     rm fetched/*.deb
     mv fetched kernel
 }
@@ -38,6 +40,7 @@ copy_modules() {
         awk '$1 == "insmod" { print $2 }' | sort -u | sed "s|^$PWD/kernel/||" |
         cpio --quiet -pd -D kernel "$PWD/root"
     cp kernel/lib/modules/*/modules.{builtin,builtin.modinfo,order} "root/lib/modules/$version"
+    find root/lib/modules -name '*.xz' -exec busybox unxz {} + # as newer Debians pack them
     depmod -b root "$version"
 }
 
@@ -53,6 +56,7 @@ rm -rf root && mkdir -p root/{bin,sbin,dev,proc,sys,tmp,lib/modules,usr/share/al
 copy_modules
 copy_with_libraries "$@" "$(command -v aseqdump)" "$(command -v aplaymidi)"
 cp /usr/share/alsa/alsa.conf root/usr/share/alsa
+cp -r --parents /usr/lib/locale/C.utf8 root
 cp "$(command -v busybox)" root/bin
 ln -s ../bin/busybox root/sbin/modprobe
 cp -r "$here"/{init,scenarios} root
