@@ -14,7 +14,7 @@ import unittest
 import machine
 
 STOP = "F0 7D 42 00 00 00 00 00 F7"
-RUN_SECONDS = 200
+RUN_SECONDS = 280
 RESTARTED = ["usb/order", "usb/same_serial_number", "usb/serial_number"]
 
 binaries, work = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
@@ -60,12 +60,12 @@ class SequencerTest(unittest.TestCase):
     maxDiff = None
 
     def assert_ended_on_time(self, result, seconds):
-        """A stripe of so many seconds. Three more are for the start of the program and a farewell
-        to a device; one that is waited for takes ten."""
+        """A stripe of so many seconds. Nine more are for the start of the program on a busy machine
+        and a farewell to a device; one that is waited for takes ten."""
         self.assertEqual(result.number("status"), 0)
         self.assertEqual(result.text("errors"), "")
         self.assertGreaterEqual(result.number("seconds"), seconds)
-        self.assertLess(result.number("seconds"), seconds + 3)
+        self.assertLess(result.number("seconds"), seconds + 9)
 
     def test_a_virtual_port_is_listed_and_receives_all_frames_in_order(self):
         result = Result("sequencer/virtual_port")
