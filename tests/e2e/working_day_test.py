@@ -65,7 +65,7 @@ class TenReels(DeviceTest):
 
     def setUp(self):
         super().setUp()
-        self.write_settings(vexadelay=3)
+        self.write_settings(vexadelay=8)  # a busy machine takes some of it for an edit
         self.window, self.batch, self.file = self.open_list(self.REELS)
 
     def row_of(self, reel):
