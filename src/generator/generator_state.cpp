@@ -46,6 +46,9 @@ std::string GeneratorState::act(const StartFrame& start, Moment arrival) {
 std::string GeneratorState::act(const StopFrame&, Moment arrival) {
     std::string text = "stop";
     if (m_phase == Phase::Running && m_setup->mode.rate) {
+        // Anew: the time shown may be past the arrival of a stop that is read late.
+        m_time = m_setup->time;
+        m_counted = 0;
         countUntil(arrival);
         text += " at " + timecodeText(m_time);
     }

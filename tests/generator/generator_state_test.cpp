@@ -96,6 +96,14 @@ TEST(GeneratorState, TimeDoesNotGoBack) {
     EXPECT_EQ(state.status(zero + std::chrono::seconds(1)), "running 00:00:02:00 30 fps MTC");
 }
 
+TEST(GeneratorState, AStopThatIsReadLateCountsByItsArrival) {
+    GeneratorState state;
+    state.take(setup("00:00:59:20", sync::dtl, rate::fps30Drop), zero);
+    state.take(start("00:00:59:20"), zero);
+    EXPECT_EQ(state.status(afterFrames(12, rate::fps30Drop)), "running 00:01:00:04 30 df DTL");
+    EXPECT_EQ(state.take(StopFrame{}, afterFrames(11, rate::fps30Drop)), "stop at 00:01:00:03");
+}
+
 TEST(GeneratorState, ShowsTheStartTimeWhereTheRateIsUnknown) {
     GeneratorState state;
     EXPECT_EQ(state.take(setup("00:59:59:29", sync::fsk, std::nullopt), zero),
