@@ -1,4 +1,6 @@
 #include "app/command_line.h"
+#include "app/destination_choice.h"
+#include "support/FakeMidiSystem.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -21,10 +23,13 @@ void check(const CommandLine& line) {
     expect(!line.rate || *line.rate < rate::count);
     if (!line.destination)
         return;
-    const std::vector<std::string> names{"Timecode Box MIDI 1", "Timecode Box MIDI 2", "", "Midi"};
-    const auto found = destinationNamed(*line.destination, names);
+    test::FakeMidiSystem system;
+    MidiUniqueId id = -1608722274;
+    for (const auto* name : {"Timecode Box MIDI 1", "Timecode Box MIDI 2", "", "Midi"})
+        system.addDestination(name, ++id);
+    const auto found = destinationNamed(*line.destination, system);
     if (const auto* position = std::get_if<std::int64_t>(&found))
-        expect(*position >= 0 && *position < static_cast<std::int64_t>(names.size()));
+        expect(*position >= 0 && *position < 4);
     else
         expect(!std::get<CommandLineError>(found).message.isEmpty());
 }

@@ -20,10 +20,11 @@ const QCommandLineOption midiOption{QStringLiteral("midi"),
                                     QStringLiteral("system")};
 const QCommandLineOption destinationOption{
     QStringLiteral("destination"),
-    QStringLiteral("Destination: its position in the list, or any part of its name."),
+    QStringLiteral("Destination: its position in the list, its ID, or any part of its name."),
     QStringLiteral("name")};
 const QCommandLineOption destinationsOption{
-    QStringLiteral("destinations"), QStringLiteral("List positions, IDs and names, and exit.")};
+    QStringLiteral("destinations"),
+    QStringLiteral("List positions, IDs, names and whereabouts, and exit.")};
 const QCommandLineOption stripeOption{QStringLiteral("stripe"),
                                       QStringLiteral("Stripe in the terminal, without a window.")};
 const QCommandLineOption startOption{
@@ -62,19 +63,25 @@ QString nameOf(const QCommandLineOption& option) {
     return QStringLiteral("--") + option.names().constLast();
 }
 
-/// Codes are chosen by the names the operator reads; blanks and the case of letters are free.
+/// Codes are chosen by the names the operator reads; blanks and the case of letters are free, and
+/// so is a unit at the end.
 template<typename NameOfCode>
 std::uint64_t codeNamed(const QCommandLineOption& option, const QString& name, std::uint64_t codes,
                         NameOfCode nameOfCode) {
-    const auto plain = [](QString text) { return text.remove(QLatin1Char(' ')).toLower(); };
+    const auto plain = [](QString text) {
+        text = text.remove(QLatin1Char(' ')).toLower();
+        return text.endsWith(QLatin1String("fps")) ? text.chopped(3) : text;
+    };
+    QStringList choices;
     for (std::uint64_t code = 0; code < codes; ++code) {
         const std::string_view known = nameOfCode(code);
-        if (plain(QString::fromUtf8(known.data(), static_cast<qsizetype>(known.size()))) ==
-            plain(name))
+        choices += QString::fromUtf8(known.data(), static_cast<qsizetype>(known.size()));
+        if (plain(choices.constLast()) == plain(name))
             return code;
     }
-    throw Refusal{
-        QStringLiteral("%1: no such %2: \"%3\"").arg(nameOf(option), option.valueName(), name)};
+    const auto last = choices.takeLast();
+    throw Refusal{QStringLiteral("%1 takes %2 or %3, not \"%4\"")
+                      .arg(nameOf(option), choices.join(QStringLiteral(", ")), last, name)};
 }
 
 Timecode timeFrom(const QCommandLineOption& option, const QString& text) {
@@ -92,7 +99,7 @@ MidiChoice midiNamed(const QString& name) {
         return MidiChoice::Jack;
     if (name == QLatin1String("none"))
         return MidiChoice::None;
-    throw Refusal{QStringLiteral("--midi: no such system: \"%1\"").arg(name)};
+    throw Refusal{QStringLiteral("--midi takes alsa, jack or none, not \"%1\"").arg(name)};
 }
 
 /// "1,3-5": numbers as the operator counts them, in any order.
@@ -193,29 +200,6 @@ QString commandLineHelp() {
     QCommandLineParser parser;
     describeOptions(parser);
     return parser.helpText();
-}
-
-std::variant<std::int64_t, CommandLineError>
-destinationNamed(const QString& name, const std::vector<std::string>& list) {
-    bool isNumber = false;
-    const auto position = name.toULongLong(&isNumber);
-    if (isNumber && position < list.size())
-        return static_cast<std::int64_t>(position);
-    QStringList matches;
-    std::int64_t match = 0;
-    for (std::size_t i = 0; i < list.size(); ++i)
-        if (const auto known = QString::fromStdString(list[i]);
-            known.contains(name, Qt::CaseInsensitive)) {
-            matches += known;
-            match = static_cast<std::int64_t>(i);
-        }
-    if (matches.size() == 1)
-        return match;
-    if (matches.isEmpty())
-        return CommandLineError{QStringLiteral("no MIDI destination matches \"%1\"").arg(name)};
-    return CommandLineError{
-        QStringLiteral("\"%1\" matches %2 MIDI destinations: %3")
-            .arg(name, QString::number(matches.size()), matches.join(QStringLiteral(", ")))};
 }
 
 } // namespace vexa

@@ -8,9 +8,7 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <variant>
-#include <vector>
 
 namespace vexa {
 
@@ -22,7 +20,7 @@ struct CommandLine {
 
     Mode mode = Mode::Window;
     MidiChoice midi = MidiChoice::Automatic;
-    std::optional<QString> destination; ///< a position in the list, or part of one name
+    std::optional<QString> destination; ///< a position in the list, an ID, or part of one name
     std::optional<Timecode> start;
     std::optional<Timecode> stop;
     std::optional<std::uint64_t> rate;
@@ -41,10 +39,5 @@ std::variant<CommandLine, CommandLineError> parseCommandLine(const QStringList& 
 
 /// The text for --help.
 QString commandLineHelp();
-
-/// Finds the destination that the operator named: a position in the list, counted from 0, or any
-/// part of exactly one name, in either case of letters.
-std::variant<std::int64_t, CommandLineError> destinationNamed(const QString& name,
-                                                              const std::vector<std::string>& list);
 
 } // namespace vexa

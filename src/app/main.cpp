@@ -1,5 +1,7 @@
 #include "app/MainWindow.h"
 #include "app/command_line.h"
+#include "app/complaint.h"
+#include "app/destination_choice.h"
 #include "app/midi_choice.h"
 #include "app/terminal_stripe.h"
 #include "app/termination_signals.h"
@@ -12,7 +14,6 @@
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
-#include "midi/display_name.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -20,6 +21,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <functional>
 #include <future>
 #include <optional>
 
@@ -28,7 +30,7 @@ namespace {
 using namespace vexa;
 
 int refuse(const QString& message, int exitCode = 2) {
-    std::fprintf(stderr, "vexa-remote: %s\n", qUtf8Printable(message));
+    complain(message);
     return exitCode;
 }
 
@@ -44,24 +46,28 @@ std::optional<QStringList> argumentsOf(int argc, char* argv[]) {
 }
 
 int listDestinations(MidiSystem& system) {
-    const auto names = destinationNames(system);
-    for (std::size_t i = 0; i < names.size(); ++i)
-        std::printf("%zu\t%d\t%s\n", i, system.uniqueId(system.destination(i)).value_or(0),
-                    names[i].c_str());
+    const auto table = destinationTable(system);
+    std::fputs(table.c_str(), stdout);
+    if (table.empty())
+        complain(QStringLiteral("there are no MIDI destinations"));
     return 0;
 }
 
-/// Makes that system the one to use, with the destination that was asked for.
-std::optional<CommandLineError> takeUp(MidiSystem& system, const CommandLine& line) {
+/// Makes that system the one to use and, once it has been reached, the destination that was asked
+/// for; or else has told what was wrong.
+void takeUp(MidiSystem& system, const CommandLine& line,
+            const std::function<void(const QString& fault)>& onFault) {
     Vexa_MIDI_Manager::setMidiSystem(&system);
     if (!line.destination)
-        return {};
-    const auto found = destinationNamed(*line.destination, destinationNames(system));
-    if (const auto* error = std::get_if<CommandLineError>(&found))
-        return *error;
-    Vexa_MIDI_Manager::sharedMidiManager().connectToDestinationAtIndex(
-        *std::get_if<std::int64_t>(&found));
-    return {};
+        return;
+    auto& manager = Vexa_MIDI_Manager::sharedMidiManager();
+    system.whenReached([&system, &manager, name = *line.destination, onFault] {
+        const auto found = destinationNamed(name, system);
+        if (const auto* error = std::get_if<CommandLineError>(&found))
+            onFault(error->message);
+        else
+            manager.connectToDestinationAtIndex(*std::get_if<std::int64_t>(&found));
+    });
 }
 
 /// Whether the program that is running already has taken over what was asked of this one. A MIDI
@@ -74,7 +80,7 @@ bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVa
         return false;
     if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
         return true;
-    std::fputs("vexa-remote: the one that is running does not answer; here is another\n", stderr);
+    complain(QStringLiteral("the one that is running does not answer; here is another"));
     service.takeName(); // it may have been about to end, and later launches come here
     return false;
 }
@@ -95,8 +101,13 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     const auto system = opening.get();
     if (!system)
         return 0;
-    if (const auto error = takeUp(*system, line))
-        return refuse(error->message);
+    int failure = 0;
+    takeUp(*system, line, [&failure](const QString& fault) {
+        failure = refuse(fault);
+        QCoreApplication::exit(failure); // where the window is there by then
+    });
+    if (failure != 0)
+        return failure;
     TimerfdRunLoop runLoop;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
@@ -112,12 +123,14 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
 }
 
 int runInTerminal(const CommandLine& line) {
+    const bool stripes = line.mode == CommandLine::Mode::Stripe;
     const auto system = openMidiSystem(line.midi);
-    if (line.mode == CommandLine::Mode::Destinations)
+    system->numberOfDestinations(); // nothing else is to be done meanwhile: it is waited for
+    if (!stripes)
         return listDestinations(*system);
-    if (const auto error = takeUp(*system, line))
-        return refuse(error->message);
-    return stripeInTerminal(line);
+    int failure = 0;
+    takeUp(*system, line, [&failure](const QString& fault) { failure = refuse(fault); });
+    return failure != 0 ? failure : stripeInTerminal(line);
 }
 
 bool hasDisplay() {

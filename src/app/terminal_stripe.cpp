@@ -1,14 +1,14 @@
 #include "app/terminal_stripe.h"
 
+#include "app/complaint.h"
 #include "app/terminal_outlets.h"
 #include "app/termination_signals.h"
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
+#include "text/printable.h"
 
 #include <QCoreApplication>
-
-#include <cstdio>
 
 namespace vexa {
 
@@ -97,8 +97,9 @@ private:
         const auto& rate = frameRateForCode(m_controller.frameRate());
         if (isValid(time, rate))
             return true;
-        std::fprintf(stderr, "vexa-remote: there is no %s time %s at %s\n", what,
-                     timecodeText(time).c_str(), std::string(rate.name).c_str());
+        complain(QStringLiteral("there is no %1 time %2 at %3")
+                     .arg(QString::fromLatin1(what), QString::fromStdString(timecodeText(time)),
+                          QString::fromStdString(std::string(rate.name))));
         return false;
     }
 
@@ -106,8 +107,7 @@ private:
         m_controller.openListWithURL(line.file);
         const auto items = m_controller.batchStripeData().numItems();
         if (items == 0 || (!line.rows.empty() && *line.rows.rbegin() >= items)) {
-            std::fprintf(stderr, "vexa-remote: %s has %llu items\n", qUtf8Printable(line.file),
-                         static_cast<unsigned long long>(items));
+            complain(QStringLiteral("%1 has %2 items").arg(line.file, QString::number(items)));
             return false;
         }
         m_controller.setUseBatch(true);
@@ -121,7 +121,7 @@ private:
     void showItem(const BatchItemRef& item) {
         m_countdown.stop();
         const auto title = m_controller.batchStripeData().titleOfItem(item).toStdString();
-        m_clock.setHeading((title.empty() ? "(no title)" : title) + "  " +
+        m_clock.setHeading((title.empty() ? "(no title)" : printable(title)) + "  " +
                            text(m_controller.currentTime()) + " to " +
                            text(m_controller.currentStopTime()) + ", " + codes(m_controller));
     }

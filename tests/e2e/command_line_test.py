@@ -30,11 +30,15 @@ class CommandLine(ProgramTest):
             [""],
             [b"caf\xe9.vexaB"],
             [tempfile.gettempdir()],
+            ["--stripe", "\x1b]0;a\n"],
+            ["--\x1b]0;a\n"],
+            [*STRIPE, "--destination", "\x1b]0;a\n"],
         ):
             with self.subTest(arguments=arguments):
                 done = program.run(*arguments)
                 self.assertEqual((done.returncode, done.stdout), (2, ""))
                 self.assertRegex(done.stderr, r"\Avexa-remote: .+\n\Z")
+                self.assertNotIn("\x1b", done.stderr)
 
     def test_keeps_its_arguments_to_itself(self):
         """What stands behind an option is the option's, not Qt's."""
@@ -58,7 +62,8 @@ class CommandLine(ProgramTest):
 
     def test_lists_no_destinations_without_midi(self):
         done = program.run("--midi", "none", "--destinations")
-        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+        self.assertEqual((done.returncode, done.stdout), (0, ""))
+        self.assertEqual(done.stderr, "vexa-remote: there are no MIDI destinations\n")
 
 
 class Destinations(DeviceTest):

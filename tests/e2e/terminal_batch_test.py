@@ -84,6 +84,12 @@ class TerminalBatch(DeviceTest):
         os.close(terminal)
         self.expect_messages(STOP, STOP, *stripe(ONE), STOP, STOP)
 
+    def test_a_title_cannot_write_to_the_terminal(self):
+        self.file.write_bytes(list_file([ONE._replace(title="a\n\x9b2J\u202eb")]))
+        self.stripe_list(answers="")
+        self.assertIn(r"a\x0A\u009B2J\u202Eb  01:00:00:00 to", self.done.stdout)
+        self.expect_messages(STOP, *run([ONE]))
+
 
 if __name__ == "__main__":
     unittest.main()
