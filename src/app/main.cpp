@@ -3,6 +3,7 @@
 #include "app/complaint.h"
 #include "app/destination_choice.h"
 #include "app/midi_choice.h"
+#include "app/stripe_obstacle.h"
 #include "app/terminal_stripe.h"
 #include "app/termination_signals.h"
 #include "controls/AccessibleButton.h"
@@ -124,13 +125,15 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
 
 int runInTerminal(const CommandLine& line) {
     const bool stripes = line.mode == CommandLine::Mode::Stripe;
+    if (const auto obstacle = stripes ? obstacleToStripe(line) : std::nullopt)
+        return refuse(obstacle->message);
     const auto system = openMidiSystem(line.midi);
     system->numberOfDestinations(); // nothing else is to be done meanwhile: it is waited for
     if (!stripes)
         return listDestinations(*system);
     int failure = 0;
     takeUp(*system, line, [&failure](const QString& fault) { failure = refuse(fault); });
-    return failure != 0 ? failure : stripeInTerminal(line);
+    return failure != 0 ? failure : stripeInTerminal(line, *system);
 }
 
 bool hasDisplay() {

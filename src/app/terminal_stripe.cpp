@@ -6,15 +6,18 @@
 #include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
+#include "midi/display_name.h"
 #include "text/printable.h"
 
 #include <QCoreApplication>
+
+#include <cstdio>
 
 namespace vexa {
 
 namespace {
 
-constexpr int wrongArguments = 2;
+constexpr int noDestination = 3;
 constexpr int interrupted = 130;
 
 std::string text(std::uint64_t packed) {
@@ -39,12 +42,15 @@ public:
         };
     }
 
-    /// False, with a line that says why, when there is no such stripe.
-    bool setUp(const CommandLine& line) {
-        return line.file.isNull() ? setUpSingle(line) : setUpList(line);
+    void setUp(const CommandLine& line) {
+        if (line.file.isNull())
+            setUpSingle(line);
+        else
+            setUpList(line);
     }
 
-    int run() {
+    /// atItsEnd: the exit code of a run that is not interrupted.
+    int run(int atItsEnd) {
         bool wasInterrupted = false;
         const TerminationSignals signals([&] {
             wasInterrupted = true;
@@ -57,7 +63,7 @@ public:
             [&] {
                 if (m_controller.transportState() == transport::stopped)
                     QCoreApplication::exit(wasInterrupted || m_alerts.wentUnanswered() ? interrupted
-                                                                                       : 0);
+                                                                                       : atItsEnd);
             },
             Qt::QueuedConnection);
         // The list comes after all that was sent before it: by then the way to the generator is
@@ -77,45 +83,26 @@ private:
         return outlets;
     }
 
-    bool setUpSingle(const CommandLine& line) {
+    void setUpSingle(const CommandLine& line) {
         if (line.rate)
             m_controller.handleFrameRateMenuItems(*line.rate);
         if (line.type)
             m_controller.handleSyncTypeMenuItems(*line.type);
-        if (!existsHere("start", *line.start) || (line.stop && !existsHere("stop", *line.stop)))
-            return false;
         const auto stop = pack(line.stop.value_or(Timecode{}));
         m_controller.setStartTime(pack(*line.start), stop, {});
         if (line.stop)
             m_controller.setStopTimeSet(true, stop, {});
         m_clock.setHeading(text(m_controller.startTime()) +
                            (line.stop ? " to " + text(stop) : " on") + ", " + codes(m_controller));
-        return true;
     }
 
-    bool existsHere(const char* what, const Timecode& time) const {
-        const auto& rate = frameRateForCode(m_controller.frameRate());
-        if (isValid(time, rate))
-            return true;
-        complain(QStringLiteral("there is no %1 time %2 at %3")
-                     .arg(QString::fromLatin1(what), QString::fromStdString(timecodeText(time)),
-                          QString::fromStdString(std::string(rate.name))));
-        return false;
-    }
-
-    bool setUpList(const CommandLine& line) {
+    void setUpList(const CommandLine& line) {
         m_controller.openListWithURL(line.file);
-        const auto items = m_controller.batchStripeData().numItems();
-        if (items == 0 || (!line.rows.empty() && *line.rows.rbegin() >= items)) {
-            complain(QStringLiteral("%1 has %2 items").arg(line.file, QString::number(items)));
-            return false;
-        }
         m_controller.setUseBatch(true);
         if (!line.rows.empty()) {
             m_progress.selectRows(line.rows);
             m_controller.setBatchMode(batchModeSelected);
         }
-        return true;
     }
 
     void showItem(const BatchItemRef& item) {
@@ -149,9 +136,17 @@ private:
 
 } // namespace
 
-int stripeInTerminal(const CommandLine& line) {
+int stripeInTerminal(const CommandLine& line, MidiSystem& system) {
+    const auto destination = Vexa_MIDI_Manager::sharedMidiManager().dest();
+    const bool isExpected = destination || line.midi == MidiChoice::None;
+    if (!isExpected)
+        complain(QStringLiteral("there is no MIDI destination: nothing will be sent"));
+    else
+        std::printf("Destination: %s\n",
+                    destination ? printable(destinationName(system, destination)).c_str() : "none");
     TerminalStripe stripe;
-    return stripe.setUp(line) ? stripe.run() : wrongArguments;
+    stripe.setUp(line);
+    return stripe.run(isExpected ? 0 : noDestination);
 }
 
 } // namespace vexa

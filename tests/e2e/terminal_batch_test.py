@@ -37,6 +37,7 @@ class TerminalBatch(DeviceTest):
         self.assertEqual(
             [line for position, line in enumerate(lines) if line != lines[position - 1]],
             [
+                "Destination: midi-monitor:input",
                 "one  01:00:00:00 to 01:00:00:10, 30 fps, MTC  01:00:00:00",
                 pause,
                 "(no title)  02:00:00:00 to 02:00:00:10, 25 fps, DTL  02:00:00:00",
@@ -89,6 +90,13 @@ class TerminalBatch(DeviceTest):
         self.stripe_list(answers="")
         self.assertIn(r"a\x0A\u009B2J\u202Eb  01:00:00:00 to", self.done.stdout)
         self.expect_messages(STOP, *run([ONE]))
+
+    def test_a_list_that_cannot_be_striped_sends_nothing(self):
+        arguments = [str(self.file), "--rows", "4"], ["nowhere.vexaB"]
+        for wrong in arguments:
+            done = program.run("--midi", "jack", "--stripe", *wrong)
+            self.assertEqual((done.returncode, done.stdout), (2, ""))
+        self.expect_messages()
 
 
 if __name__ == "__main__":

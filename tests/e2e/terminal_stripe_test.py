@@ -1,5 +1,6 @@
 """A stripe in the terminal, seen by a receiver on a JACK server."""
 
+import os
 import signal
 import time
 import unittest
@@ -29,7 +30,9 @@ class TerminalStripe(DeviceTest):
         done = program.run(*stripe("23:59:57:10", "23:59:59:00", "24 fps", "FSK"))
         line = "23:59:57:10 to 23:59:59:00, 24 fps, FSK  "
         times = ["23:59:57:10", "23:59:58:00", "23:59:59:00"]
-        self.assertEqual(done.stdout.splitlines(), [line + time for time in times])
+        destination, *lines = done.stdout.splitlines()
+        self.assertEqual(destination, "Destination: midi-monitor:input")
+        self.assertEqual(lines, [line + time for time in times])
         self.expect_messages(STOP, *play(23, 59, 57, 10, 8), STOP, STOP)
 
     def test_skips_the_dropped_frames(self):
@@ -48,9 +51,15 @@ class TerminalStripe(DeviceTest):
             with self.subTest(name):
                 done = program.run(*stripe_there, "--destination", name)
                 self.assertEqual(done.returncode, 0)
+                self.assertTrue(done.stdout.startswith("Destination: Tape Room:input\n"))
                 received = [message for _, message in other.take(7)]
                 # One stop more than elsewhere: a generator that was just chosen is put at rest.
                 self.assertEqual(received, [STOP, STOP, *play(10, 0, 0, 0, 2), STOP, STOP])
+        self.expect_messages()
+
+    def test_a_time_that_does_not_exist_sends_nothing(self):
+        done = program.run(*stripe("00:00:00:24", "00:00:01:00", "24 fps", "MTC"))
+        self.assertEqual((done.returncode, done.stdout), (2, ""))
         self.expect_messages()
 
     def test_interrupted_stops_the_generator_before_it_ends(self):
@@ -68,6 +77,16 @@ class TerminalStripeWithoutMidi(ProgramTest):
     def test_runs_to_its_end(self):
         done = program.run(*stripe("00:59:59:20", "01:00:00:00", "25 fps", "MTC", midi="none"))
         self.assertEqual((done.returncode, done.stderr), (0, ""))
+        lines = done.stdout.splitlines()
+        self.assertEqual(lines[0], "Destination: none")
+        self.assertEqual(lines[-1].split()[-1], "01:00:00:00")
+
+    def test_says_that_nothing_is_sent_where_no_destination_is(self):
+        os.environ["JACK_DEFAULT_SERVER"] = "vexa-none"
+        done = program.run(*stripe("00:59:59:20", "01:00:00:00", "25 fps", "MTC"))
+        self.assertEqual(done.returncode, 3)
+        no_destination = "vexa-remote: there is no MIDI destination: nothing will be sent\n"
+        self.assertEqual(done.stderr, no_destination)
         self.assertEqual(done.stdout.splitlines()[-1].split()[-1], "01:00:00:00")
 
 
