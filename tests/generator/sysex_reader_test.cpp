@@ -60,11 +60,17 @@ TEST(SysExReader, KeepsTheBeginningOfALongMessageAndCountsTheRest) {
     EXPECT_EQ(hexText(message), text + " ... (100002 bytes)");
 }
 
-TEST(SysExReader, CutsOffAMessageThatDoesNotEnd) {
+/// A reader in a message that is one byte short of the longest.
+SysExReader readerOfALongMessage() {
     SysExReader reader;
     reader.take(0xF0);
     for (std::size_t size = 2; size < SysEx::longest; ++size)
-        ASSERT_FALSE(reader.take(0x11));
+        EXPECT_FALSE(reader.take(0x11));
+    return reader;
+}
+
+TEST(SysExReader, CutsOffAMessageThatDoesNotEnd) {
+    auto reader = readerOfALongMessage();
     const auto message = reader.take(0x11).value();
     EXPECT_FALSE(message.complete);
     EXPECT_EQ(message.size, SysEx::longest);
@@ -77,11 +83,7 @@ TEST(SysExReader, CutsOffAMessageThatDoesNotEnd) {
 }
 
 TEST(SysExReader, TakesTheLongestMessageWhole) {
-    SysExReader reader;
-    reader.take(0xF0);
-    for (std::size_t size = 2; size < SysEx::longest; ++size)
-        ASSERT_FALSE(reader.take(0x11));
-    const auto message = reader.take(0xF7).value();
+    const auto message = readerOfALongMessage().take(0xF7).value();
     EXPECT_TRUE(message.complete);
     EXPECT_EQ(message.size, SysEx::longest);
 }
