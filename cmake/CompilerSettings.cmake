@@ -20,12 +20,17 @@ if(VEXA_SANITIZE)
 endif()
 
 # vexa_library(NAME SOURCES file… [LINKS target…]): the static library vexa_NAME, alias vexa::NAME.
-# What a room may include is what it links.
+# A room sees its own headers and those of the rooms it links, and no others: each folder has an
+# include path of its own, on which nothing else stands.
 function(vexa_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
     add_library(vexa_${name} STATIC ${arg_SOURCES})
     add_library(vexa::${name} ALIAS vexa_${name})
-    target_include_directories(vexa_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME folder)
+    set(door ${PROJECT_BINARY_DIR}/rooms/${folder})
+    file(MAKE_DIRECTORY ${door})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${door}/${folder} SYMBOLIC)
+    target_include_directories(vexa_${name} PUBLIC ${door})
     target_link_libraries(vexa_${name} PUBLIC vexa_settings ${arg_LINKS})
     if(arg_LINKS MATCHES "Qt6::")
         set_target_properties(vexa_${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
