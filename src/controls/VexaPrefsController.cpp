@@ -2,6 +2,8 @@
 
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
+#include "timecode/frame_rate.h"
+#include "timecode/sync_type.h"
 #include "ui_PreferencesPanel.h"
 
 #include <QAbstractItemView>
@@ -61,8 +63,8 @@ Vexa_MIDI_Manager& midiManager() { return Vexa_MIDI_Manager::sharedMidiManager()
 VexaPrefsController::VexaPrefsController(QWidget& window)
     : m_prefsPanel(&window), m_ui(std::make_unique<Ui::PreferencesPanel>()) {
     m_ui->setupUi(&m_prefsPanel);
-    for (std::uint64_t code = 0; code < rate::count; ++code)
-        addCode(*m_ui->defaultFrameRatePopup, frameRateForCode(code).name, code);
+    for (const auto& rate : frameRates)
+        addCode(*m_ui->defaultFrameRatePopup, rate.name, rate.code);
     for (std::uint64_t code = 0; code < sync::count; ++code)
         addCode(*m_ui->defaultSyncTypePopup, syncTypeName(code), code);
 

@@ -1,6 +1,7 @@
 #include "generator/frame.h"
 
 #include "generator/sysex_reader.h"
+#include "timecode/device_modes.h"
 #include "timecode/sync_type.h"
 
 namespace vexa {
@@ -9,8 +10,6 @@ namespace {
 constexpr std::size_t frameSize = 9;
 constexpr std::uint8_t manufacturerId = 0x7D;
 constexpr std::uint8_t deviceId = 0x42;
-constexpr std::uint8_t fskCode = 8;
-constexpr std::uint8_t startCode = 0x7F;
 
 std::string hexByte(std::uint8_t byte) {
     SysEx one;
@@ -20,10 +19,14 @@ std::string hexByte(std::uint8_t byte) {
 }
 
 std::optional<Mode> modeForCode(std::uint8_t code) {
-    if (code == fskCode)
+    if (code == device_mode::fsk)
         return Mode{sync::fsk, std::nullopt};
-    if (code < fskCode)
-        return Mode{code < rate::count ? sync::mtc : sync::dtl, code % rate::count};
+    for (const auto& rate : frameRates) {
+        if (code == rate.mtcMode)
+            return Mode{sync::mtc, rate.code};
+        if (code == rate.dtlMode)
+            return Mode{sync::dtl, rate.code};
+    }
     return std::nullopt;
 }
 
@@ -78,7 +81,7 @@ Frame decodedFrame(const SysEx& message) {
     if (code == 0 && time == Timecode{})
         return StopFrame{};
     const auto mode = modeForCode(code);
-    if (!mode && code != startCode)
+    if (!mode && code != device_mode::start)
         return MalformedFrame{"unknown mode code " + hexByte(code)};
     if (auto fault = timeFault(time, mode ? mode->rate : std::nullopt); !fault.empty())
         return MalformedFrame{std::move(fault)};

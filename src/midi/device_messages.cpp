@@ -1,5 +1,6 @@
 #include "midi/device_messages.h"
 
+#include "timecode/device_modes.h"
 #include "timecode/sync_type.h"
 
 namespace vexa {
@@ -15,21 +16,20 @@ DeviceMessage message(PackedTimecode time, std::uint8_t code) {
 } // namespace
 
 std::uint8_t modeCode(std::uint64_t frameRate, std::uint64_t syncType) {
-    switch (syncType) {
-    case sync::fsk:
-        return 8;
-    case sync::dtl:
-        return static_cast<std::uint8_t>(frameRate + 4);
-    default:
-        return static_cast<std::uint8_t>(frameRate);
-    }
+    if (syncType == sync::fsk)
+        return device_mode::fsk;
+    const bool isDtl = syncType == sync::dtl;
+    if (frameRate < frameRates.size())
+        return isDtl ? frameRates[frameRate].dtlMode : frameRates[frameRate].mtcMode;
+    constexpr std::uint64_t dtlOffset = 4;
+    return static_cast<std::uint8_t>(isDtl ? frameRate + dtlOffset : frameRate);
 }
 
 DeviceMessage setupMessage(PackedTimecode start, std::uint64_t frameRate, std::uint64_t syncType) {
     return message(start, modeCode(frameRate, syncType));
 }
 
-DeviceMessage startMessage(PackedTimecode start) { return message(start, 0x7F); }
+DeviceMessage startMessage(PackedTimecode start) { return message(start, device_mode::start); }
 
 DeviceMessage stopMessage() { return message(0, 0x00); }
 

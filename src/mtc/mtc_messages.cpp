@@ -3,18 +3,9 @@
 namespace vexa {
 
 namespace {
-/// How MIDI time code numbers the rates: 30 drop-frame comes before 30.
-std::uint8_t rateBits(const FrameRate& rate) {
-    if (rate.frameCount == 24)
-        return 0;
-    if (rate.frameCount == 25)
-        return 1;
-    return rate.dropFrame ? 2 : 3;
-}
-
 /// Frames, seconds, minutes, and hours with the rate above them.
 std::array<std::uint8_t, 4> fields(const Timecode& time, const FrameRate& rate) {
-    const auto hours = time.hours | std::uint64_t{rateBits(rate)} << 5;
+    const auto hours = time.hours | std::uint64_t{rate.mtcBits} << 5;
     return {static_cast<std::uint8_t>(time.frames), static_cast<std::uint8_t>(time.seconds),
             static_cast<std::uint8_t>(time.minutes), static_cast<std::uint8_t>(hours)};
 }
