@@ -1,6 +1,6 @@
 #include "app/MainWindow.h"
+#include "app/TimerfdRunLoop.h"
 #include "controls/VexaBatchTableView.h"
-#include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/none/NoMidiSystem.h"
@@ -137,7 +137,7 @@ void undoTheDeletion(benchmark::State& state) {
 
 void addAnItem(benchmark::State& state) {
     measure(state, [](Window& w) {
-        w.controller.addItemToBatchList(5000, u"added"_s, 0x01000000, 0x02000000, 2, 0);
+        w.controller.addItemToBatchList(5000, u"added"_s, {0x01000000, 0x02000000, 2, 0});
     });
 }
 

@@ -2,8 +2,8 @@
 // QTimer beside it; first as the machine is, then with every processor kept busy. The number of
 // seconds can be given; the standard is a minute.
 
+#include "app/TimerfdRunLoop.h"
 #include "bench/spread.h"
-#include "engine/TimerfdRunLoop.h"
 #include "timecode/frame_rate.h"
 
 #include <QCoreApplication>

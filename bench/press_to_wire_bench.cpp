@@ -2,11 +2,11 @@
 // takes it at once, arrived at another client of a JACK server, and handed to the ALSA sequencer.
 // The number of presses can be given; the standard is 2000.
 
+#include "app/TimerfdRunLoop.h"
+#include "app/silent_outlets.h"
 #include "bench/jack_receiver.h"
 #include "bench/spread.h"
-#include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
-#include "engine/plain_outlets.h"
 #include "midi/BackgroundMidiSystem.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/alsa/AlsaMidiDriver.h"
@@ -89,10 +89,11 @@ class NoAlerts final : public Alerts {
 std::vector<double> timesOfPresses(int presses, MidiSystem& midi, Arrivals& arrivals) {
     midi.numberOfDestinations(); // there is no event loop to tell of the first list
     Vexa_MIDI_Manager::setMidiSystem(&midi);
-    PlainOutlets plain;
+    SilentOutlets silent;
+    SilentEntry clock;
     NoAlerts alerts;
     TimerfdRunLoop runLoop;
-    Vexa_RemoteAppDelegate controller(plain.outlets(alerts), runLoop);
+    Vexa_RemoteAppDelegate controller(silent.with(clock, alerts), runLoop);
     controller.applicationDidFinishLaunching(); // stops the device
     arrivals.await(1);
 

@@ -2,7 +2,7 @@
 // processor time. The number of seconds can be given; the standard is ten.
 
 #include "app/MainWindow.h"
-#include "engine/TimerfdRunLoop.h"
+#include "app/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/none/NoMidiSystem.h"

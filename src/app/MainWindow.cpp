@@ -42,29 +42,35 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     for (auto* comingAndGoing : {m_ui->addToBatchButton, m_ui->removeFromBatchButton})
         keepPlaceWhenHidden(*comingAndGoing);
 
+    m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
+    makeOutlets();
+}
+
+void MainWindow::makeOutlets() {
     const auto button = [this](QAbstractButton* widget) {
         return m_buttons.emplace_back(std::make_unique<ButtonOutlet>(*widget)).get();
     };
-    m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
-    m_outlets.alerts = &m_alerts;
-    m_outlets.filePanels = &m_filePanels;
-    m_outlets.recentDocuments = &m_recentFiles;
-    m_outlets.window = &m_title;
-    m_outlets.transportMatrix = m_ui->transportMatrix;
-    m_outlets.frameRateMatrix = m_ui->frameRateMatrix;
-    m_outlets.syncTypeMatrix = m_ui->syncTypeMatrix;
-    m_outlets.batchRadios = m_ui->batchRadios;
-    m_outlets.currentTimeButton = m_ui->currentTimeButton;
-    m_outlets.startTimeButton = m_ui->startTimeButton;
-    m_outlets.endTimeButton = m_ui->endTimeButton;
-    m_outlets.stopTimeCheck = button(m_ui->stopTimeCheck);
-    m_outlets.batchCheck = button(m_ui->batchCheck);
-    m_outlets.addToBatchButton = button(m_ui->addToBatchButton);
-    m_outlets.removeFromBatchButton = button(m_ui->removeFromBatchButton);
-    m_outlets.batchTable = m_ui->batchTable;
-    m_outlets.addToPanel = &m_addToPanel;
-    m_outlets.currentStripeItemLabel = m_stripeItemLabel.get();
-    m_outlets.prefsController = &m_prefsController;
+    m_outlets.emplace(Outlets{
+        .window = &m_title,
+        .transportMatrix = m_ui->transportMatrix,
+        .frameRateMatrix = m_ui->frameRateMatrix,
+        .syncTypeMatrix = m_ui->syncTypeMatrix,
+        .batchRadios = m_ui->batchRadios,
+        .currentTimeButton = m_ui->currentTimeButton,
+        .startTimeButton = m_ui->startTimeButton,
+        .endTimeButton = m_ui->endTimeButton,
+        .stopTimeCheck = button(m_ui->stopTimeCheck),
+        .batchCheck = button(m_ui->batchCheck),
+        .addToBatchButton = button(m_ui->addToBatchButton),
+        .removeFromBatchButton = button(m_ui->removeFromBatchButton),
+        .batchTable = m_ui->batchTable,
+        .currentStripeItemLabel = m_stripeItemLabel.get(),
+        .prefsController = &m_prefsController,
+        .addToPanel = &m_addToPanel,
+        .alerts = &m_alerts,
+        .filePanels = &m_filePanels,
+        .recentDocuments = &m_recentFiles,
+    });
 }
 
 MainWindow::~MainWindow() = default;
@@ -79,6 +85,8 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
             &Controller::handleFrameRateRadios);
     connect(ui->syncTypeMatrix, &KelGrayTextMatrix::action, &controller,
             &Controller::handleSyncTypeRadios);
+    for (auto* display : {ui->startTimeButton, ui->endTimeButton})
+        connect(display, &VexaTimecodeButton::timeChanged, &controller, &Controller::timeChanged);
     connect(ui->startTimeButton, &QAbstractButton::clicked, &controller,
             &Controller::handleStartTimeButton);
     connect(ui->endTimeButton, &QAbstractButton::clicked, &controller,

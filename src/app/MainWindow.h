@@ -10,6 +10,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace Ui {
@@ -27,7 +28,7 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    Outlets outlets() const { return m_outlets; }
+    const Outlets& outlets() const { return *m_outlets; }
 
     /// Leads the actions of the controls and menus to the controller, which must be there as long
     /// as the window is used. Call once, when the controller has started up.
@@ -37,6 +38,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void makeOutlets();
     void connectBatchControlsTo(Vexa_RemoteAppDelegate& controller);
 
     std::unique_ptr<Ui::MainWindow> m_ui;
@@ -48,7 +50,7 @@ private:
     AddToBatchPanelOnDemand m_addToPanel{*this};
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;
-    Outlets m_outlets;
+    std::optional<Outlets> m_outlets; ///< there from the constructor on
     Vexa_RemoteAppDelegate* m_controller = nullptr;
 };
 

@@ -1,4 +1,5 @@
 #include "app/MainWindow.h"
+#include "app/TimerfdRunLoop.h"
 #include "app/command_line.h"
 #include "app/complaint.h"
 #include "app/destination_choice.h"
@@ -12,7 +13,6 @@
 #include "desktop/DesktopRequests.h"
 #include "desktop/application_id.h"
 #include "desktop/hand_over.h"
-#include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 

@@ -1,5 +1,7 @@
 #include "app/terminal_outlets.h"
 
+#include "timecode/timecode.h"
+
 #include <QSocketNotifier>
 
 #include <termios.h>
@@ -35,12 +37,13 @@ void TerminalClock::setHeading(const std::string& heading) {
     m_heading = heading;
 }
 
-void TerminalClock::timeFieldsChanged() {
-    if (m_heading.empty() || (!canOverwrite() && seconds() == m_shownSecond))
+void TerminalClock::setBcdValue(std::uint64_t value) {
+    const auto time = unpack(static_cast<PackedTimecode>(value));
+    if (m_heading.empty() || (!canOverwrite() && time.seconds == m_shownSecond))
         return;
-    m_shownSecond = seconds();
+    m_shownSecond = time.seconds;
     m_lineOpen = true;
-    writeLine(m_heading + "  " + timecodeText(timeFields()));
+    writeLine(m_heading + "  " + timecodeText(time));
 }
 
 int TerminalAlerts::runModal(const Alert& alert) {

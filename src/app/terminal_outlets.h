@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/RunLoop.h"
-#include "engine/plain_outlets.h"
+#include "engine/outlets.h"
+#include "stripe/RunLoop.h"
 
 #include <QEventLoop>
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,8 +19,10 @@ public:
     /// What the lines from now on begin with; none are written while it is empty.
     void setHeading(const std::string& heading);
 
-protected:
-    void timeFieldsChanged() override;
+    void setBcdValue(std::uint64_t value) override;
+    void setFrameRate(const FrameRate&) override {}
+    /// What the line last said stays: it is a time of the stripe that it speaks of.
+    void frameRateChanged() override {}
 
 private:
     std::string m_heading;
@@ -41,18 +42,6 @@ public:
 private:
     bool m_unanswered = false;
     QEventLoop m_loop;
-};
-
-/// The list of a run: tells whoever listens how the run gets on, not which titles it shows, since
-/// an item may have none.
-class RunProgress final : public PlainBatchTable {
-public:
-    void markItem(const BatchItemRef& item, StripeMark mark) override {
-        PlainBatchTable::markItem(item, mark);
-        if (onMark)
-            onMark(item, mark);
-    }
-    std::function<void(const BatchItemRef&, StripeMark)> onMark;
 };
 
 /// Counts the seconds of a pause down, in steps of one. Not at all from 0 or less.

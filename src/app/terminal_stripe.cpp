@@ -1,13 +1,16 @@
 #include "app/terminal_stripe.h"
 
+#include "app/TimerfdRunLoop.h"
 #include "app/complaint.h"
+#include "app/silent_outlets.h"
 #include "app/terminal_outlets.h"
 #include "app/termination_signals.h"
-#include "engine/TimerfdRunLoop.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/display_name.h"
 #include "text/printable.h"
+#include "timecode/sync_type.h"
+#include "timecode/timecode.h"
 
 #include <QCoreApplication>
 
@@ -34,12 +37,12 @@ class TerminalStripe {
 public:
     TerminalStripe() {
         m_controller.applicationDidFinishLaunching();
-        m_progress.onMark = [this](const BatchItemRef& item, StripeMark mark) {
-            if (mark == StripeMark::underWay)
-                showItem(item);
-            else
+        QObject::connect(&m_controller.run(), &StripeRun::itemTaken, &m_controller,
+                         [this] { showItem(m_controller.run().progress().item); });
+        QObject::connect(&m_controller.run(), &StripeRun::phaseChanged, &m_controller, [this] {
+            if (m_controller.run().progress().phase == Phase::betweenItems)
                 showPause();
-        };
+        });
     }
 
     void setUp(const CommandLine& line) {
@@ -76,13 +79,6 @@ public:
     }
 
 private:
-    Outlets outlets() {
-        auto outlets = m_plain.outlets(m_alerts);
-        outlets.currentTimeButton = &m_clock;
-        outlets.batchTable = &m_progress;
-        return outlets;
-    }
-
     void setUpSingle(const CommandLine& line) {
         if (line.rate)
             m_controller.handleFrameRateMenuItems(*line.rate);
@@ -100,7 +96,7 @@ private:
         m_controller.openListWithURL(line.file);
         m_controller.setUseBatch(true);
         if (!line.rows.empty()) {
-            m_progress.selectRows(line.rows);
+            m_outlets.table.selectRows(line.rows);
             m_controller.setBatchMode(batchModeSelected);
         }
     }
@@ -115,23 +111,15 @@ private:
 
     void showPause() {
         m_clock.setHeading({});
-        // Queued: whether another item follows is known when this one has been left.
-        QMetaObject::invokeMethod(
-            qApp,
-            [this] {
-                if (m_controller.transportState() == transport::pausedBetweenItems)
-                    m_countdown.start(m_controller.delayInSeconds());
-            },
-            Qt::QueuedConnection);
+        m_countdown.start(m_controller.delayInSeconds());
     }
 
-    PlainOutlets m_plain;
+    SilentOutlets m_outlets;
     TerminalClock m_clock;
-    RunProgress m_progress;
     TerminalAlerts m_alerts;
     TimerfdRunLoop m_runLoop;
     Countdown m_countdown{m_runLoop};
-    Vexa_RemoteAppDelegate m_controller{outlets(), m_runLoop};
+    Vexa_RemoteAppDelegate m_controller{m_outlets.with(m_clock, m_alerts), m_runLoop};
 };
 
 } // namespace

@@ -43,8 +43,8 @@ VexaBatchStripeData::~VexaBatchStripeData() {
 }
 
 BatchItemRef VexaBatchStripeData::addItemWithReel(std::uint64_t reel, const QString& title,
-                                                  std::uint64_t start, std::uint64_t stop,
-                                                  std::uint64_t rate, std::uint64_t type) {
+                                                  const StripeSettings& settings) {
+    const auto& [start, stop, rate, type] = settings;
     auto item =
         std::make_shared<BatchItem>(BatchItem{reel, title, start, stop, rate, type, nextItemID()});
     addItem(item);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/BatchItem.h"
+#include "timecode/StripeSettings.h"
 
 #include <QString>
 #include <QStringView>
@@ -50,8 +51,8 @@ public:
     void setNextItemID(std::uint64_t id) { m_nextItemID = id; }
 
     /// Adds an item made of these values and the next id. Checks nothing.
-    BatchItemRef addItemWithReel(std::uint64_t reel, const QString& title, std::uint64_t start,
-                                 std::uint64_t stop, std::uint64_t rate, std::uint64_t type);
+    BatchItemRef addItemWithReel(std::uint64_t reel, const QString& title,
+                                 const StripeSettings& settings);
     void addItem(const BatchItemRef& item);
     void addItems(BatchItems items);
     /// Removes every item whose fields all equal the given one's.

@@ -1,6 +1,6 @@
 #include "controls/TransportButton.h"
 
-#include "engine/transport_state.h"
+#include "stripe/transport_state.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,7 +1,6 @@
 #include "controls/VexaTimecodeButton.h"
 
 #include "controls/timecode_well.h"
-#include "engine/Vexa_RemoteAppDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -77,7 +76,7 @@ void VexaTimecodeButton::setState(int state) {
         setChecked(false);
         setTitleFromTimeFields();
         initInputBuffer();
-        owner()->timeChanged(*this);
+        tellTime();
         m_firstKey = true;
     }
 }
@@ -144,14 +143,13 @@ bool VexaTimecodeButton::validate() {
     const auto pair = [this](std::size_t first) {
         return 10u * (m_inputBuffer[first] - u'0') + (m_inputBuffer[first + 1] - u'0');
     };
-    auto& time = timeFields();
-    const auto& rate = frameRateForCode(owner()->frameRate());
+    auto& time = m_time;
     // Deliberately written as it goes: what a rejected entry held is what the fields hold.
     if ((time.hours = pair(0)) > 23 || (time.minutes = pair(2)) > 59 ||
         (time.seconds = pair(4)) > 59)
         return false;
     time.frames = pair(6);
-    return isValid(time, rate);
+    return isValid(time, *m_rate);
 }
 
 bool VexaTimecodeButton::validateAndResign() {
@@ -160,14 +158,14 @@ bool VexaTimecodeButton::validateAndResign() {
     setTitleFromTimeFields();
     setState(0);
     initInputBuffer();
-    owner()->timeChanged(*this);
+    tellTime();
     return true;
 }
 
 void VexaTimecodeButton::clearInputBuffer() { m_inputBuffer.fill(u'0'); }
 
 void VexaTimecodeButton::initInputBuffer() {
-    const auto& time = timeFields();
+    const auto& time = m_time;
     std::size_t i = 0;
     for (const auto field : {time.hours, time.minutes, time.seconds, time.frames}) {
         m_inputBuffer[i++] = static_cast<char16_t>(u'0' + field / 10);
@@ -181,15 +179,24 @@ void VexaTimecodeButton::displayInput() {
 }
 
 void VexaTimecodeButton::setTitleFromTimeFields() {
-    m_title = QString::fromStdString(timecodeText(timeFields()));
+    m_title = QString::fromStdString(timecodeText(m_time));
     m_alternateTitle = m_title;
     refresh();
 }
 
-void VexaTimecodeButton::timeFieldsChanged() {
+void VexaTimecodeButton::setBcdValue(std::uint64_t value) {
+    m_time = unpack(static_cast<PackedTimecode>(value));
     setTitleFromTimeFields();
     initInputBuffer();
 }
+
+void VexaTimecodeButton::incFrames(std::uint64_t count) {
+    m_time = advanced(m_time, count, *m_rate);
+    setTitleFromTimeFields();
+    initInputBuffer();
+}
+
+void VexaTimecodeButton::tellTime() { Q_EMIT timeChanged(m_tag, bcdValue()); }
 
 void VexaTimecodeButton::refresh() {
     const auto& shown = shownText();

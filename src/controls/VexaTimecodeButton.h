@@ -1,7 +1,9 @@
 #pragma once
 
 #include "controls/KelGrayTextButton.h"
-#include "engine/TimecodeDisplay.h"
+#include "engine/control_outlets.h"
+#include "timecode/frame_rate.h"
+#include "timecode/timecode.h"
 
 #include <QColor>
 
@@ -11,9 +13,8 @@ namespace vexa {
 
 /// A time display that can be typed into. Off, it shows the time it holds, in gray. On, it is in
 /// entry: digits come in from the right, in green, and the first key clears what stood there.
-/// Return, Enter, Tab or switching it off commits a valid entry and tells the controller; an
-/// invalid one stays in entry.
-class VexaTimecodeButton : public KelGrayTextButton, public TimecodeDisplay {
+/// Return, Enter, Tab or switching it off commits a valid entry; an invalid one stays in entry.
+class VexaTimecodeButton : public KelGrayTextButton, public TimecodeEntry {
     Q_OBJECT
     Q_PROPERTY(int tag READ tag WRITE setTag)
 
@@ -22,8 +23,25 @@ public:
 
     void awakeFromNib() override;
 
-    /// Goes through validation when it ends an entry: with an invalid one, nothing happens. Sends
-    /// timeChanged() to the owner otherwise.
+    /// Tells the display's times apart; one of time_tag.
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
+
+    // Counts, not digits. A rejected entry can leave them out of range.
+    std::uint64_t hours() const { return m_time.hours; }
+    std::uint64_t minutes() const { return m_time.minutes; }
+    std::uint64_t seconds() const { return m_time.seconds; }
+    std::uint64_t frames() const { return m_time.frames; }
+    PackedTimecode bcdValue() const { return pack(m_time); }
+
+    void setBcdValue(std::uint64_t value) override;
+    /// Moves the time on by that many frames, with carries, wrap and drop-frame numbers.
+    void incFrames(std::uint64_t count);
+    void setFrameRate(const FrameRate& rate) override { m_rate = &rate; }
+    void frameRateChanged() override { incFrames(0); }
+
+    /// Goes through validation when it ends an entry: with an invalid one, nothing happens. Tells
+    /// of the time otherwise.
     void setState(int state) override;
     int state() const override { return isChecked() ? 1 : 0; }
 
@@ -31,7 +49,7 @@ public:
     bool handleKey(const QString& characters);
     bool validateAndResign();
     /// Parses the typed digits into the time fields, hours first, and stops at the first field
-    /// that is out of range for the owner's rate: fields up to and including that one are then
+    /// that is out of range at the rate: fields up to and including that one are then
     /// overwritten, though the title still shows the time from before.
     bool validate();
 
@@ -45,6 +63,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+Q_SIGNALS:
+    /// A time was entered: packed timecode.
+    void timeChanged(int tag, std::uint64_t entered);
+
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -52,7 +74,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void nextCheckState() override;
     void checkStateSet() override;
-    void timeFieldsChanged() override;
 
 private:
     static constexpr std::size_t digitCount = 8;
@@ -64,9 +85,13 @@ private:
     void initInputBuffer();
     void displayInput();
     void paste();
+    void tellTime();
     void setTitleFromTimeFields();
     void refresh();
 
+    int m_tag = 0;
+    Timecode m_time;
+    const FrameRate* m_rate = &frameRateForCode(rate::fps30);
     QColor m_normalColor;
     QColor m_hiliteColor;
     bool m_firstKey = true;

@@ -3,6 +3,7 @@
 #include "controls/VexaHelpController.h"
 #include "controls/about_box.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "timecode/sync_type.h"
 
 #include <QAbstractButton>
 

@@ -1,20 +1,18 @@
 #include "engine/VexaAddToBatchController.h"
 
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "timecode/timecode.h"
 
 namespace vexa {
 
-void VexaAddToBatchController::showAddToBatchPanelWithStart(std::uint64_t start, std::uint64_t stop,
-                                                            std::uint64_t rate,
-                                                            std::uint64_t type) {
-    m_addToPanel.setReel(unpack(static_cast<PackedTimecode>(start)).hours);
+void VexaAddToBatchController::showAddToBatchPanelWithStart(const StripeSettings& settings) {
+    m_addToPanel.setReel(unpack(static_cast<PackedTimecode>(settings.startTime)).hours);
     m_addToPanel.setTitlePlaceholder(QStringLiteral("title here"));
     if (m_addToPanel.runModal() != panelConfirmed)
         return;
     const auto title = m_addToPanel.title();
     m_owner.addItemToBatchList(m_addToPanel.reel(),
-                               title.isEmpty() ? QStringLiteral("untitled") : title, start, stop,
-                               rate, type);
+                               title.isEmpty() ? QStringLiteral("untitled") : title, settings);
 }
 
 } // namespace vexa

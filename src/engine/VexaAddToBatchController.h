@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstdint>
-
 namespace vexa {
 
 class AddToPanel;
 class Vexa_RemoteAppDelegate;
+struct StripeSettings;
 
 /// Asks for the reel and the title of a new batch item, whose other fields are given.
 class VexaAddToBatchController {
@@ -15,10 +14,8 @@ public:
         : m_owner(owner), m_addToPanel(addToPanel) {}
 
     /// Shows the panel and returns when it is closed. A confirmed item goes to the owner, as
-    /// "untitled" when it was given no title. Times are packed timecodes; the hours of the start
-    /// time are proposed as the reel.
-    void showAddToBatchPanelWithStart(std::uint64_t start, std::uint64_t stop, std::uint64_t rate,
-                                      std::uint64_t type);
+    /// "untitled" when it was given no title. The hours of the start time are proposed as the reel.
+    void showAddToBatchPanelWithStart(const StripeSettings& settings);
 
 private:
     Vexa_RemoteAppDelegate& m_owner;

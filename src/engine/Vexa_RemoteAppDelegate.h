@@ -1,31 +1,29 @@
 #pragma once
 
 #include "batch/VexaBatchStripeData.h"
-#include "engine/RunLoop.h"
+#include "document/ListDocument.h"
+#include "engine/MidiGeneratorLink.h"
+#include "engine/TransportBlink.h"
 #include "engine/UndoManager.h"
 #include "engine/VexaAddToBatchController.h"
 #include "engine/outlets.h"
-#include "engine/transport_state.h"
+#include "stripe/StripePlan.h"
+#include "stripe/StripeRun.h"
+#include "stripe/transport_state.h"
 #include "timecode/frame_rate.h"
-#include "timecode/sync_type.h"
-#include "timecode/timecode.h"
 
 #include <QObject>
 #include <QString>
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 
 namespace vexa {
 
-/// Which items a batch run stripes; also the tags of the radio cells.
-inline constexpr std::uint64_t batchModeAll = 0;
-inline constexpr std::uint64_t batchModeSelected = 1;
-
-/// The application's one controller: the settings, the transport and its clock, and every command
-/// of the operator. It sees the window, or whatever stands in its place, through its outlets.
-/// Main thread only. The name of the file that holds an operation stands above its group.
+/// The application's one controller: where the outlets meet the run, the list and the undo. It
+/// forwards what the operator does and shows what comes of it. It sees the window, or whatever
+/// stands in its place, through its outlets. Main thread only. The name of the file that holds an
+/// operation stands above its group.
 class Vexa_RemoteAppDelegate : public QObject {
     Q_OBJECT
 
@@ -40,33 +38,40 @@ public:
 
     // control_enabling.cpp
     /// Fits the batch controls to the list and the selected rows; without rows, batch striping
-    /// goes off and none of them can be used.
+    /// goes off.
     void handleBatchControlEnabling();
-    /// Shows the frame rate. FSK carries none: with it, no rate can be chosen and none shows.
+    /// FSK carries no frame rate: with it, no rate can be chosen and none shows.
     void handleFrameRateEnabling();
 
     // transport.cpp
-    void handleTransportButtons();
+    void handleTransportButtons() { setTransportState(m_outlets.transportMatrix->selectedTag()); }
+    void handleStripeMenuItems(std::uint64_t tag);
     /// Any code: 1 starts a run, 0 and 2 end or interrupt it, others are only noted.
     void setTransportState(std::uint64_t state);
     /// Shows a state that the program entered by itself.
-    void setTransportButton(std::uint64_t tag);
-    void saveCurrentSettings();
-    /// Back to the settings last saved, or to zeros when none were since launch.
-    void restoreCurrentSettings();
+    void setTransportButton(std::uint64_t tag) {
+        m_outlets.transportMatrix->selectCellWithTag(tag);
+    }
 
     // settings.cpp
     /// Takes any code; announces it by vexaratechg() while the transport is stopped.
     void setFrameRate(std::uint64_t code);
     void setFrameAndSyncFromDefaults();
+    void saveCurrentSettings() { m_plan.saved = m_plan.settings; }
+    /// Back to the settings last saved, or to zeros when none were since launch.
+    void restoreCurrentSettings();
+    bool readPrefs();
+    void writePrefs();
+    void handlePrefsMenu() { m_outlets.prefsController->showPreferences(); }
 
     // settings_edits.cpp: each edit can be undone, also one that changes nothing
     void handleStartTimeButton();
     void handleStopTimeButton();
-    /// A time was entered in a display. Keeps the stop time after the start time, by five
-    /// seconds where it was not.
-    void timeChanged(TimecodeDisplay& sender);
+    /// A time was entered in the display with that tag. Keeps the stop time after the start time,
+    /// by five seconds where it was not.
+    void timeChanged(int tag, std::uint64_t entered);
     void handleStopTimeCheck();
+    void handleSetStopTimeMenu();
     void handleFrameRateRadios();
     void handleFrameRateMenuItems(std::uint64_t tag);
     void handleSyncTypeRadios();
@@ -93,8 +98,8 @@ public:
     /// A row was clicked, which by itself does nothing.
     void handleBatchTableEdit() {}
     void tableViewSelectionDidChange() { handleBatchControlEnabling(); }
-    void addItemToBatchList(std::uint64_t reel, const QString& title, std::uint64_t start,
-                            std::uint64_t stop, std::uint64_t rate, std::uint64_t type);
+    void addItemToBatchList(std::uint64_t reel, const QString& title,
+                            const StripeSettings& settings);
     void addItemToBatchList(const BatchItemRef& item, const QString& actionName);
     void removeItemFromBatchList(const BatchItemRef& item, const QString& actionName);
     /// Puts the items back while undoing, and deletes the rows otherwise.
@@ -102,11 +107,6 @@ public:
                                      const QString& actionName);
     void undoRedoUseBatchStriping(bool useBatch, const QString& actionName);
     void undoRedoBatchMode(std::uint64_t mode, const QString& actionName);
-
-    // menu_commands.cpp
-    void handleStripeMenuItems(std::uint64_t tag);
-    void handleSetStopTimeMenu();
-    void handlePrefsMenu();
 
     // document_commands.cpp
     void newDocument();
@@ -127,49 +127,49 @@ public:
     /// Names the list in the window's title after its file, up to the name's first full stop.
     void setListTitle();
 
-    // user_defaults.cpp
-    bool readPrefs();
-    void writePrefs();
-
-    void setUseBatch(bool useBatch) { m_useBatch = useBatch; }
-    void setBatchMode(std::uint64_t mode) { m_batchMode = mode; }
-    void setDelayInSeconds(double delay) { m_delayInSeconds = delay; }
-    void setPauseForReelChange(bool pause) { m_pauseForReelChange = pause; }
+    void setUseBatch(bool useBatch) { m_plan.useBatch = useBatch; }
+    void setBatchMode(std::uint64_t mode) { m_plan.batchMode = mode; }
+    void setDelayInSeconds(double delay) { m_plan.delayInSeconds = delay; }
+    void setPauseForReelChange(bool pause) { m_plan.pauseForReelChange = pause; }
     void setDefaultFrameRate(std::uint64_t code) { m_defaultFrameRate = code; }
     void setDefaultSyncType(std::uint64_t code) { m_defaultSyncType = code; }
 
     // The state. Times are packed timecodes.
     std::uint64_t transportState() const { return m_transportState; }
     std::uint64_t prevTransportState() const { return m_prevTransportState; }
-    std::uint64_t startTime() const { return m_startTime; }
-    std::uint64_t stopTime() const { return m_stopTime; }
-    bool stopTimeSet() const { return m_stopTimeSet; }
-    std::uint64_t currentTime() const { return m_currentTime; }
-    std::uint64_t currentStopTime() const { return m_currentStopTime; }
-    std::uint64_t frameRate() const { return m_frameRate; }
-    double frameCount() const { return frameRateForCode(m_frameRate).frameCount; }
-    double frameInterval() const { return frameRateForCode(m_frameRate).frameInterval; }
-    std::uint64_t syncType() const { return m_syncType; }
-    bool useBatch() const { return m_useBatch; }
+    std::uint64_t startTime() const { return m_plan.settings.startTime; }
+    std::uint64_t stopTime() const { return m_plan.settings.stopTime; }
+    bool stopTimeSet() const { return m_plan.stopTimeSet; }
+    std::uint64_t currentTime() const { return m_run.currentTime(); }
+    std::uint64_t currentStopTime() const { return m_run.progress().currentStop; }
+    std::uint64_t frameRate() const { return m_plan.settings.frameRate; }
+    double frameCount() const { return frameRateForCode(frameRate()).frameCount; }
+    double frameInterval() const { return frameRateForCode(frameRate()).frameInterval; }
+    std::uint64_t syncType() const { return m_plan.settings.syncType; }
+    bool useBatch() const { return m_plan.useBatch; }
     /// As it was before the last click on the batch radios.
     bool previousUseBatch() const { return m_previousUseBatch; }
-    std::uint64_t batchMode() const { return m_batchMode; }
-    std::uint64_t itemsToStripe() const { return m_itemsToStripe; }
-    std::uint64_t currentStripeItem() const { return m_currentStripeItem; }
-    std::uint64_t currentReel() const { return m_currentReel; }
-    bool waitingForReelChange() const { return m_waitingForReelChange; }
-    VexaBatchStripeData& batchStripeData() const { return *m_batchStripeData; }
-    bool dirty() const { return m_dirty; }
-    bool previouslySaved() const { return m_previouslySaved; }
-    const QString& url() const { return m_url; }
-    const QString& fileTitle() const { return m_fileTitle; }
-    double delayInSeconds() const { return m_delayInSeconds; }
-    bool pauseForReelChange() const { return m_pauseForReelChange; }
+    std::uint64_t batchMode() const { return m_plan.batchMode; }
+    std::uint64_t itemsToStripe() const { return m_run.progress().itemsToStripe; }
+    /// Each item of a run counts as the first.
+    std::uint64_t currentStripeItem() const { return 0; }
+    std::uint64_t currentReel() const { return m_run.progress().reel; }
+    bool waitingForReelChange() const { return m_run.progress().phase == Phase::awaitingReel; }
+    VexaBatchStripeData& batchStripeData() { return m_batchStripeData; }
+    const VexaBatchStripeData& batchStripeData() const { return m_batchStripeData; }
+    bool dirty() const { return m_document.dirty(); }
+    bool previouslySaved() const { return m_document.previouslySaved(); }
+    const QString& url() const { return m_document.url(); }
+    const QString& fileTitle() const { return m_document.fileTitle(); }
+    double delayInSeconds() const { return m_plan.delayInSeconds; }
+    bool pauseForReelChange() const { return m_plan.pauseForReelChange; }
     std::uint64_t defaultFrameRate() const { return m_defaultFrameRate; }
     std::uint64_t defaultSyncType() const { return m_defaultSyncType; }
     const Outlets& outlets() const { return m_outlets; }
     UndoManager& undoManager() { return m_undoManager; }
     const UndoManager& undoManager() const { return m_undoManager; }
+    /// What a run is doing, for whoever wants to be told.
+    const StripeRun& run() const { return m_run; }
 
 Q_SIGNALS:
     /// The frame rate was set while the transport is stopped: shown times follow it.
@@ -178,81 +178,34 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
-    // transport.cpp
-    void startPlay();
-    void startTimer();
-    void stopTimer();
-    void timerFireMethod();
-    void sendSetupAndStart();
+    void connectRun(); // transport.cpp, like the four that follow
+    void showPhase();
+    void showItem();
+    void showEnd(StripeRun::End how);
+    void changeReel(std::uint64_t reel);
+    void announceFrameRate(); // settings.cpp
     void showSettings(std::uint64_t start, std::uint64_t stop);
-
-    // batch_run.cpp
-    void startBatchRun();
-    void countItemsToStripe();
-    void takeUpItem(const BatchItemRef& item);
-    void showItem(const BatchItemRef& item);
-    void startBatchPause();
-    void endBatchPause();
-    /// Returns when the operator has loaded the reel; false when the run is to end instead.
-    bool changeReel(std::int64_t reel);
-    void leaveItem(StripeMark mark);
-    void startBlink();
-    void blink();
-    void stopBlink();
-
-    // batch_editing.cpp
-    /// Makes the change and shows it. Rows that stay in the list stay selected.
-    void changeBatchList(const std::function<void()>& change);
-    void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
-
-    // document_commands.cpp
-    int askToSave();
-
-    // settings_edits.cpp
-    void pushStopTimePastStart();
+    void pushStopTimePastStart(); // settings_edits.cpp
     void registerEdit(const QString& actionName, std::function<void(const QString&)> inverse);
+    /// Makes the change and shows it. Rows that stay in the list stay selected.
+    void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
+    void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
+    int askToSave(); // document_commands.cpp
+    void listReplaced();
 
     Outlets m_outlets;
-    RunLoop& m_runLoop;
     UndoManager m_undoManager;
     VexaAddToBatchController m_addToBatchController;
-
+    VexaBatchStripeData m_batchStripeData{this};
+    ListDocument m_document{m_batchStripeData};
+    StripePlan m_plan;
+    MidiGeneratorLink m_link;
+    StripeRun m_run;
+    TransportBlink m_blink;
     std::uint64_t m_transportState = transport::stopped;
     std::uint64_t m_prevTransportState = transport::stopped;
-    std::uint64_t m_startTime = 0;
-    std::uint64_t m_stopTime = 0;
-    bool m_stopTimeSet = false;
     bool m_prevStopTimeSet = false; ///< the flag before the edit in progress
-    std::uint64_t m_currentTime = 0;
-    std::uint64_t m_currentStopTime = 0;
-    std::uint64_t m_frameRate = 0;
-    std::uint64_t m_syncType = 0;
-    std::uint64_t m_savedStartTime = 0;
-    std::uint64_t m_savedStopTime = 0;
-    std::uint64_t m_savedFrameRate = 0;
-    std::uint64_t m_savedSyncType = 0;
-
-    std::unique_ptr<VexaBatchStripeData> m_batchStripeData;
-    bool m_useBatch = false;
     bool m_previousUseBatch = false;
-    std::uint64_t m_batchMode = batchModeAll;
-    std::uint64_t m_itemsToStripe = 0;
-    std::uint64_t m_currentStripeItem = 0;
-    std::uint64_t m_currentReel = 0;
-    BatchItemRef m_itemUnderWay; ///< null between the items of a run, and when there is no run
-    bool m_waitingForReelChange = false;
-    bool m_blinkState = false;
-    bool m_dirty = false;           ///< the list has changed since it was opened, saved or cleared
-    bool m_previouslySaved = false; ///< the list is tied to a file
-    QString m_url;                  ///< the list's file; null when it has none
-    QString m_fileTitle;
-
-    std::unique_ptr<RunLoopTimer> m_mainTimer;
-    std::unique_ptr<RunLoopTimer> m_pauseTimer;
-    std::unique_ptr<RunLoopTimer> m_blinkTimer;
-
-    double m_delayInSeconds = 0;
-    bool m_pauseForReelChange = false;
     std::uint64_t m_defaultFrameRate = 0;
     std::uint64_t m_defaultSyncType = 0;
 };

@@ -21,41 +21,38 @@ QString stripe(std::uint64_t mode) {
 
 void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change) {
     auto& table = *m_outlets.batchTable;
-    const auto selected = m_batchStripeData->itemsOfRows(table.selectedRowIndexes());
+    const auto selected = m_batchStripeData.itemsOfRows(table.selectedRowIndexes());
     change();
     table.reloadData();
-    table.selectRows(m_batchStripeData->rowsOfItems(selected));
+    table.selectRows(m_batchStripeData.rowsOfItems(selected));
     handleBatchControlEnabling();
 }
 
 void Vexa_RemoteAppDelegate::handleAddToBatchListButton() {
-    if (m_stopTimeSet)
-        m_addToBatchController.showAddToBatchPanelWithStart(m_startTime, m_stopTime, m_frameRate,
-                                                            m_syncType);
+    if (m_plan.stopTimeSet)
+        m_addToBatchController.showAddToBatchPanelWithStart(m_plan.settings);
 }
 
 void Vexa_RemoteAppDelegate::addItemToBatchList(std::uint64_t reel, const QString& title,
-                                                std::uint64_t start, std::uint64_t stop,
-                                                std::uint64_t rate, std::uint64_t type) {
+                                                const StripeSettings& settings) {
     BatchItemRef item;
-    changeBatchList(
-        [&] { item = m_batchStripeData->addItemWithReel(reel, title, start, stop, rate, type); });
+    changeBatchList([&] { item = m_batchStripeData.addItemWithReel(reel, title, settings); });
     m_outlets.batchTable->scrollToItem(item);
-    m_dirty = true;
+    m_document.setDirty();
     registerEdit(QStringLiteral("Add to Batch List"),
                  [this, item](const QString& name) { removeItemFromBatchList(item, name); });
 }
 
 void Vexa_RemoteAppDelegate::removeItemFromBatchList(const BatchItemRef& item,
                                                      const QString& actionName) {
-    changeBatchList([&] { m_batchStripeData->removeItem(item); });
-    m_dirty = true;
+    changeBatchList([&] { m_batchStripeData.removeItem(item); });
+    m_document.setDirty();
     registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
 }
 
 void Vexa_RemoteAppDelegate::addItemToBatchList(const BatchItemRef& item,
                                                 const QString& actionName) {
-    changeBatchList([&] { m_batchStripeData->addItem(item); });
+    changeBatchList([&] { m_batchStripeData.addItem(item); });
     m_outlets.batchTable->scrollToItem(item);
     // An addition again, not the removal: undoing a redone addition puts in a second copy.
     registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
@@ -66,7 +63,7 @@ void Vexa_RemoteAppDelegate::handleRemoveFromBatchListButton() {
     if (rows.empty())
         return;
     BatchItems items;
-    changeBatchList([&] { items = m_batchStripeData->deleteIndexedItems(rows); });
+    changeBatchList([&] { items = m_batchStripeData.deleteIndexedItems(rows); });
     registerRemoval(std::move(items), rows, QStringLiteral("Delete Selected Rows"));
 }
 
@@ -75,9 +72,9 @@ void Vexa_RemoteAppDelegate::undoRedoRemoveFromBatchList(const BatchItems& items
                                                          const QString& actionName) {
     changeBatchList([&] {
         if (m_undoManager.isUndoing())
-            m_batchStripeData->addItems(items);
+            m_batchStripeData.addItems(items);
         else
-            m_batchStripeData->deleteIndexedItems(rows);
+            m_batchStripeData.deleteIndexedItems(rows);
     });
     registerRemoval(items, rows, actionName);
 }
@@ -95,7 +92,7 @@ void Vexa_RemoteAppDelegate::handleBatchCheck() {
 }
 
 void Vexa_RemoteAppDelegate::undoRedoUseBatchStriping(bool useBatch, const QString& actionName) {
-    const bool old = std::exchange(m_useBatch, useBatch);
+    const bool old = std::exchange(m_plan.useBatch, useBatch);
     m_outlets.batchCheck->setState(useBatch);
     registerEdit(actionName,
                  [this, old](const QString& name) { undoRedoUseBatchStriping(old, name); });
@@ -103,16 +100,16 @@ void Vexa_RemoteAppDelegate::undoRedoUseBatchStriping(bool useBatch, const QStri
 
 void Vexa_RemoteAppDelegate::handleBatchRadios() {
     const auto mode = m_outlets.batchRadios->selectedTag();
-    m_previousUseBatch = m_useBatch;
-    if (mode == m_batchMode)
+    m_previousUseBatch = m_plan.useBatch;
+    if (mode == m_plan.batchMode)
         return;
-    m_useBatch = true;
+    m_plan.useBatch = true;
     m_outlets.batchCheck->setState(true);
     undoRedoBatchMode(mode, stripe(mode));
 }
 
 void Vexa_RemoteAppDelegate::undoRedoBatchMode(std::uint64_t mode, const QString& actionName) {
-    const auto old = std::exchange(m_batchMode, mode);
+    const auto old = std::exchange(m_plan.batchMode, mode);
     if (old == mode)
         return;
     m_outlets.batchRadios->selectCellWithTag(mode);
@@ -123,12 +120,12 @@ void Vexa_RemoteAppDelegate::handleBatchListMenuItems(std::uint64_t tag) {
     switch (tag) {
     case batch_menu::all:
     case batch_menu::selected:
-        m_batchMode = tag;
+        m_plan.batchMode = tag;
         m_outlets.batchRadios->selectCellWithTag(tag);
         Q_EMIT stateChanged();
         break;
     case batch_menu::useBatch:
-        undoRedoUseBatchStriping(!m_useBatch, turnBatchStriping(!m_useBatch));
+        undoRedoUseBatchStriping(!m_plan.useBatch, turnBatchStriping(!m_plan.useBatch));
         break;
     case batch_menu::add:
         handleAddToBatchListButton();

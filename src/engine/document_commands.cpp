@@ -1,13 +1,8 @@
-#include "document/list_file.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
-
-#include <QFileInfo>
 
 namespace vexa {
 
 namespace {
-
-const QString untitled = QStringLiteral("Untitled Batch List");
 
 Alert question(const QString& text, bool previouslySaved, const QString& fileTitle,
                const QString& neverSaved, std::vector<QString> buttons) {
@@ -21,13 +16,13 @@ Alert question(const QString& text, bool previouslySaved, const QString& fileTit
 
 int Vexa_RemoteAppDelegate::askToSave() {
     return m_outlets.alerts->runModal(
-        question(QStringLiteral("Do you want to save %1 before proceeding?"), m_previouslySaved,
-                 m_fileTitle, QStringLiteral("It has never been saved."),
+        question(QStringLiteral("Do you want to save %1 before proceeding?"), previouslySaved(),
+                 fileTitle(), QStringLiteral("It has never been saved."),
                  {QStringLiteral("Save"), QStringLiteral("Don't Save"), QStringLiteral("Cancel")}));
 }
 
 bool Vexa_RemoteAppDelegate::saveFirst() {
-    if (!m_dirty)
+    if (!dirty())
         return true;
     const int answer = askToSave();
     // "Save" goes ahead whatever became of the saving.
@@ -37,22 +32,22 @@ bool Vexa_RemoteAppDelegate::saveFirst() {
 }
 
 bool Vexa_RemoteAppDelegate::windowShouldClose() {
-    if (!m_dirty)
+    if (!dirty())
         return true;
     const int answer = askToSave();
     if (answer == alertFirstButton) {
         saveDocument();
-        return !m_dirty; // a save panel that was cancelled keeps the window open
+        return !dirty(); // a save panel that was cancelled keeps the window open
     }
     return answer == alertSecondButton;
 }
 
 bool Vexa_RemoteAppDelegate::askRevert() {
-    if (!m_dirty)
+    if (!dirty())
         return true;
     const int answer = m_outlets.alerts->runModal(
         question(QStringLiteral("Do you want to revert to the saved version of %1?"),
-                 m_previouslySaved, m_fileTitle, QStringLiteral("It has never been saved"),
+                 previouslySaved(), fileTitle(), QStringLiteral("It has never been saved"),
                  {QStringLiteral("Revert"), QStringLiteral("Cancel")}));
     return answer != alertSecondButton && answer != alertUnanswered;
 }
@@ -60,13 +55,8 @@ bool Vexa_RemoteAppDelegate::askRevert() {
 void Vexa_RemoteAppDelegate::newDocument() {
     if (!saveFirst())
         return;
-    m_batchStripeData->clearBatchList();
-    m_outlets.batchTable->reloadData();
-    handleBatchControlEnabling();
-    m_dirty = false;
-    m_previouslySaved = false;
-    m_url = QString();
-    setListTitle();
+    m_document.clear();
+    listReplaced();
 }
 
 void Vexa_RemoteAppDelegate::openDocument() {
@@ -85,31 +75,32 @@ bool Vexa_RemoteAppDelegate::openFile(const QString& path) {
 }
 
 void Vexa_RemoteAppDelegate::openListWithURL(const QString& path) {
-    m_batchStripeData->clearBatchList(); // memory for two lists may be more than there is
-    m_batchStripeData->replaceBatchList(readListFile(path));
+    m_document.open(path);
+    listReplaced();
+    m_outlets.recentDocuments->noteNewRecentDocument(path);
+}
+
+void Vexa_RemoteAppDelegate::listReplaced() {
     m_outlets.batchTable->reloadData();
     handleBatchControlEnabling();
-    m_outlets.recentDocuments->noteNewRecentDocument(path);
-    m_dirty = false;
-    m_previouslySaved = true;
-    m_url = path;
     setListTitle();
 }
 
 void Vexa_RemoteAppDelegate::revertDocumentToSaved() {
     if (askRevert())
-        openListWithURL(m_url);
+        openListWithURL(url());
 }
 
 void Vexa_RemoteAppDelegate::saveDocument() {
-    if (m_previouslySaved)
-        saveDocumentWithURL(m_url);
+    if (previouslySaved())
+        saveDocumentWithURL(url());
     else
         saveDocumentAs();
 }
 
 void Vexa_RemoteAppDelegate::saveDocumentAs() {
-    const auto path = m_outlets.filePanels->runSavePanel(untitled + QStringLiteral(".vexaB"));
+    const auto path =
+        m_outlets.filePanels->runSavePanel(QStringLiteral("Untitled Batch List.vexaB"));
     if (!path)
         return;
     saveDocumentWithURL(*path);
@@ -117,18 +108,13 @@ void Vexa_RemoteAppDelegate::saveDocumentAs() {
 }
 
 void Vexa_RemoteAppDelegate::saveDocumentWithURL(const QString& path) {
-    // A list counts as saved whether or not it could be written.
-    writeListFile(path, m_batchStripeData->batchList());
-    m_dirty = false;
-    m_previouslySaved = true;
-    m_url = path;
+    m_document.save(path);
     Q_EMIT stateChanged();
 }
 
 void Vexa_RemoteAppDelegate::setListTitle() {
-    m_fileTitle =
-        m_url.isNull() ? untitled : QFileInfo(m_url).fileName().section(QLatin1Char('.'), 0, 0);
-    m_outlets.window->setTitle(QStringLiteral("Vexa Remote: %1").arg(m_fileTitle));
+    m_document.retitle();
+    m_outlets.window->setTitle(QStringLiteral("Vexa Remote: %1").arg(fileTitle()));
     Q_EMIT stateChanged();
 }
 

@@ -1,6 +1,7 @@
 #include "engine/menu_validation.h"
 
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "timecode/sync_type.h"
 
 namespace vexa {
 

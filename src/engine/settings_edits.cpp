@@ -1,12 +1,10 @@
-#include "engine/TimecodeDisplay.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "timecode/timecode.h"
 
 namespace vexa {
 
 namespace {
 
-constexpr int startTimeTag = 0;
-constexpr int stopTimeTag = 1;
 constexpr double leastStripeSeconds = 5;
 
 } // namespace
@@ -19,29 +17,28 @@ void Vexa_RemoteAppDelegate::handleStartTimeButton() {
 void Vexa_RemoteAppDelegate::handleStopTimeButton() {
     if (m_outlets.endTimeButton->state() == 0)
         return;
-    m_prevStopTimeSet = m_stopTimeSet;
+    m_prevStopTimeSet = m_plan.stopTimeSet;
     m_outlets.startTimeButton->setState(0);
-    if (!m_stopTimeSet) {
-        m_stopTimeSet = true;
+    if (!m_plan.stopTimeSet) {
+        m_plan.stopTimeSet = true;
         m_outlets.stopTimeCheck->setState(true);
     }
     Q_EMIT stateChanged();
 }
 
 void Vexa_RemoteAppDelegate::pushStopTimePastStart() {
-    m_outlets.endTimeButton->setBcdValue(m_startTime);
-    m_outlets.endTimeButton->incFrames(
-        static_cast<std::uint64_t>(frameCount() * leastStripeSeconds));
-    m_stopTime = m_outlets.endTimeButton->bcdValue();
+    const auto& rate = frameRateForCode(frameRate());
+    const auto frames = static_cast<std::uint64_t>(rate.frameCount * leastStripeSeconds);
+    m_plan.settings.stopTime = advanced(static_cast<PackedTimecode>(startTime()), frames, rate);
+    m_outlets.endTimeButton->setBcdValue(stopTime());
 }
 
-void Vexa_RemoteAppDelegate::timeChanged(TimecodeDisplay& sender) {
-    const std::uint64_t entered = sender.bcdValue();
-    const auto oldStart = m_startTime;
-    const auto oldStop = m_stopTime;
-    if (sender.tag() == stopTimeTag) {
-        if (m_startTime < entered)
-            m_stopTime = entered;
+void Vexa_RemoteAppDelegate::timeChanged(int tag, std::uint64_t entered) {
+    const auto oldStart = m_plan.settings.startTime;
+    const auto oldStop = m_plan.settings.stopTime;
+    if (tag == time_tag::stop) {
+        if (m_plan.settings.startTime < entered)
+            m_plan.settings.stopTime = entered;
         else
             pushStopTimePastStart();
         m_outlets.addToBatchButton->setHidden(false);
@@ -49,9 +46,9 @@ void Vexa_RemoteAppDelegate::timeChanged(TimecodeDisplay& sender) {
                      [this, oldStop, flag = m_prevStopTimeSet](const QString& name) {
                          setStopTime(oldStop, flag, name);
                      });
-    } else if (sender.tag() == startTimeTag) {
-        m_startTime = entered;
-        if (m_stopTimeSet && m_stopTime <= m_startTime)
+    } else if (tag == time_tag::start) {
+        m_plan.settings.startTime = entered;
+        if (m_plan.stopTimeSet && m_plan.settings.stopTime <= m_plan.settings.startTime)
             pushStopTimePastStart();
         registerEdit(QStringLiteral("Change Start Time"),
                      [this, oldStart, oldStop](const QString& name) {
@@ -69,12 +66,12 @@ void Vexa_RemoteAppDelegate::registerEdit(const QString& actionName,
 
 void Vexa_RemoteAppDelegate::setStartTime(std::uint64_t start, std::uint64_t stop,
                                           const QString& actionName) {
-    const auto oldStart = m_startTime;
-    const auto oldStop = m_stopTime;
-    m_startTime = start;
+    const auto oldStart = m_plan.settings.startTime;
+    const auto oldStop = m_plan.settings.stopTime;
+    m_plan.settings.startTime = start;
     m_outlets.startTimeButton->setBcdValue(start);
-    if (m_stopTime != stop) {
-        m_stopTime = stop;
+    if (m_plan.settings.stopTime != stop) {
+        m_plan.settings.stopTime = stop;
         m_outlets.endTimeButton->setBcdValue(stop);
     }
     registerEdit(actionName, [this, oldStart, oldStop](const QString& name) {
@@ -83,35 +80,40 @@ void Vexa_RemoteAppDelegate::setStartTime(std::uint64_t start, std::uint64_t sto
 }
 
 void Vexa_RemoteAppDelegate::setStopTime(std::uint64_t stop, bool flag, const QString& actionName) {
-    const auto oldStop = m_stopTime;
-    m_stopTime = stop;
+    const auto oldStop = m_plan.settings.stopTime;
+    m_plan.settings.stopTime = stop;
     m_outlets.endTimeButton->setBcdValue(stop);
-    m_prevStopTimeSet = m_stopTimeSet;
-    m_stopTimeSet = flag && m_startTime < stop;
-    m_outlets.stopTimeCheck->setState(m_stopTimeSet);
+    m_prevStopTimeSet = m_plan.stopTimeSet;
+    m_plan.stopTimeSet = flag && m_plan.settings.startTime < stop;
+    m_outlets.stopTimeCheck->setState(m_plan.stopTimeSet);
     registerEdit(actionName, [this, oldStop, oldFlag = m_prevStopTimeSet](const QString& name) {
         setStopTime(oldStop, oldFlag, name);
     });
 }
 
 void Vexa_RemoteAppDelegate::handleStopTimeCheck() {
-    setStopTimeSet(m_outlets.stopTimeCheck->state(), m_stopTime, QStringLiteral("Set Stop Time"));
+    setStopTimeSet(m_outlets.stopTimeCheck->state(), m_plan.settings.stopTime,
+                   QStringLiteral("Set Stop Time"));
 }
 
 void Vexa_RemoteAppDelegate::setStopTimeSet(bool flag, std::uint64_t stopTime,
                                             const QString& actionName) {
-    const auto oldStop = m_stopTime;
-    m_stopTime = stopTime;
-    m_prevStopTimeSet = m_stopTimeSet;
-    m_stopTimeSet = flag;
-    if (flag && stopTime <= m_startTime)
+    const auto oldStop = m_plan.settings.stopTime;
+    m_plan.settings.stopTime = stopTime;
+    m_prevStopTimeSet = m_plan.stopTimeSet;
+    m_plan.stopTimeSet = flag;
+    if (flag && stopTime <= m_plan.settings.startTime)
         pushStopTimePastStart();
     m_outlets.stopTimeCheck->setState(flag);
     m_outlets.addToBatchButton->setHidden(!flag);
-    m_outlets.endTimeButton->setBcdValue(m_stopTime);
+    m_outlets.endTimeButton->setBcdValue(m_plan.settings.stopTime);
     registerEdit(actionName, [this, oldFlag = m_prevStopTimeSet, oldStop](const QString& name) {
         setStopTimeSet(oldFlag, oldStop, name);
     });
+}
+
+void Vexa_RemoteAppDelegate::handleSetStopTimeMenu() {
+    setStopTimeSet(!stopTimeSet(), stopTime(), QStringLiteral("Set Stop Time"));
 }
 
 void Vexa_RemoteAppDelegate::handleFrameRateRadios() {
@@ -123,7 +125,7 @@ void Vexa_RemoteAppDelegate::handleFrameRateMenuItems(std::uint64_t tag) {
 }
 
 void Vexa_RemoteAppDelegate::undoRedoSetFrameRate(std::uint64_t code, const QString& actionName) {
-    const auto old = m_frameRate;
+    const auto old = m_plan.settings.frameRate;
     setFrameRate(code);
     handleFrameRateEnabling();
     registerEdit(actionName, [this, old](const QString& name) { undoRedoSetFrameRate(old, name); });
@@ -138,10 +140,10 @@ void Vexa_RemoteAppDelegate::handleSyncTypeMenuItems(std::uint64_t tag) {
 }
 
 void Vexa_RemoteAppDelegate::undoRedoSetSyncType(std::uint64_t code, const QString& actionName) {
-    const auto old = m_syncType;
-    m_syncType = code;
+    const auto old = m_plan.settings.syncType;
+    m_plan.settings.syncType = code;
     handleFrameRateEnabling();
-    m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
+    m_outlets.syncTypeMatrix->selectCellWithTag(m_plan.settings.syncType);
     registerEdit(actionName, [this, old](const QString& name) { undoRedoSetSyncType(old, name); });
 }
 

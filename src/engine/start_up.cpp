@@ -1,6 +1,5 @@
-#include "batch/VexaBatchStripeData.h"
-#include "engine/TimecodeDisplay.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "timecode/timecode.h"
 
 namespace vexa {
 
@@ -11,10 +10,11 @@ constexpr Timecode firstStartTime{1, 0, 0, 0};
 } // namespace
 
 Vexa_RemoteAppDelegate::Vexa_RemoteAppDelegate(const Outlets& outlets, RunLoop& runLoop)
-    : m_outlets(outlets), m_runLoop(runLoop), m_addToBatchController(*this, *outlets.addToPanel) {
-    for (auto* display :
-         {outlets.currentTimeButton, outlets.startTimeButton, outlets.endTimeButton})
-        display->setOwner(this);
+    : m_outlets(outlets),
+      m_addToBatchController(*this, *outlets.addToPanel),
+      m_run(runLoop, m_batchStripeData, m_link, m_plan),
+      m_blink(runLoop, *outlets.transportMatrix) {
+    connectRun();
     connect(&m_undoManager, &UndoManager::changed, this, &Vexa_RemoteAppDelegate::stateChanged);
 }
 
@@ -23,19 +23,18 @@ Vexa_RemoteAppDelegate::~Vexa_RemoteAppDelegate() = default;
 void Vexa_RemoteAppDelegate::applicationDidFinishLaunching() {
     setTransportState(transport::stopped);
     setFrameRate(rate::fps30);
-    m_startTime = pack(firstStartTime);
-    m_outlets.startTimeButton->setBcdValue(m_startTime);
-    m_stopTime = 0;
-    m_outlets.endTimeButton->setBcdValue(m_stopTime);
+    m_plan.settings.startTime = pack(firstStartTime);
+    m_outlets.startTimeButton->setBcdValue(startTime());
+    m_plan.settings.stopTime = 0;
+    m_outlets.endTimeButton->setBcdValue(stopTime());
     readPrefs();
     setListTitle();
 
-    m_batchStripeData = std::make_unique<VexaBatchStripeData>(this);
     m_outlets.batchTable->setColumnIdentifiers({item_key::reel, item_key::title, item_key::start,
                                                 item_key::stop, item_key::rate, item_key::type});
     setFrameRate(m_defaultFrameRate);
-    m_syncType = m_defaultSyncType;
-    m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
+    m_plan.settings.syncType = m_defaultSyncType;
+    m_outlets.syncTypeMatrix->selectCellWithTag(m_defaultSyncType);
     handleFrameRateEnabling();
     m_outlets.batchTable->installHeader();
     m_outlets.batchTable->setIntercellSpacing(5.0, 2.0);

@@ -1,124 +1,100 @@
-#include "engine/TimecodeDisplay.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
-#include "midi/Vexa_MIDI_Manager.h"
+
+#include <utility>
 
 namespace vexa {
 
-namespace {
-
-void cancel(std::unique_ptr<RunLoopTimer>& timer) {
-    if (timer && timer->isValid())
-        timer.reset();
-}
-
-} // namespace
-
-void Vexa_RemoteAppDelegate::handleTransportButtons() {
-    setTransportState(m_outlets.transportMatrix->selectedTag());
+void Vexa_RemoteAppDelegate::handleStripeMenuItems(std::uint64_t tag) {
+    setTransportState(tag);
+    setTransportButton(tag);
 }
 
 void Vexa_RemoteAppDelegate::setTransportState(std::uint64_t state) {
     m_prevTransportState = m_transportState;
-    m_transportState = state;
-    if (state == transport::playing)
-        startPlay();
-    if (state == transport::stopped)
+    switch (state) {
+    case transport::playing:
+        if (m_plan.useBatch && m_plan.batchMode != batchModeAll)
+            m_batchStripeData.setSelection(m_outlets.batchTable->selectedRowIndexes());
+        if (m_plan.useBatch)
+            m_outlets.batchTable->clearMarks();
+        m_run.play(m_prevTransportState == transport::stopped ? StripeRun::From::startTime
+                                                              : StripeRun::From::clock);
+        break;
+    case transport::stopped:
         m_outlets.currentStripeItemLabel->setStringValue({});
-    if (state == transport::stopped || state == transport::paused) {
-        stopTimer();
-        leaveItem(StripeMark::none);
-        Vexa_MIDI_Manager::sharedMidiManager().sendStopMessage();
-        cancel(m_blinkTimer);
-        cancel(m_pauseTimer);
+        m_run.stop();
+        break;
+    case transport::paused:
+        m_run.pause();
+        break;
+    default:
+        m_transportState = state;
+        Q_EMIT stateChanged();
+    }
+}
+
+void Vexa_RemoteAppDelegate::connectRun() {
+    connect(&m_run, &StripeRun::phaseChanged, this, &Vexa_RemoteAppDelegate::showPhase);
+    connect(&m_run, &StripeRun::ticked, this,
+            [this] { m_outlets.currentTimeButton->setBcdValue(m_run.currentTime()); });
+    connect(&m_run, &StripeRun::itemTaken, this, &Vexa_RemoteAppDelegate::showItem);
+    connect(&m_run, &StripeRun::itemLeft, this, [this](const BatchItemRef& item, bool finished) {
+        m_outlets.batchTable->markItem(item, finished ? StripeMark::finished : StripeMark::none);
+    });
+    connect(&m_run, &StripeRun::pauseEnded, this, [this] { m_blink.stop(); });
+    connect(&m_run, &StripeRun::reelNeeded, this, &Vexa_RemoteAppDelegate::changeReel);
+    connect(&m_run, &StripeRun::ended, this, &Vexa_RemoteAppDelegate::showEnd);
+}
+
+void Vexa_RemoteAppDelegate::showPhase() {
+    const auto state = transportStateOf(m_run.progress());
+    if (state != m_transportState)
+        m_prevTransportState = std::exchange(m_transportState, state);
+    switch (m_run.progress().phase) {
+    case Phase::running:
+        m_outlets.currentTimeButton->setBcdValue(m_run.currentTime());
+        break;
+    case Phase::betweenItems:
+        m_outlets.currentStripeItemLabel->setStringValue({});
+        m_blink.start();
+        break;
+    case Phase::stopped:
+    case Phase::paused:
+        m_blink.cancel();
+        break;
+    case Phase::awaitingReel:
+        break;
     }
     Q_EMIT stateChanged();
 }
 
-void Vexa_RemoteAppDelegate::setTransportButton(std::uint64_t tag) {
-    m_outlets.transportMatrix->selectCellWithTag(tag);
+void Vexa_RemoteAppDelegate::showItem() {
+    const auto& item = m_run.progress().item;
+    if (item)
+        m_outlets.batchTable->markItem(item, StripeMark::underWay);
+    m_outlets.currentStripeItemLabel->setStringValue(m_batchStripeData.titleOfItem(item));
+    announceFrameRate();
+    showSettings(m_run.currentTime(), m_run.progress().currentStop);
 }
 
-void Vexa_RemoteAppDelegate::startPlay() {
-    m_waitingForReelChange = false;
-    leaveItem(StripeMark::none);
-    if (m_useBatch) {
-        startBatchRun();
-    } else {
-        if (m_prevTransportState == transport::stopped)
-            m_currentTime = m_startTime;
-        m_currentStopTime = m_stopTime;
-    }
-    Vexa_MIDI_Manager::sharedMidiManager().sendStopMessage();
-    sendSetupAndStart();
-    startTimer();
-}
-
-void Vexa_RemoteAppDelegate::sendSetupAndStart() {
-    auto& midi = Vexa_MIDI_Manager::sharedMidiManager();
-    midi.sendSetupMessageStart(m_currentTime, m_frameRate, m_syncType);
-    midi.sendStartMessage();
-}
-
-void Vexa_RemoteAppDelegate::startTimer() {
-    stopTimer();
-    m_outlets.currentTimeButton->setBcdValue(m_currentTime);
-    m_mainTimer = m_runLoop.scheduleTimer(RunLoop::Seconds(frameInterval()), true,
-                                          [this] { timerFireMethod(); });
-}
-
-void Vexa_RemoteAppDelegate::stopTimer() { m_mainTimer.reset(); }
-
-void Vexa_RemoteAppDelegate::timerFireMethod() {
-    if (m_waitingForReelChange)
-        return;
-    // One frame a tick, whatever the time: the clock is a display and follows nothing else.
-    m_outlets.currentTimeButton->incFrames(1);
-    m_currentTime = m_outlets.currentTimeButton->bcdValue();
-    if (!m_useBatch && !m_stopTimeSet)
-        return;
-    if (m_currentTime < m_currentStopTime)
-        return;
-
-    leaveItem(StripeMark::finished);
-    const bool more = m_batchMode != batchModeAll
-                          ? m_batchStripeData->areMoreSelectedItemsAvailable()
-                          : m_batchStripeData->areMoreItemsAvailable();
-    if (m_useBatch && more) {
-        setTransportState(transport::pausedBetweenItems);
-        stopTimer();
-        startBatchPause();
-    } else {
-        stopTimer();
-        setTransportState(transport::stopped);
-        m_currentTime = m_currentStopTime;
-        setTransportButton(transport::stopped);
-        restoreCurrentSettings();
-    }
+void Vexa_RemoteAppDelegate::showEnd(StripeRun::End how) {
     m_outlets.currentStripeItemLabel->setStringValue({});
-    Vexa_MIDI_Manager::sharedMidiManager().sendStopMessage();
+    setTransportButton(transport::stopped);
+    if (how == StripeRun::End::stopTimeReached)
+        restoreCurrentSettings();
 }
 
-void Vexa_RemoteAppDelegate::saveCurrentSettings() {
-    m_savedStartTime = m_startTime;
-    m_savedStopTime = m_stopTime;
-    m_savedFrameRate = m_frameRate;
-    m_savedSyncType = m_syncType;
-}
-
-void Vexa_RemoteAppDelegate::restoreCurrentSettings() {
-    m_startTime = m_savedStartTime;
-    m_stopTime = m_savedStopTime;
-    setFrameRate(m_savedFrameRate);
-    m_syncType = m_savedSyncType;
-    showSettings(m_startTime, m_stopTime);
-}
-
-void Vexa_RemoteAppDelegate::showSettings(std::uint64_t start, std::uint64_t stop) {
-    handleFrameRateEnabling();
-    m_outlets.syncTypeMatrix->selectCellWithTag(m_syncType);
-    m_outlets.startTimeButton->setBcdValue(start);
-    m_outlets.endTimeButton->setBcdValue(stop);
-    Q_EMIT stateChanged();
+void Vexa_RemoteAppDelegate::changeReel(std::uint64_t reel) {
+    const int answer = m_outlets.alerts->runModal(
+        {.message = QStringLiteral("Time to change reels"),
+         .information = QStringLiteral("Please load reel %1, then hit Continue")
+                            .arg(static_cast<std::int64_t>(reel)),
+         .buttons = {QStringLiteral("Continue")},
+         .comesUnasked = true});
+    if (answer != alertUnanswered && m_transportState != transport::stopped)
+        m_run.reelLoaded();
+    else
+        handleStripeMenuItems(transport::stopped);
 }
 
 } // namespace vexa

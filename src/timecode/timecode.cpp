@@ -59,6 +59,10 @@ Timecode advanced(Timecode time, std::uint64_t frames, const FrameRate& rate) {
     return time;
 }
 
+PackedTimecode advanced(PackedTimecode time, std::uint64_t frames, const FrameRate& rate) {
+    return pack(advanced(unpack(time), frames, rate));
+}
+
 std::optional<Timecode> timecodeFromText(std::string_view text) {
     if (text.size() != 11)
         return std::nullopt;

@@ -46,6 +46,7 @@ bool isValid(const Timecode& time, const FrameRate& rate);
 /// counted, so a long way at drop-frame is many steps of one. With 0 frames it brings a time into
 /// line with the rate: frames beyond the rate carry into the seconds.
 Timecode advanced(Timecode time, std::uint64_t frames, const FrameRate& rate);
+PackedTimecode advanced(PackedTimecode time, std::uint64_t frames, const FrameRate& rate);
 
 /// Reads "hh:mm:ss:ff", exactly eight digits and three colons, whatever the values.
 /// Anything else gives nothing.

@@ -32,7 +32,7 @@ struct Window : testing::Test {
     }
     void addItems(std::uint64_t count) {
         for (std::uint64_t reel = 1; reel <= count; ++reel)
-            controller.addItemToBatchList(reel, u"item"_s, 0, 1, 2, 0);
+            controller.addItemToBatchList(reel, u"item"_s, {0, 1, 2, 0});
     }
 
     const CleanDefaults defaults;
@@ -96,7 +96,7 @@ TEST_F(Window, AChangeOfTheListLeavesTheOtherRowsSelected) {
     table.selectRow(2);
     outlet("batchSelected").click();
     controller.undoManager().endEvent();
-    controller.addItemToBatchList(0, u"first"_s, 0, 1, 2, 0);
+    controller.addItemToBatchList(0, u"first"_s, {0, 1, 2, 0});
     EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{3});
     controller.undo();
     EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{2});

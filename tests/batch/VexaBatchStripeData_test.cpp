@@ -39,27 +39,27 @@ TEST_F(BatchList, IsEmptyAtFirst) {
 }
 
 TEST_F(BatchList, NumbersTheItemsItMakesFromZero) {
-    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5)->id, 0u);
-    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5)->id, 1u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, {2, 3, 4, 5})->id, 0u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, {2, 3, 4, 5})->id, 1u);
     EXPECT_EQ(data.nextItemID(), 2u);
     EXPECT_EQ(data.nextItemID(), 3u);
     data.setNextItemID(10);
-    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5)->id, 10u);
+    EXPECT_EQ(data.addItemWithReel(1, u"x"_s, {2, 3, 4, 5})->id, 10u);
 }
 
 TEST_F(BatchList, MakesAnItemOfTheSixValues) {
-    const auto made = data.addItemWithReel(1, u"x"_s, 2, 3, 4, 5);
+    const auto made = data.addItemWithReel(1, u"x"_s, {2, 3, 4, 5});
     EXPECT_EQ(*made, (BatchItem{1, u"x"_s, 2, 3, 4, 5, 0}));
     EXPECT_THAT(data.batchList(), ElementsAre(made));
 }
 
 TEST_F(BatchList, ClearingOrReplacingDoesNotResetTheNumbers) {
-    data.addItemWithReel(1, {}, 0, 0, 0, 0);
+    data.addItemWithReel(1, {}, {0, 0, 0, 0});
     data.clearBatchList();
     EXPECT_EQ(data.numItems(), 0u);
-    EXPECT_EQ(data.addItemWithReel(1, {}, 0, 0, 0, 0)->id, 1u);
+    EXPECT_EQ(data.addItemWithReel(1, {}, {0, 0, 0, 0})->id, 1u);
     data.replaceBatchList({item(1, {}, 77)});
-    EXPECT_EQ(data.addItemWithReel(1, {}, 0, 0, 0, 0)->id, 2u);
+    EXPECT_EQ(data.addItemWithReel(1, {}, {0, 0, 0, 0})->id, 2u);
 }
 
 TEST_F(BatchList, SortsWhatIsAdded) {

@@ -16,7 +16,7 @@ constexpr QRect signPlace{63, 0, 17, 24};
 struct RowDelegate : testing::Test {
     RowDelegate() {
         model.setColumnIdentifiers({item_key::reel, item_key::title});
-        item = list.addItemWithReel(7, u"HHH"_s, 0, 0, 0, 0);
+        item = list.addItemWithReel(7, u"HHH"_s, {0, 0, 0, 0});
         model.reloadData();
         delegate.setSpacing(5);
     }

@@ -13,8 +13,8 @@ struct TableModel : testing::Test {
     TableModel() {
         model.setColumnIdentifiers({item_key::reel, item_key::title, item_key::start,
                                     item_key::stop, item_key::rate, item_key::type});
-        list.addItemWithReel(12, QStringLiteral("First"), 0x01020304, 0, 1, 2);
-        list.addItemWithReel(13, QStringLiteral("Second"), 0, 0, 99, 0);
+        list.addItemWithReel(12, QStringLiteral("First"), {0x01020304, 0, 1, 2});
+        list.addItemWithReel(13, QStringLiteral("Second"), {0, 0, 99, 0});
         model.reloadData();
     }
     QString text(int row, int column) { return model.index(row, column).data().toString(); }
@@ -66,7 +66,7 @@ TEST_F(TableModel, LineBreaksInTitlesAreSpaces) {
 }
 
 TEST_F(TableModel, AnEditedTitleLeavesItsRowWhereItIs) {
-    list.addItemWithReel(12, u"Fourth"_s, 0x01020304, 0, 1, 2);
+    list.addItemWithReel(12, u"Fourth"_s, {0x01020304, 0, 1, 2});
     model.reloadData();
     ASSERT_EQ(text(1, 1), u"Fourth"_s);
     const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
@@ -83,7 +83,7 @@ TEST_F(TableModel, AListThatChangedShowsAtTheNextReload) {
     EXPECT_FALSE(model.setData(model.index(0, 1), u"gone"_s, Qt::EditRole));
     model.reloadData();
     EXPECT_EQ(model.rowCount(), 0);
-    list.addItemWithReel(1, u"new"_s, 0, 0, 0, 0);
+    list.addItemWithReel(1, u"new"_s, {0, 0, 0, 0});
     model.reloadData();
     EXPECT_EQ(text(0, 1), u"new"_s);
 }
@@ -99,7 +99,7 @@ TEST_F(TableModel, MarksStayWithTheirItems) {
     EXPECT_EQ(mark(0), StripeMark::underWay);
     EXPECT_EQ(mark(1), StripeMark::none);
 
-    list.addItemWithReel(1, u"before"_s, 0, 0, 0, 0);
+    list.addItemWithReel(1, u"before"_s, {0, 0, 0, 0});
     model.reloadData();
     EXPECT_EQ(mark(0), StripeMark::none);
     EXPECT_EQ(mark(1), StripeMark::underWay);

@@ -168,7 +168,7 @@ TEST(MainMenu, TwoRecentFilesAtOnceAskOneQuestion) {
     files.noteNewRecentDocument(list.fileName());
     QMenuBar bar;
     const MainMenu menu(bar, rig.controller, files);
-    rig.controller.addItemToBatchList(1, QStringLiteral("item"), 0, 1, 2, 0);
+    rig.controller.addItemToBatchList(1, QStringLiteral("item"), {0, 1, 2, 0});
     rig.alerts.answers = {alertThirdButton, alertThirdButton};
     rig.alerts.whileShown = [] {
         QDialog question;

@@ -31,7 +31,7 @@ struct TableView : testing::Test {
     }
     void addRows(std::uint64_t count) {
         for (std::uint64_t row = 0; row < count; ++row)
-            list.addItemWithReel(list.numItems(), u"item"_s, 0, 0, 0, 0);
+            list.addItemWithReel(list.numItems(), u"item"_s, {0, 0, 0, 0});
         table.reloadData();
     }
     QPoint middleOf(int row, int column) {

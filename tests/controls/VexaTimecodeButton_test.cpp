@@ -15,9 +15,10 @@ namespace {
 /// A start time display of a controller, at rest with 01:00:00:00, in a window of its own.
 struct TimecodeButton : testing::Test {
     TimecodeButton() {
-        button.setTag(0);
+        button.setTag(time_tag::start);
         button.awakeFromNib();
-        button.setOwner(&rig.controller);
+        QObject::connect(&button, &VexaTimecodeButton::timeChanged, &rig.controller,
+                         &Vexa_RemoteAppDelegate::timeChanged);
         button.setBcdValue(tc("01:00:00:00"));
         button.show();
     }
@@ -30,8 +31,8 @@ struct TimecodeButton : testing::Test {
     std::string entry() const { return button.alternateTitle().toStdString(); }
     std::uint64_t committed() const { return rig.controller.startTime(); }
 
-    ControllerRig rig;
     VexaTimecodeButton button;
+    ControllerRig rig{&button};
 };
 
 TEST_F(TimecodeButton, ShowsItsTimeInGrayAndEntriesInGreen) {
@@ -133,7 +134,7 @@ TEST_P(Validation, WritesFieldsAsItGoesAndStopsAtTheFirstBadOne) {
     button.setState(1);
     type(given.digits);
     EXPECT_EQ(button.handleKey(QStringLiteral("\r")), given.accepted);
-    EXPECT_EQ(shown(button), given.fieldsAfter);
+    EXPECT_EQ(timecodeText(unpack(button.bcdValue())), given.fieldsAfter);
     EXPECT_EQ(button.state(), given.accepted ? 0 : 1);
     EXPECT_EQ(title(), given.accepted ? given.fieldsAfter : "01:02:03:04");
     EXPECT_EQ(committed(), tc(given.accepted ? given.fieldsAfter : "01:00:00:00"));
@@ -316,14 +317,17 @@ TEST_F(TimecodeButton, TellsAssistiveTechnologyWhatItShows) {
 }
 
 TEST_F(TimecodeButton, TheOtherDisplaysPressCommitsThisOne) {
-    auto& controller = rig.controller;
     VexaTimecodeButton stop;
-    stop.setTag(1);
+    stop.setTag(time_tag::stop);
     stop.awakeFromNib();
     Outlets outlets = rig.ui.outlets(rig.alerts);
     outlets.startTimeButton = &button;
     outlets.endTimeButton = &stop;
     Vexa_RemoteAppDelegate own(outlets, rig.runLoop);
+    button.disconnect();
+    for (auto* display : {&button, &stop})
+        QObject::connect(display, &VexaTimecodeButton::timeChanged, &own,
+                         &Vexa_RemoteAppDelegate::timeChanged);
     own.applicationDidFinishLaunching();
 
     button.setState(1);
@@ -339,7 +343,6 @@ TEST_F(TimecodeButton, TheOtherDisplaysPressCommitsThisOne) {
     own.handleStartTimeButton();
     EXPECT_EQ(own.stopTime(), tc("07:00:00:00"));
     EXPECT_EQ(stop.state(), 0);
-    button.setOwner(&controller);
 }
 
 } // namespace

@@ -50,7 +50,7 @@ TEST_F(DesktopRequest, AFolderIsNoList) {
 }
 
 TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
-    rig.controller.addItemToBatchList(1, u"item"_s, 0, 1, 2, 0);
+    rig.controller.addItemToBatchList(1, u"item"_s, {0, 1, 2, 0});
     rig.press(transport::playing);
     rig.alerts.answers = {alertSecondButton};
     rig.alerts.whileShown = [&] { program.quit(); };

@@ -91,7 +91,7 @@ TEST_F(ListFile, KeepsAnOrderThatIsNotTheLists) {
     VexaBatchStripeData list(nullptr);
     list.replaceBatchList(items);
     EXPECT_THAT(list.batchList(), ElementsAre(Pointee(second), Pointee(opening)));
-    const auto third = list.addItemWithReel(99, u"Third"_s, 0, 0, 0, 0);
+    const auto third = list.addItemWithReel(99, u"Third"_s, {0, 0, 0, 0});
     EXPECT_THAT(list.batchList(), ElementsAre(Pointee(opening), Pointee(second), third));
 }
 
@@ -99,7 +99,7 @@ TEST_F(ListFile, KeepsIdsAndDoesNotAdvanceTheCountOfThem) {
     VexaBatchStripeData list(nullptr);
     list.replaceBatchList(readListFile(data(u"two_items.vexaB"_s)));
     EXPECT_EQ(list.batchList()[0]->id, 1u);
-    EXPECT_EQ(list.addItemWithReel(1, {}, 0, 0, 0, 0)->id, 0u);
+    EXPECT_EQ(list.addItemWithReel(1, {}, {0, 0, 0, 0})->id, 0u);
 }
 
 TEST_F(ListFile, GivesItemsWhoseTitlesCanBeEdited) {

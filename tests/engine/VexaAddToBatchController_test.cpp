@@ -11,8 +11,8 @@ struct AddToBatch : testing::Test {
     /// Opens the panel for an item at 02:00:00:00 and lets the operator answer.
     void show(const std::function<int()>& answer) {
         panel.answer = answer;
-        controller.showAddToBatchPanelWithStart(tc("02:00:00:00"), tc("02:10:00:00"), rate::fps24,
-                                                sync::fsk);
+        controller.showAddToBatchPanelWithStart(
+            {tc("02:00:00:00"), tc("02:10:00:00"), rate::fps24, sync::fsk});
     }
     const BatchItems& items() { return rig.controller.batchStripeData().batchList(); }
 
@@ -36,7 +36,7 @@ TEST_F(AddToBatch, ProposesTheStartHourAsTheReel) {
 TEST_F(AddToBatch, ProposesOnlyTheHoursByte) {
     std::uint64_t proposed = 0;
     panel.answer = [&] { return proposed = panel.reel(), panelCancelled; };
-    controller.showAddToBatchPanelWithStart(0xFFFF'FFFF'17FF'FFFF, 0, 0, 0);
+    controller.showAddToBatchPanelWithStart({0xFFFF'FFFF'17FF'FFFF, 0, 0, 0});
     EXPECT_EQ(proposed, 0x17u);
 }
 

@@ -13,8 +13,9 @@ namespace {
 
 struct BatchEditing : testing::Test {
     BatchItemRef addItem(std::uint64_t reel, const char* title) {
-        controller.addItemToBatchList(reel, QString::fromLatin1(title), tc("01:00:00:00"),
-                                      tc("01:00:10:00"), rate::fps25, sync::mtc);
+        controller.addItemToBatchList(
+            reel, QString::fromLatin1(title),
+            {tc("01:00:00:00"), tc("01:00:10:00"), rate::fps25, sync::mtc});
         undo.endEvent();
         for (const auto& item : list().batchList())
             if (item->title == QLatin1String(title))
@@ -24,7 +25,7 @@ struct BatchEditing : testing::Test {
     /// Three items on reels 1 to 3, in a list that counts as unchanged.
     void fill() {
         for (const char* title : {"one", "two", "three"})
-            list().addItemWithReel(list().numItems() + 1, QString::fromLatin1(title), 0, 1, 2, 0);
+            list().addItemWithReel(list().numItems() + 1, QString::fromLatin1(title), {0, 1, 2, 0});
         controller.handleBatchControlEnabling();
     }
     /// A list counts as saved also when it cannot be written.
@@ -214,7 +215,7 @@ TEST_F(BatchEditing, ARedoneDeletionDeletesTheSameRowNumbersWhateverStandsThere)
     select({0});
     controller.handleRemoveFromBatchListButton();
     undo.undo();
-    list().addItemWithReel(0, QStringLiteral("zero"), 0, 1, 2, 0);
+    list().addItemWithReel(0, QStringLiteral("zero"), {0, 1, 2, 0});
     undo.redo();
     EXPECT_THAT(titles(), ElementsAre("one", "two", "three"));
     undo.undo();

@@ -19,12 +19,12 @@ struct BatchRun : testing::Test {
     /// Three items of three frames, an hour apart, on these reels.
     void addThreeItems(std::uint64_t reel1, std::uint64_t reel2, std::uint64_t reel3) {
         auto& list = controller.batchStripeData();
-        list.addItemWithReel(reel1, QStringLiteral("one"), tc("01:00:00:00"), tc("01:00:00:03"),
-                             rate::fps25, sync::mtc);
-        list.addItemWithReel(reel2, QStringLiteral("two"), tc("02:00:00:00"), tc("02:00:00:03"),
-                             rate::fps30, sync::dtl);
-        list.addItemWithReel(reel3, QStringLiteral("three"), tc("03:00:00:00"), tc("03:00:00:03"),
-                             rate::fps30Drop, sync::mtc);
+        list.addItemWithReel(reel1, QStringLiteral("one"),
+                             {tc("01:00:00:00"), tc("01:00:00:03"), rate::fps25, sync::mtc});
+        list.addItemWithReel(reel2, QStringLiteral("two"),
+                             {tc("02:00:00:00"), tc("02:00:00:03"), rate::fps30, sync::dtl});
+        list.addItemWithReel(reel3, QStringLiteral("three"),
+                             {tc("03:00:00:00"), tc("03:00:00:03"), rate::fps30Drop, sync::mtc});
         controller.handleBatchControlEnabling();
         controller.setUseBatch(true);
     }
@@ -264,12 +264,12 @@ TEST_F(BatchRun, ASelectedRunStripesTheSelectedRowsOnly) {
 
 TEST_F(BatchRun, ASelectedRunStaysOneWhenTheListChanges) {
     addThreeItems(1, 1, 2);
-    controller.addItemToBatchList(9, QStringLiteral("not chosen"), 0, 1, rate::fps30, sync::mtc);
+    controller.addItemToBatchList(9, QStringLiteral("not chosen"), {0, 1, rate::fps30, sync::mtc});
     rig.ui.batchTable.selectRows({0, 2});
     controller.tableViewSelectionDidChange();
     controller.handleBatchListMenuItems(batchModeSelected);
     rig.press(transport::playing);
-    controller.addItemToBatchList(1, QStringLiteral("late"), 0, 1, rate::fps30, sync::mtc);
+    controller.addItemToBatchList(1, QStringLiteral("late"), {0, 1, rate::fps30, sync::mtc});
     rig.tick(3);
     controller.undo();
     endPause();

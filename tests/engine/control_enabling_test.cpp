@@ -26,7 +26,7 @@ TEST_P(BatchControlEnabling, FollowsTheRowsAndTheSelection) {
     const auto& expected = GetParam();
     ControllerRig rig;
     if (expected.rows)
-        rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), 0, 1, 2, 0);
+        rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), {0, 1, 2, 0});
     if (expected.selected)
         rig.ui.batchTable.selectRows({0});
     rig.controller.setUseBatch(true);
@@ -68,8 +68,8 @@ void byThePreferences(ControllerRig& rig, std::uint64_t type) {
 }
 void byAnItemOfARun(ControllerRig& rig, std::uint64_t type) {
     rig.controller.batchStripeData().clearBatchList();
-    rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), 0, 9, rate::fps25,
-                                                     type);
+    rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"),
+                                                     {0, 9, rate::fps25, type});
     rig.controller.setUseBatch(true);
     rig.controller.setTransportState(transport::playing);
 }

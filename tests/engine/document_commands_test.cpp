@@ -62,8 +62,9 @@ struct DocumentCommands : testing::Test {
         return path(name);
     }
     void change() {
-        controller().addItemToBatchList(1, QStringLiteral("new"), tc("01:00:00:00"),
-                                        tc("02:00:00:00"), rate::fps30, sync::mtc);
+        controller().addItemToBatchList(
+            1, QStringLiteral("new"),
+            {tc("01:00:00:00"), tc("02:00:00:00"), rate::fps30, sync::mtc});
         controller().undoManager().endEvent();
     }
 

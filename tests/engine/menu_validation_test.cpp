@@ -35,7 +35,7 @@ void betweenItems(ControllerRig& rig) {
     rig.controller.setTransportState(transport::pausedBetweenItems);
 }
 void withItem(ControllerRig& rig) {
-    rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), 0, 1, 2, 0);
+    rig.controller.batchStripeData().addItemWithReel(1, QStringLiteral("x"), {0, 1, 2, 0});
 }
 void batchOn(ControllerRig& rig) {
     withItem(rig);
@@ -55,7 +55,7 @@ void rowSelectedBatchOff(ControllerRig& rig) {
 }
 void saved(ControllerRig& rig) { rig.controller.openListWithURL(QStringLiteral("/none.vexaB")); }
 void changed(ControllerRig& rig) {
-    rig.controller.addItemToBatchList(1, QStringLiteral("x"), 0, 1, 2, 0);
+    rig.controller.addItemToBatchList(1, QStringLiteral("x"), {0, 1, 2, 0});
 }
 void savedAndChanged(ControllerRig& rig) {
     saved(rig);

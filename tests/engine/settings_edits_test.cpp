@@ -11,9 +11,9 @@ namespace {
 
 struct SettingsEdits : testing::Test {
     /// The operator enters a time in a display and commits it.
-    void enter(TimecodeDisplay& display, const char* time) {
+    void enter(PlainDisplay& display, const char* time) {
         display.setBcdValue(tc(time));
-        controller.timeChanged(display);
+        rig.commit(display);
         undo.endEvent();
     }
     void enterStop(const char* time) {
@@ -124,7 +124,7 @@ TEST_F(SettingsEdits, TheStopTimeCheckPushesShowsAndHides) {
 
 TEST_F(SettingsEdits, UndoingAStopTimeThatRestoresOneNotAfterTheStartTurnsTheFlagOff) {
     rig.ui.endTimeButton.setBcdValue(tc("01:30:00:00"));
-    controller.timeChanged(rig.ui.endTimeButton);
+    rig.commit(rig.ui.endTimeButton);
     undo.undo();
     EXPECT_EQ(controller.stopTime(), 0u);
     EXPECT_FALSE(controller.stopTimeSet());
@@ -152,8 +152,8 @@ TEST_F(SettingsEdits, UndoingAStopTimeBringsBackTheFlagOfBeforeThePress) {
 
 TEST_F(SettingsEdits, TwoRegistrationsInOneEventAreOneUndo) {
     rig.ui.startTimeButton.setBcdValue(tc("04:00:00:00"));
-    controller.timeChanged(rig.ui.startTimeButton);
-    controller.timeChanged(rig.ui.startTimeButton);
+    rig.commit(rig.ui.startTimeButton);
+    rig.commit(rig.ui.startTimeButton);
     undo.undo();
     EXPECT_EQ(controller.startTime(), tc("01:00:00:00"));
     EXPECT_FALSE(undo.canUndo());
@@ -173,7 +173,7 @@ TEST_F(SettingsEdits, AnUnchangedTimeOrTheChosenRateStillMakesAStep) {
 
 TEST_F(SettingsEdits, OtherDisplaysAreIgnored) {
     rig.ui.currentTimeButton.setBcdValue(tc("08:00:00:00"));
-    controller.timeChanged(rig.ui.currentTimeButton);
+    rig.commit(rig.ui.currentTimeButton);
     EXPECT_EQ(controller.startTime(), tc("01:00:00:00"));
     EXPECT_FALSE(undo.canUndo());
 }

@@ -47,13 +47,19 @@ private:
     const char* m_name;
 };
 
-class LoggedDisplay final : public TimecodeDisplay {
+class LoggedDisplay final : public PlainDisplay {
 public:
-    LoggedDisplay(Log& log, const char* name) : m_log(log), m_name(name) {}
+    LoggedDisplay(Log& log, const char* name) : PlainDisplay(0), m_log(log), m_name(name) {}
+    void setBcdValue(std::uint64_t value) override {
+        PlainDisplay::setBcdValue(value);
+        m_log.add(m_name, shown(*this));
+    }
+    void frameRateChanged() override {
+        PlainDisplay::frameRateChanged();
+        m_log.add(m_name, shown(*this));
+    }
 
 private:
-    void timeFieldsChanged() override { m_log.add(m_name, timecodeText(timeFields())); }
-
     Log& m_log;
     const char* m_name;
 };

@@ -113,8 +113,8 @@ TEST_F(StartUp, ShuttingDownInMidRunStopsEveryTimer) {
         Vexa_RemoteAppDelegate controller(ui.outlets(alerts), runLoop);
         controller.applicationDidFinishLaunching();
         auto& list = controller.batchStripeData();
-        list.addItemWithReel(1, QStringLiteral("a"), 0, 1, 2, 0);
-        list.addItemWithReel(1, QStringLiteral("b"), 0, 1, 2, 0);
+        list.addItemWithReel(1, QStringLiteral("a"), {0, 1, 2, 0});
+        list.addItemWithReel(1, QStringLiteral("b"), {0, 1, 2, 0});
         controller.setUseBatch(true);
         controller.setTransportState(transport::playing);
         runLoop.fireTimerOf(RunLoop::Seconds(1.0 / 30));

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "engine/Vexa_RemoteAppDelegate.h"
-#include "engine/plain_outlets.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "support/FakeMidiSystem.h"
 #include "support/ManualRunLoop.h"
+#include "support/PlainOutlets.h"
 #include "support/ScriptedAlerts.h"
+#include "timecode/sync_type.h"
+#include "timecode/timecode.h"
 
 #include <string>
 
@@ -15,7 +17,7 @@ namespace vexa::test {
 inline std::uint64_t tc(const char* text) { return pack(timecodeFromText(text).value()); }
 
 /// The reading of a display.
-inline std::string shown(const TimecodeDisplay& display) {
+inline std::string shown(const PlainDisplay& display) {
     return timecodeText(unpack(display.bcdValue()));
 }
 
@@ -36,7 +38,9 @@ inline void describe(PlainOutlets& ui) {
 /// A controller without a window, one MIDI destination that notes what it gets, and time that
 /// passes by hand. Started up, and past what start-up sends.
 struct ControllerRig {
-    ControllerRig() {
+    /// startDisplay: stands in the place of the plain one where a test brings its own.
+    explicit ControllerRig(TimecodeEntry* startDisplay = nullptr)
+        : controller(outlets(startDisplay), runLoop) {
         destination = midi.addDestination("Timecode Box", 77);
         describe(ui);
         Vexa_MIDI_Manager::setMidiSystem(&midi);
@@ -51,6 +55,11 @@ struct ControllerRig {
     void press(std::uint64_t state) {
         ui.transportMatrix.selectCellWithTag(state);
         controller.handleTransportButtons();
+    }
+
+    /// What is entered in a display is committed.
+    void commit(const PlainDisplay& display) {
+        controller.timeChanged(display.tag(), display.bcdValue());
     }
 
     /// Lets the clock tick that many times.
@@ -73,7 +82,15 @@ struct ControllerRig {
     ManualRunLoop runLoop;
     ScriptedAlerts alerts;
     PlainOutlets ui;
-    Vexa_RemoteAppDelegate controller{ui.outlets(alerts), runLoop};
+    Vexa_RemoteAppDelegate controller;
+
+private:
+    Outlets outlets(TimecodeEntry* startDisplay) {
+        auto all = ui.outlets(alerts);
+        if (startDisplay)
+            all.startTimeButton = startDisplay;
+        return all;
+    }
 };
 
 } // namespace vexa::test

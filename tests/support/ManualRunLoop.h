@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/RunLoop.h"
+#include "stripe/RunLoop.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "engine/TimerfdRunLoop.h"
+#include "app/TimerfdRunLoop.h"
 
 #include <QSocketNotifier>
 

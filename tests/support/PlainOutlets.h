@@ -1,16 +1,17 @@
 #pragma once
 
-#include "engine/TimecodeDisplay.h"
 #include "engine/outlets.h"
+#include "timecode/frame_rate.h"
+#include "timecode/timecode.h"
 
 #include <functional>
 #include <map>
 #include <optional>
 #include <set>
 
-namespace vexa {
+namespace vexa::test {
 
-// Outlets that hold what they are told and show nothing: for a run without a window.
+// Outlets that hold what they are told and answer as a test tells them.
 
 class PlainRadioMatrix : public RadioMatrix {
 public:
@@ -57,14 +58,24 @@ private:
     QString m_toolTip;
 };
 
-class PlainDisplay : public TimecodeDisplay {
+class PlainDisplay : public TimecodeEntry {
 public:
-    using TimecodeDisplay::TimecodeDisplay;
+    explicit PlainDisplay(int tag) : m_tag(tag) {}
+    void setBcdValue(std::uint64_t value) override { m_value = static_cast<PackedTimecode>(value); }
+    void setFrameRate(const FrameRate& rate) override { m_rate = &rate; }
+    void frameRateChanged() override { m_value = advanced(m_value, 0, *m_rate); }
     void setState(int state) override { m_state = state; }
     int state() const override { return m_state; }
 
+    int tag() const { return m_tag; }
+    PackedTimecode bcdValue() const { return m_value; }
+    const FrameRate& frameRate() const { return *m_rate; }
+
 private:
+    int m_tag;
     int m_state = 0;
+    PackedTimecode m_value = 0;
+    const FrameRate* m_rate = &frameRates[0];
 };
 
 class PlainTextField : public TextField {
@@ -155,9 +166,9 @@ struct PlainOutlets {
     PlainRadioMatrix frameRateMatrix{rate::count};
     PlainRadioMatrix syncTypeMatrix{3};
     PlainRadioMatrix batchRadios{2};
-    PlainDisplay currentTimeButton{2};
-    PlainDisplay startTimeButton{0};
-    PlainDisplay endTimeButton{1};
+    PlainDisplay currentTimeButton{time_tag::current};
+    PlainDisplay startTimeButton{time_tag::start};
+    PlainDisplay endTimeButton{time_tag::stop};
     PlainButton stopTimeCheck;
     PlainButton batchCheck;
     PlainButton addToBatchButton;
@@ -183,4 +194,4 @@ struct PlainOutlets {
     }
 };
 
-} // namespace vexa
+} // namespace vexa::test

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/RunLoop.h"
+#include "stripe/RunLoop.h"
 
 namespace vexa {
 

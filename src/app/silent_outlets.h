@@ -1,0 +1,128 @@
+#pragma once
+
+#include "engine/outlets.h"
+
+namespace vexa {
+
+// Outlets of a run without a window: what they are told shows nowhere, what they are asked is
+// answered as if nobody had touched a control or every panel were cancelled.
+
+class SilentMatrix final : public RadioMatrix {
+public:
+    void selectCellWithTag(std::uint64_t) override {}
+    std::uint64_t selectedTag() const override { return 0; }
+    void switchSelectedCellOff() override {}
+    void setMatrixEnabled(bool) override {}
+    void setCellEnabled(std::uint64_t, bool) override {}
+};
+
+class SilentButton final : public Button {
+public:
+    void setState(bool) override {}
+    bool state() const override { return false; }
+    void setEnabled(bool) override {}
+    void setHidden(bool) override {}
+    void setToolTip(const QString&) override {}
+};
+
+class SilentEntry final : public TimecodeEntry {
+public:
+    void setBcdValue(std::uint64_t) override {}
+    void setFrameRate(const FrameRate&) override {}
+    void frameRateChanged() override {}
+    void setState(int) override {}
+    int state() const override { return 0; }
+};
+
+class SilentTextField final : public TextField {
+public:
+    void setStringValue(const QString&) override {}
+};
+
+class SilentTitle final : public WindowTitle {
+public:
+    void setTitle(const QString&) override {}
+};
+
+/// It keeps which rows are selected, as a run of the selected rows asks.
+class SilentTable final : public BatchTable {
+public:
+    void reloadData() override { m_selected.clear(); }
+    bool hasSelectedRows() const override { return !m_selected.empty(); }
+    RowIndexes selectedRowIndexes() const override { return m_selected; }
+    void selectRows(const RowIndexes& rows) override { m_selected = rows; }
+    void setColumnIdentifiers(const QStringList&) override {}
+    void installHeader() override {}
+    void setIntercellSpacing(double, double) override {}
+    void scrollToItem(const BatchItemRef&) override {}
+    void markItem(const BatchItemRef&, StripeMark) override {}
+    void clearMarks() override {}
+
+private:
+    RowIndexes m_selected;
+};
+
+class SilentAddToPanel final : public AddToPanel {
+public:
+    void setReel(std::uint64_t) override {}
+    std::uint64_t reel() const override { return 0; }
+    QString title() const override { return {}; }
+    void setTitlePlaceholder(const QString&) override {}
+    int runModal() override { return panelCancelled; }
+};
+
+class SilentPrefsPanel final : public PrefsPanel {
+public:
+    void showPreferences() override {}
+};
+
+class SilentFilePanels final : public FilePanels {
+public:
+    std::optional<QString> runOpenPanel() override { return {}; }
+    std::optional<QString> runSavePanel(const QString&) override { return {}; }
+};
+
+class SilentRecentDocuments final : public RecentDocuments {
+public:
+    void noteNewRecentDocument(const QString&) override {}
+};
+
+/// All but what a terminal has of its own. One stands for all of its kind.
+struct SilentOutlets {
+    Outlets with(TimecodeDisplay& clock, Alerts& alerts) {
+        return {
+            .window = &title,
+            .transportMatrix = &matrix,
+            .frameRateMatrix = &matrix,
+            .syncTypeMatrix = &matrix,
+            .batchRadios = &matrix,
+            .currentTimeButton = &clock,
+            .startTimeButton = &entry,
+            .endTimeButton = &entry,
+            .stopTimeCheck = &button,
+            .batchCheck = &button,
+            .addToBatchButton = &button,
+            .removeFromBatchButton = &button,
+            .batchTable = &table,
+            .currentStripeItemLabel = &label,
+            .prefsController = &prefsPanel,
+            .addToPanel = &addToPanel,
+            .alerts = &alerts,
+            .filePanels = &filePanels,
+            .recentDocuments = &recentDocuments,
+        };
+    }
+
+    SilentTitle title;
+    SilentMatrix matrix;
+    SilentEntry entry;
+    SilentButton button;
+    SilentTextField label;
+    SilentTable table;
+    SilentPrefsPanel prefsPanel;
+    SilentAddToPanel addToPanel;
+    SilentFilePanels filePanels;
+    SilentRecentDocuments recentDocuments;
+};
+
+} // namespace vexa

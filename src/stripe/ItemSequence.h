@@ -1,0 +1,29 @@
+#pragma once
+
+#include "batch/VexaBatchStripeData.h"
+#include "stripe/StripePlan.h"
+
+namespace vexa {
+
+/// The items of a batch run in their order: all, or the selection that the list was given.
+/// Which of the two is asked anew at each step, and both share the list's one cursor.
+class ItemSequence {
+public:
+    /// Both must outlive this.
+    ItemSequence(VexaBatchStripeData& list, const StripePlan& plan) : m_list(list), m_plan(plan) {}
+
+    std::uint64_t count() const;
+    /// Null when there is none.
+    BatchItemRef first();
+    BatchItemRef next();
+    /// Whether next() will find an item.
+    bool hasMore() const;
+
+private:
+    bool isAll() const { return m_plan.batchMode == batchModeAll; }
+
+    VexaBatchStripeData& m_list;
+    const StripePlan& m_plan;
+};
+
+} // namespace vexa

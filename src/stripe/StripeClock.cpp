@@ -1,0 +1,18 @@
+#include "stripe/StripeClock.h"
+
+#include "timecode/timecode.h"
+
+namespace vexa {
+
+void StripeClock::start() {
+    stop();
+    const RunLoop::Seconds interval(frameRateForCode(m_settings.frameRate).frameInterval);
+    m_timer = m_runLoop.scheduleTimer(interval, true, [this] { tick(); });
+}
+
+void StripeClock::tick() {
+    m_now = advanced(static_cast<PackedTimecode>(m_now), 1, frameRateForCode(m_settings.frameRate));
+    m_ticked();
+}
+
+} // namespace vexa

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "stripe/RunLoop.h"
+#include "timecode/StripeSettings.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace vexa {
+
+/// The clock of a run: it counts one frame a tick and follows nothing else, neither the time of
+/// day nor the generator. A tick that comes late is one frame all the same.
+class StripeClock {
+public:
+    /// Counts at the frame rate of the settings, which, like the run loop, must outlive this.
+    StripeClock(RunLoop& runLoop, const StripeSettings& settings, std::function<void()> ticked)
+        : m_runLoop(runLoop), m_settings(settings), m_ticked(std::move(ticked)) {}
+
+    /// Packed timecode; as it was set until the first tick, cut to 32 bits from then on.
+    std::uint64_t now() const { return m_now; }
+    void set(std::uint64_t time) { m_now = time; }
+
+    /// Ticks from now on, at the rate's interval. A rate that is chosen later changes how frames
+    /// are carried, not how often the clock ticks.
+    void start();
+    void stop() { m_timer.reset(); }
+
+private:
+    void tick();
+
+    RunLoop& m_runLoop;
+    const StripeSettings& m_settings;
+    const std::function<void()> m_ticked;
+    std::uint64_t m_now = 0;
+    std::unique_ptr<RunLoopTimer> m_timer;
+};
+
+} // namespace vexa

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "timecode/StripeSettings.h"
+
+#include <cstdint>
+
+namespace vexa {
+
+/// Which items a batch run stripes; also the tags of the radio cells.
+inline constexpr std::uint64_t batchModeAll = 0;
+inline constexpr std::uint64_t batchModeSelected = 1;
+
+/// What the operator has asked for. A run looks at it anew at every step: what is changed in
+/// mid-run counts from the next step on.
+struct StripePlan {
+    StripeSettings settings;  ///< a batch run puts the rate and sync type of its items here
+    StripeSettings saved;     ///< the settings before the last batch run; zeros before the first
+    bool stopTimeSet = false; ///< whether a single stripe ends at the stop time
+    bool useBatch = false;
+    std::uint64_t batchMode = batchModeAll;
+    double delayInSeconds = 0; ///< from the end of an item to the start of the next
+    bool pauseForReelChange = false;
+};
+
+} // namespace vexa
