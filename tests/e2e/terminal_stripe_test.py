@@ -37,7 +37,7 @@ class TerminalStripe(DeviceTest):
 
     def test_skips_the_dropped_frames(self):
         done = program.run(*stripe("00:00:59:00", "00:01:01:02", "30 df", "MTC"))
-        times = [line.split()[-1] for line in done.stdout.splitlines()]
+        times = [line.split()[-1] for line in done.stdout.splitlines()[1:]]
         self.assertEqual(times[:3], ["00:00:59:00", "00:01:00:02", "00:01:01:00"])
         self.expect_messages(STOP, *play(0, 0, 59, 0, 3), STOP, STOP)
 
