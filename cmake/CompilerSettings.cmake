@@ -19,6 +19,21 @@ if(VEXA_SANITIZE)
     target_link_options(vexa_settings INTERFACE -fsanitize=${VEXA_SANITIZE})
 endif()
 
+# An error in memory ends the program before it can be made use of. Debian's packages bring most of
+# this in their own flags; a release that is built by hand has it all the same.
+target_compile_options(vexa_settings INTERFACE -fstack-clash-protection)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|amd64")
+    target_compile_options(vexa_settings INTERFACE -fcf-protection)
+endif()
+target_compile_options(vexa_settings INTERFACE
+    $<$<CONFIG:Release>:-fstack-protector-strong;-Wformat;-Werror=format-security>)
+target_compile_definitions(vexa_settings INTERFACE $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+target_link_options(vexa_settings INTERFACE
+    $<$<CONFIG:Release>:-Wl,-z,relro;-Wl,-z,now>)
+include(CheckPIESupported)
+check_pie_supported()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
 # vexa_library(NAME SOURCES file… [LINKS target…]): the static library vexa_NAME, alias vexa::NAME.
 # A room sees its own headers and those of the rooms it links, and no others: each folder has an
 # include path of its own, on which nothing else stands.
