@@ -19,6 +19,9 @@ CLOSED_ROLES = (*MENU_ROLES, Atspi.Role.TABLE)
 # Those that take the keyboard; a tool tip does not.
 WINDOW_ROLES = (Atspi.Role.FRAME, Atspi.Role.DIALOG, Atspi.Role.ALERT)
 
+# A busy program answers late; by default it has 0.8 s, and 15 s after its start.
+Atspi.set_timeout(round(PATIENCE * 1000), round(PATIENCE * 1000))
+
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
