@@ -5,6 +5,7 @@ import fcntl
 import os
 import pathlib
 import re
+import shutil
 import signal
 import subprocess
 import threading
@@ -23,6 +24,13 @@ def alone():
         yield
 
 
+def _forget_locks():
+    """A server that was killed may have locked a database of all servers for good, at which the
+    next one hangs. What others share stays."""
+    if "VEXA_OWN_SHM" in os.environ:
+        shutil.rmtree(f"/dev/shm/jack_db-{os.getuid()}", ignore_errors=True)
+
+
 class JackServer:
     """A server of this test process's own, for all programs that it starts from now on."""
 
@@ -35,12 +43,13 @@ class JackServer:
 
     def start(self):
         with alone():
-            eventually("the server is up", self._is_up)
+            eventually("the server is up", self._is_up, seconds=2 * PATIENCE)
 
     def _is_up(self):
         """Once more, should it have given up: the system has room for eight servers only, and those
         of other tests come and go."""
         if not self._server or not self._server.is_running():
+            _forget_locks()
             # Synchronous: a receiver that comes late on a busy machine still gets its period.
             self._server = Child(
                 *["jackd", "-n", self._name, "-r", "-S", "-d", "dummy", "-r", "48000", "-p", "256"],
