@@ -139,17 +139,25 @@ void VexaTimecodeButton::paste() {
             handleDigit(character);
 }
 
-bool VexaTimecodeButton::validate() {
+Timecode VexaTimecodeButton::typedTime() const {
     const auto pair = [this](std::size_t first) {
-        return 10u * (m_inputBuffer[first] - u'0') + (m_inputBuffer[first + 1] - u'0');
+        return std::uint64_t{10} * (m_inputBuffer[first] - u'0') +
+               (m_inputBuffer[first + 1] - u'0');
     };
+    return {pair(0), pair(2), pair(4), pair(6)};
+}
+
+bool VexaTimecodeButton::validate() {
+    const auto typed = typedTime();
+    m_refusal = QString::fromStdString(vexa::refusal(typed, *m_rate));
+    refresh();
     auto& time = m_time;
     // Deliberately written as it goes: what a rejected entry held is what the fields hold.
-    if ((time.hours = pair(0)) > 23 || (time.minutes = pair(2)) > 59 ||
-        (time.seconds = pair(4)) > 59)
+    if ((time.hours = typed.hours) > 23 || (time.minutes = typed.minutes) > 59 ||
+        (time.seconds = typed.seconds) > 59)
         return false;
-    time.frames = pair(6);
-    return isValid(time, *m_rate);
+    time.frames = typed.frames;
+    return m_refusal.isEmpty();
 }
 
 bool VexaTimecodeButton::validateAndResign() {
@@ -175,6 +183,7 @@ void VexaTimecodeButton::initInputBuffer() {
 
 void VexaTimecodeButton::displayInput() {
     m_alternateTitle = colonSeparated(m_inputBuffer);
+    m_refusal.clear();
     refresh();
 }
 
@@ -182,6 +191,7 @@ void VexaTimecodeButton::setTitleFromTimeFields() {
     m_title = QString::fromStdString(timecodeText(m_time));
     m_alternateTitle = m_title;
     refresh();
+    m_refusal.clear();
 }
 
 void VexaTimecodeButton::setBcdValue(std::uint64_t value) {
@@ -200,7 +210,8 @@ void VexaTimecodeButton::tellTime() { Q_EMIT timeChanged(m_tag, bcdValue()); }
 
 void VexaTimecodeButton::refresh() {
     const auto& shown = shownText();
-    setAccessibleDescription(shown);
+    setAccessibleDescription(m_refusal.isEmpty() ? shown
+                                                 : QStringLiteral("%1, %2").arg(shown, m_refusal));
     const TimecodeWell well(rect());
     // The clock ticks thirty times a second: only the digits that changed are drawn again.
     if (shown.size() != m_drawnText.size())
@@ -249,6 +260,7 @@ void VexaTimecodeButton::focusInEvent(QFocusEvent* event) {
         m_firstKey = true;
         initInputBuffer();
     }
+        displayInput(); // what shows is what Return takes
 }
 
 QSize VexaTimecodeButton::sizeHint() const { return TimecodeWell::sizeForDigits(font()); }

@@ -48,11 +48,16 @@ public:
     /// One key, as the character it types. False when the key is none of the entry's.
     bool handleKey(const QString& characters);
     bool validateAndResign();
+    /// Lets the next digit or delete key clear what was typed, as if the entry were to begin.
+    void beginAfresh() { m_firstKey = true; }
     /// Parses the typed digits into the time fields, hours first, and stops at the first field
     /// that is out of range at the rate: fields up to and including that one are then
     /// overwritten, though the title still shows the time from before.
     bool validate();
 
+    /// Why the time that is shown was refused, in words; empty when it was not. Assistive
+    /// technology is told with the time.
+    const QString& refusal() const { return m_refusal; }
     QColor normalColor() const { return m_normalColor; }
     QColor hiliteColor() const { return m_hiliteColor; }
     const QString& title() const { return m_title; }
@@ -88,6 +93,7 @@ private:
     void tellTime();
     void setTitleFromTimeFields();
     void refresh();
+    Timecode typedTime() const;
 
     int m_tag = 0;
     Timecode m_time;
@@ -99,6 +105,7 @@ private:
     QString m_title;
     QString m_alternateTitle;
     QString m_drawnText;
+    QString m_refusal;
 };
 
 } // namespace vexa

@@ -1,11 +1,10 @@
 #include "controls/commands.h"
 
 #include "controls/VexaHelpController.h"
+#include "controls/VexaTimecodeButton.h"
 #include "controls/about_box.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "timecode/sync_type.h"
-
-#include <QAbstractButton>
 
 namespace vexa {
 
@@ -31,16 +30,18 @@ void syncType(To& to, Tag tag) { to.controller.handleSyncTypeMenuItems(tag); }
 void stripe(To& to, Tag tag) { to.controller.handleStripeMenuItems(tag); }
 void batch(To& to, Tag tag) { to.controller.handleBatchListMenuItems(tag); }
 
-/// Begins the typing of a time, or goes back to it.
-void type(QAbstractButton* display) {
+/// Begins the typing of a time: the next digit is the first, also where digits stand already.
+void type(VexaTimecodeButton* display) {
     display->setFocus(Qt::ShortcutFocusReason);
-    if (!display->isChecked())
+    if (display->isChecked())
+        display->beginAfresh();
+    else
         display->click();
 }
 
 /// A display of times, by the name that it has as an outlet.
-QAbstractButton* display(To& to, const char* name) {
-    return to.window.findChild<QAbstractButton*>(QLatin1String(name));
+VexaTimecodeButton* display(To& to, const char* name) {
+    return to.window.findChild<VexaTimecodeButton*>(QLatin1String(name));
 }
 
 } // namespace

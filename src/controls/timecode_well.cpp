@@ -1,5 +1,7 @@
 #include "controls/timecode_well.h"
 
+#include "controls/edge_colors.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
@@ -56,14 +58,10 @@ QRect TimecodeWell::cell(qsizetype position) const {
 
 void TimecodeWell::paintGround(QPainter& painter, const QColor& edge, bool focused) const {
     const QRectF frame = QRectF(m_rectangle).adjusted(1, 1, -1, -1);
-    const QColor restingEdge(0x3a, 0x3e, 0x40);
-    const QColor focusEdge(0x2f, 0x80, 0xd0);
+    const QColor restingRim(0x3a, 0x3e, 0x40);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(ground());
-    painter.setPen(QPen(edge.isValid() ? edge
-                        : focused      ? focusEdge
-                                       : restingEdge,
-                        edge.isValid() || focused ? 2.0 : 1.0));
+    painter.setPen(QPen(focused ? focusEdge() : restingRim, focused ? 2.0 : 1.0));
     painter.drawRoundedRect(frame, 5, 5);
 }
 
@@ -73,3 +71,8 @@ void TimecodeWell::paintCharacter(QPainter& painter, qsizetype position, QChar c
 }
 
 } // namespace vexa
+    if (edge.isValid()) {
+        const qreal inset = focused ? 2.5 : 0.5;
+        painter.setPen(QPen(edge, 2.0));
+        painter.drawRoundedRect(frame.adjusted(inset, inset, -inset, -inset), 4, 4);
+    }

@@ -24,7 +24,8 @@ public:
     /// Where the character at a position of "hh:mm:ss:ff" stands.
     QRect cell(qsizetype position) const;
 
-    /// edge: the colour of the rim, none for the resting one.
+    /// edge: the colour of the rim, none for the resting one. The display that has the keyboard
+    /// has a ring around that.
     void paintGround(QPainter& painter, const QColor& edge, bool focused) const;
     void paintCharacter(QPainter& painter, qsizetype position, QChar character) const;
 

@@ -29,11 +29,26 @@ bool isDropped(const Timecode& time) {
     return time.minutes % 10 != 0 && time.seconds == 0 && time.frames < 2;
 }
 
-bool isValid(const Timecode& time, const FrameRate& rate) {
-    return time.hours <= 23 && time.minutes <= 59 && time.seconds <= 59 &&
-           time.frames < static_cast<std::uint64_t>(rate.frameCount) &&
-           !(rate.dropFrame && isDropped(time));
+std::string refusal(const Timecode& time, const FrameRate& rate) {
+    const auto none = [](std::string_view unit, std::uint64_t value) {
+        return "no " + std::string(unit) + ' ' + std::to_string(value);
+    };
+    const auto atRate = " at " + std::string(rate.name);
+    if (time.hours > 23)
+        return none("hour", time.hours);
+    if (time.minutes > 59)
+        return none("minute", time.minutes);
+    if (time.seconds > 59)
+        return none("second", time.seconds);
+    if (time.frames >= static_cast<std::uint64_t>(rate.frameCount))
+        return none("frame", time.frames) + atRate;
+    if (rate.dropFrame && isDropped(time))
+        return none("frame", time.frames) + " in second 0 of minute " +
+               std::to_string(time.minutes) + atRate;
+    return {};
 }
+
+bool isValid(const Timecode& time, const FrameRate& rate) { return refusal(time, rate).empty(); }
 
 Timecode advanced(Timecode time, std::uint64_t frames, const FrameRate& rate) {
     const auto carry = [](std::uint64_t& field, std::uint64_t& next, std::uint64_t limit) {

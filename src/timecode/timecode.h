@@ -38,6 +38,10 @@ std::string timecodeText(const Timecode& time);
 /// start of every minute, except minutes 00, 10, 20, 30, 40 and 50.
 bool isDropped(const Timecode& time);
 
+/// Why there is no such time at the rate, in words: "no frame 59 at 25 fps". Of the first field
+/// that is at fault, hours first; empty when none is.
+std::string refusal(const Timecode& time, const FrameRate& rate);
+
 /// Whether each field is in range for the rate, and the number is not dropped there.
 bool isValid(const Timecode& time, const FrameRate& rate);
 

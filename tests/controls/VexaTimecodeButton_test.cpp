@@ -316,6 +316,55 @@ TEST_F(TimecodeButton, TellsAssistiveTechnologyWhatItShows) {
     EXPECT_EQ(button.accessibleName(), QStringLiteral("Start time"));
 }
 
+struct Refusal {
+    const char* digits;
+    const char* reason;
+};
+
+class RefusedTime : public TimecodeButton, public testing::WithParamInterface<Refusal> {};
+
+TEST_P(RefusedTime, SaysWhyToAssistiveTechnologyUntilItIsTypedAfresh) {
+    rig.controller.setFrameRate(rate::fps25);
+    button.setState(1);
+    type(GetParam().digits);
+    const auto shown = button.accessibleDescription();
+    EXPECT_FALSE(button.handleKey(QStringLiteral("\r")));
+    EXPECT_EQ(button.refusal().toStdString(), GetParam().reason);
+    EXPECT_EQ(button.accessibleDescription(), shown + QStringLiteral(", ") + button.refusal());
+    button.setState(0);
+    EXPECT_FALSE(button.refusal().isEmpty());
+    type("8");
+    EXPECT_EQ(button.refusal(), QString());
+    EXPECT_EQ(button.accessibleDescription(), button.alternateTitle());
+}
+
+INSTANTIATE_TEST_SUITE_P(Digits, RefusedTime,
+                         testing::Values(Refusal{"24000000", "no hour 24"},
+                                         Refusal{"99999999", "no hour 99"},
+                                         Refusal{"00600000", "no minute 60"},
+                                         Refusal{"00007500", "no second 75"},
+                                         Refusal{"00000059", "no frame 59 at 25 fps"}));
+
+TEST_F(TimecodeButton, BegunAfreshItIsClearedByTheNextDigitOnly) {
+    button.setState(1);
+    type("5959");
+    EXPECT_FALSE(button.handleKey(QStringLiteral("\r")));
+    button.beginAfresh();
+    EXPECT_EQ(entry(), "00:00:59:59");
+    type("1100000");
+    EXPECT_EQ(entry(), "01:10:00:00");
+}
+
+TEST_F(TimecodeButton, ShowsWhatReturnTakesWhenItGetsTheFocus) {
+    button.setState(1);
+    type("12");
+    QFocusEvent clicked(QEvent::FocusIn, Qt::MouseFocusReason);
+    QApplication::sendEvent(&button, &clicked);
+    EXPECT_EQ(entry(), "01:00:00:00");
+    button.handleKey(QStringLiteral("\r"));
+    EXPECT_EQ(committed(), tc("01:00:00:00"));
+}
+
 TEST_F(TimecodeButton, TheOtherDisplaysPressCommitsThisOne) {
     VexaTimecodeButton stop;
     stop.setTag(time_tag::stop);

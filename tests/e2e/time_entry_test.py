@@ -83,11 +83,16 @@ class Typing(TimeEntry):
 
     def test_a_time_that_does_not_exist_stays_in_entry(self):
         self.open_entry(START)
-        for wrong in ("24:00:00:00", "00:60:00:00", "00:00:60:00", "00:00:00:30"):
+        for wrong, reason in (
+            ("24:00:00:00", "no hour 24"),
+            ("00:60:00:00", "no minute 60"),
+            ("00:00:60:00", "no second 60"),
+            ("00:00:00:30", "no frame 30 at 30 fps"),
+        ):
             with self.subTest(time=wrong):
                 self.window.type(wrong.replace(":", ""))
                 self.window.keys("Return")
-                self.window.await_shown(START, wrong)
+                self.window.await_shown(START, f"{wrong}, {reason}")
                 self.assertTrue(self.window.is_on(START))
         self.window.click(STOP_TIME)
         self.window.await_on(STOP_TIME)
@@ -98,6 +103,28 @@ class Typing(TimeEntry):
         self.window.keys("Return")
         self.check_committed("00:00:00:29")
         self.check_next_play_carries(0, 0, 0, 29)
+
+    def test_a_refused_time_is_typed_afresh(self):
+        self.window.keys("F4")
+        self.window.type("5959")
+        self.window.keys("Return")
+        self.window.await_shown(STOP_TIME, "00:00:59:59, no frame 59 at 30 fps")
+        self.window.keys("F4")
+        self.window.type("1100000")
+        self.window.await_shown(STOP_TIME, "01:10:00:00")
+        self.window.keys("Return")
+        self.check_committed("01:10:00:00", STOP_TIME)
+
+    def test_a_click_elsewhere_takes_no_digits(self):
+        self.open_entry(START)
+        self.window.type("0200")
+        for name in ("Set stop time", "DTL", "MTC"):
+            self.window.click(name)
+            self.window.await_on(name)
+            self.assertTrue(self.window.has_focus(START))
+        self.window.type("0000")
+        self.window.keys("Return")
+        self.check_committed("02:00:00:00")
 
     def test_a_dropped_frame_number_does_not_exist(self):
         self.window.press("30 df")

@@ -14,6 +14,30 @@ namespace {
 
 Timecode tc(const char* text) { return timecodeFromText(text).value(); }
 
+struct RefusedTime {
+    const char* text;
+    std::uint64_t rate;
+    const char* refusal;
+};
+
+class Refusal : public testing::TestWithParam<RefusedTime> {};
+
+TEST_P(Refusal, NamesTheFirstFieldThatIsAtFault) {
+    EXPECT_EQ(refusal(tc(GetParam().text), frameRateForCode(GetParam().rate)), GetParam().refusal);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Times, Refusal,
+    testing::Values(RefusedTime{"23:59:59:29", rate::fps30, ""},
+                    RefusedTime{"24:60:60:60", rate::fps30, "no hour 24"},
+                    RefusedTime{"00:60:60:60", rate::fps30, "no minute 60"},
+                    RefusedTime{"00:00:60:60", rate::fps30, "no second 60"},
+                    RefusedTime{"00:00:59:59", rate::fps25, "no frame 59 at 25 fps"},
+                    RefusedTime{"00:00:00:24", rate::fps24, "no frame 24 at 24 fps"},
+                    RefusedTime{"00:01:00:00", rate::fps30Drop,
+                                "no frame 0 in second 0 of minute 1 at 30 df"},
+                    RefusedTime{"00:10:00:00", rate::fps30Drop, ""}));
+
 TEST(Timecode, PacksHoursHighestAsPlainBinary) {
     EXPECT_EQ(pack({1, 2, 3, 4}), 0x01020304u);
     EXPECT_EQ(pack({23, 59, 59, 29}), 0x173B3B1Du);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QColor>
+
+namespace vexa {
+
+// The edges of buttons and displays on the light ground of the window.
+
+inline QColor restingEdge() { return {0xb4, 0xb9, 0xbc}; }
+/// Of the one that has the keyboard.
+inline QColor focusEdge() { return {0x2f, 0x80, 0xd0}; }
+
+} // namespace vexa
