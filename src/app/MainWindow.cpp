@@ -41,6 +41,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
         setGrayCaption(*caption);
     for (auto* comingAndGoing : {m_ui->addToBatchButton, m_ui->removeFromBatchButton})
         keepPlaceWhenHidden(*comingAndGoing);
+    m_ui->startTimeButton->setFocus(); // not the transport, which is the first in the window
 
     m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
     makeOutlets();

@@ -3,6 +3,8 @@
 #include "controls/gray_caption.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
 #include <QVariant>
 
 #include <limits>
@@ -19,9 +21,32 @@ void KelGrayTextMatrix::awakeFromNib() {
         if (!tag.isValid())
             continue;
         m_cells.addButton(cell, tag.toInt());
+        cell->installEventFilter(this);
         if (!cell->property("transparent").toBool())
             setGrayCaption(*cell);
     }
+    connect(&m_cells, &QButtonGroup::idToggled, this, [this] {
+        const auto* focused = QApplication::focusWidget();
+        if (!focused || focused->parent() != this)
+            letTabReachSelectedCell();
+    });
+    letTabReachSelectedCell();
+}
+
+bool KelGrayTextMatrix::eventFilter(QObject*, QEvent* event) {
+    // A cell that gets the keyboard makes itself the group's one stop for Tab.
+    if (event->type() == QEvent::FocusOut)
+        letTabReachSelectedCell();
+    return false;
+}
+
+void KelGrayTextMatrix::letTabReachSelectedCell() {
+    const auto cells = m_cells.buttons();
+    if (cells.isEmpty())
+        return;
+    const auto* stop = m_cells.checkedButton() ? m_cells.checkedButton() : cells.constFirst();
+    for (auto* cell : cells)
+        cell->setFocusPolicy(cell == stop ? Qt::TabFocus : Qt::NoFocus);
 }
 
 QAbstractButton* KelGrayTextMatrix::cellWithTag(std::uint64_t tag) const {

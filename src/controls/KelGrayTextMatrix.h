@@ -8,7 +8,8 @@
 namespace vexa {
 
 /// A group of buttons of which one is on, with gray captions. Its cells are the buttons inside it
-/// that have a "tag" property; one with a true "transparent" property keeps its colour.
+/// that have a "tag" property; one with a true "transparent" property keeps its colour. Tab reaches
+/// the cell that is on, and the next one leaves the group; a click leaves the keyboard where it is.
 class KelGrayTextMatrix : public QWidget, public RadioMatrix {
     Q_OBJECT
 
@@ -31,7 +32,12 @@ Q_SIGNALS:
     /// The operator chose a cell, perhaps the one that was on already.
     void action();
 
+protected:
+    bool eventFilter(QObject* cell, QEvent* event) override;
+
 private:
+    void letTabReachSelectedCell();
+
     QButtonGroup m_cells;
 };
 

@@ -1,7 +1,9 @@
 #include "controls/TransportButton.h"
 
+#include "controls/edge_colors.h"
 #include "stripe/transport_state.h"
 
+#include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -52,7 +54,6 @@ QColor signColor(std::uint64_t tag, bool on) {
 
 TransportButton::TransportButton(QWidget* parent) : QPushButton(parent) {
     setCheckable(true);
-    setFocusPolicy(Qt::StrongFocus);
 }
 
 QSize TransportButton::sizeHint() const {
@@ -63,11 +64,11 @@ void TransportButton::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Up:
-        focusNextPrevChild(false);
+        moveFocus(-1);
         return;
     case Qt::Key_Right:
     case Qt::Key_Down:
-        focusNextPrevChild(true);
+        moveFocus(1);
         return;
     default:
         QPushButton::keyPressEvent(event);
@@ -78,7 +79,13 @@ void TransportButton::paintEvent(QPaintEvent*) {
     const auto tag = property("tag").toULongLong();
     const bool on = isChecked();
     const QColor ground = on ? QColor(0x2a, 0x2e, 0x30) : QColor(0xf1, 0xf2, 0xf3);
-    const QColor edge = hasFocus() ? QColor(0x2f, 0x80, 0xd0) : QColor(0xb4, 0xb9, 0xbc);
+    const QColor edge = hasFocus() ? focusEdge() : restingEdge();
+
+void TransportButton::moveFocus(int step) {
+    const auto neighbours = group() ? group()->buttons() : QList<QAbstractButton*>{this};
+    if (auto* next = neighbours.value(neighbours.indexOf(this) + step))
+        next->setFocus(Qt::TabFocusReason);
+}
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -14,8 +14,8 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    /// Arrow keys move the focus only: in a group they would press the button they reach, and
-    /// nobody starts a tape by leafing through the window.
+    /// Arrow keys move the focus in the group only: they would also press the button they reach,
+    /// and nobody starts a tape by leafing through the window.
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
