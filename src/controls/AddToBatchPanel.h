@@ -30,6 +30,9 @@ public:
     Q_SLOT void cancelAddToBatchPanel() { done(panelCancelled); }
 
 private:
+    /// A reel that is none is refused where it is typed.
+    void checkReel();
+
     std::unique_ptr<Ui::AddToBatchPanel> m_ui;
 };
 

@@ -63,13 +63,50 @@ TEST_F(Panel, ReelsAreUnsignedAndTextThatIsNoNumberIsZero) {
     }
 }
 
-TEST_F(Panel, TheProposedReelIsOverwrittenByTypingAndTakesDigitsOnly) {
+TEST_F(Panel, TheProposedReelIsOverwrittenByTyping) {
     panel.setReel(2);
     run([&] {
-        QTest::keyClicks(reelField, u"1x-7"_s);
+        QTest::keyClicks(reelField, u"17"_s);
         button(QDialogButtonBox::Ok)->click();
     });
     EXPECT_EQ(panel.reel(), 17u);
+}
+
+TEST_F(Panel, AReelThatIsNoneIsRefusedVisiblyAndNotMadeIntoAnother) {
+    const auto* hint = panel.findChild<QWidget*>(u"reelHint"_s);
+    for (const auto& typed : {u"1.5"_s, u"-5"_s, u"1x-7"_s, u"1 2"_s, u"1234567890"_s, u"٣"_s}) {
+        panel.setReel(2);
+        EXPECT_EQ(run([&] {
+                      EXPECT_FALSE(hint->isVisible());
+                      QApplication::clipboard()->setText(typed);
+                      reelField->paste();
+                      EXPECT_EQ(reelField->text(), typed);
+                      EXPECT_TRUE(hint->isVisible());
+                      EXPECT_FALSE(reelField->accessibleDescription().isEmpty());
+                      EXPECT_FALSE(button(QDialogButtonBox::Ok)->isEnabled());
+                      QTest::keyClick(reelField, Qt::Key_Return);
+                      EXPECT_TRUE(panel.isVisible());
+                      panel.reject();
+                  }),
+                  panelCancelled);
+    }
+}
+
+TEST_F(Panel, APastedReelMayHaveALineBreak) {
+    for (const auto& pasted : {u"12\n"_s, u"\t12 "_s, u"12\r\n"_s}) {
+        QApplication::clipboard()->setText(pasted);
+        panel.setReel(2);
+        EXPECT_EQ(run([&] {
+                      reelField->paste();
+                      QTest::keyClick(reelField, Qt::Key_Return);
+                  }),
+                  panelConfirmed);
+        EXPECT_EQ(panel.reel(), 12u);
+    }
+}
+
+TEST_F(Panel, NineDigitsFitIntoTheReelField) {
+    EXPECT_GT(reelField->width(), reelField->fontMetrics().horizontalAdvance(u"999999999"_s));
 }
 
 TEST_F(Panel, LineBreaksInAPastedTitleAreSpaces) {
