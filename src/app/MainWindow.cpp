@@ -42,6 +42,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     for (auto* comingAndGoing : {m_ui->addToBatchButton, m_ui->removeFromBatchButton})
         keepPlaceWhenHidden(*comingAndGoing);
     m_ui->startTimeButton->setFocus(); // not the transport, which is the first in the window
+    m_size.emplace(*this);
 
     m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
     makeOutlets();

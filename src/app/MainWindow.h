@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/WindowSize.h"
 #include "controls/AddToBatchPanelOnDemand.h"
 #include "controls/FileDialogPanels.h"
 #include "controls/MessageBoxAlerts.h"
@@ -50,6 +51,7 @@ private:
     AddToBatchPanelOnDemand m_addToPanel{*this};
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;
+    std::optional<WindowSize> m_size;
     std::optional<Outlets> m_outlets; ///< there from the constructor on
     Vexa_RemoteAppDelegate* m_controller = nullptr;
 };

@@ -11,7 +11,6 @@ namespace vexa {
 namespace {
 
 constexpr int signSide = 10;
-constexpr int signMargin = 6;
 
 StripeMark markOf(const QModelIndex& index) {
     return static_cast<StripeMark>(index.data(BatchTableModel::markRole).toInt());
@@ -81,7 +80,7 @@ void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     QRect content = cell.rect.adjusted(m_spacing, 0, 0, 0);
     const auto mark = markOf(index);
     if (index.column() == 0 && mark != StripeMark::none) {
-        content.setRight(content.right() - signSide - signMargin);
+        content.setRight(content.right() - signWidth);
         const QRectF square(content.right() + 1,
                             cell.rect.y() + (cell.rect.height() - signSide) / 2.0, signSide,
                             signSide);

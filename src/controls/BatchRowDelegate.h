@@ -12,6 +12,9 @@ class BatchRowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// What a mark takes of the width of the first column.
+    static constexpr int signWidth = 16;
+
     /// The share of every section that lies between two columns, in pixels.
     void setSpacing(int spacing) { m_spacing = spacing; }
 

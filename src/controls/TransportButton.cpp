@@ -15,8 +15,9 @@ namespace vexa {
 
 namespace {
 
-constexpr int keyWidth = 72;
-constexpr int keyHeight = 72;
+// Of the square with the sign, in heights of the caption's type.
+constexpr int keySide = 5;
+constexpr int leastKeySide = 3;
 constexpr int captionGap = 4;
 
 /// The sign in a square of side 1 around the origin.
@@ -54,10 +55,16 @@ QColor signColor(std::uint64_t tag, bool on) {
 
 TransportButton::TransportButton(QWidget* parent) : QPushButton(parent) {
     setCheckable(true);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred); // smaller on a small screen
 }
 
-QSize TransportButton::sizeHint() const {
-    return {keyWidth, keyHeight + fontMetrics().height() + captionGap};
+QSize TransportButton::sizeHint() const { return sizeForKey(keySide); }
+QSize TransportButton::minimumSizeHint() const { return sizeForKey(leastKeySide); }
+
+QSize TransportButton::sizeForKey(int heights) const {
+    const int side = heights * fontMetrics().height();
+    return {std::max(side, fontMetrics().horizontalAdvance(text()) + 2 * captionGap),
+            side + captionGap + fontMetrics().height()};
 }
 
 void TransportButton::keyPressEvent(QKeyEvent* event) {
@@ -75,17 +82,17 @@ void TransportButton::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void TransportButton::paintEvent(QPaintEvent*) {
-    const auto tag = property("tag").toULongLong();
-    const bool on = isChecked();
-    const QColor ground = on ? QColor(0x2a, 0x2e, 0x30) : QColor(0xf1, 0xf2, 0xf3);
-    const QColor edge = hasFocus() ? focusEdge() : restingEdge();
-
 void TransportButton::moveFocus(int step) {
     const auto neighbours = group() ? group()->buttons() : QList<QAbstractButton*>{this};
     if (auto* next = neighbours.value(neighbours.indexOf(this) + step))
         next->setFocus(Qt::TabFocusReason);
 }
+
+void TransportButton::paintEvent(QPaintEvent*) {
+    const auto tag = property("tag").toULongLong();
+    const bool on = isChecked();
+    const QColor ground = on ? QColor(0x2a, 0x2e, 0x30) : QColor(0xf1, 0xf2, 0xf3);
+    const QColor edge = hasFocus() ? focusEdge() : restingEdge();
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -12,12 +12,17 @@ public:
     explicit TransportButton(QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     /// Arrow keys move the focus in the group only: they would also press the button they reach,
     /// and nobody starts a tape by leafing through the window.
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QSize sizeForKey(int heights) const;
+    void moveFocus(int step);
 };
 
 } // namespace vexa

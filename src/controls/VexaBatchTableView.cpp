@@ -17,11 +17,18 @@ constexpr char16_t backspace = 0x08;
 constexpr char16_t deleteKey = 0x7F;
 constexpr int rowPadding = 6;
 
-int standardWidth(const QString& column) {
-    static const QHash<QString, int> widths{{item_key::reel, 68},   {item_key::title, 284},
-                                            {item_key::start, 104}, {item_key::stop, 104},
-                                            {item_key::rate, 72},   {item_key::type, 72}};
-    return widths.value(column, 72);
+/// In which the row under way shows the longest text that the column is made for.
+int standardWidth(const QString& column, QFont font) {
+    constexpr int padding = 12;
+    static const QHash<QString, QString> longest{{item_key::reel, QString(9, u'0')},
+                                                 {item_key::title, QString(32, u'n')},
+                                                 {item_key::start, QStringLiteral("00:00:00:00")},
+                                                 {item_key::stop, QStringLiteral("00:00:00:00")},
+                                                 {item_key::rate, QStringLiteral("30 fps")},
+                                                 {item_key::type, QStringLiteral("MTC")}};
+    font.setBold(true);
+    const int sign = column == item_key::reel ? BatchRowDelegate::signWidth : 0;
+    return QFontMetrics(font).horizontalAdvance(longest.value(column)) + sign + padding;
 }
 
 QByteArray widthKey(const QString& column) { return defaults::columnWidthKeys + column.toLatin1(); }
@@ -105,7 +112,8 @@ void VexaBatchTableView::restoreColumnWidths() {
     constexpr std::int64_t widest = 4000;
     m_storedWidths.clear();
     for (const auto& column : m_model.columnIdentifiers()) {
-        const auto width = defaults::integer(widthKey(column)).value_or(standardWidth(column));
+        const auto width =
+            defaults::integer(widthKey(column)).value_or(standardWidth(column, font()));
         const int section = static_cast<int>(m_storedWidths.size());
         m_header->resizeSection(
             section, static_cast<int>(std::clamp<std::int64_t>(

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -182,16 +183,16 @@ void VexaTimecodeButton::initInputBuffer() {
 }
 
 void VexaTimecodeButton::displayInput() {
-    m_alternateTitle = colonSeparated(m_inputBuffer);
     m_refusal.clear();
+    m_alternateTitle = colonSeparated(m_inputBuffer);
     refresh();
 }
 
 void VexaTimecodeButton::setTitleFromTimeFields() {
     m_title = QString::fromStdString(timecodeText(m_time));
     m_alternateTitle = m_title;
-    refresh();
     m_refusal.clear();
+    refresh();
 }
 
 void VexaTimecodeButton::setBcdValue(std::uint64_t value) {
@@ -259,12 +260,24 @@ void VexaTimecodeButton::focusInEvent(QFocusEvent* event) {
     default:
         m_firstKey = true;
         initInputBuffer();
-    }
         displayInput(); // what shows is what Return takes
+    }
 }
 
-QSize VexaTimecodeButton::sizeHint() const { return TimecodeWell::sizeForDigits(font()); }
-QSize VexaTimecodeButton::minimumSizeHint() const { return sizeHint(); }
+void VexaTimecodeButton::setDigitScale(double scale) {
+    m_digitScale = scale;
+    updateGeometry();
+}
+
+QSize VexaTimecodeButton::sizeHint() const {
+    return TimecodeWell::sizeForDigits(font(), m_digitScale);
+}
+
+QSize VexaTimecodeButton::minimumSizeHint() const {
+    constexpr double share = 0.7; // where the screen is small; the digits become smaller, too
+    const auto full = sizeHint();
+    return {qCeil(share * full.width()), full.height()};
+}
 
 void VexaTimecodeButton::paintEvent(QPaintEvent* event) {
     QPainter painter(this);

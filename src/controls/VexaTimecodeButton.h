@@ -17,6 +17,7 @@ namespace vexa {
 class VexaTimecodeButton : public KelGrayTextButton, public TimecodeEntry {
     Q_OBJECT
     Q_PROPERTY(int tag READ tag WRITE setTag)
+    Q_PROPERTY(double digitScale READ digitScale WRITE setDigitScale)
 
 public:
     explicit VexaTimecodeButton(QWidget* parent = nullptr);
@@ -47,23 +48,27 @@ public:
 
     /// One key, as the character it types. False when the key is none of the entry's.
     bool handleKey(const QString& characters);
-    bool validateAndResign();
     /// Lets the next digit or delete key clear what was typed, as if the entry were to begin.
     void beginAfresh() { m_firstKey = true; }
+    bool validateAndResign();
     /// Parses the typed digits into the time fields, hours first, and stops at the first field
     /// that is out of range at the rate: fields up to and including that one are then
     /// overwritten, though the title still shows the time from before.
     bool validate();
-
     /// Why the time that is shown was refused, in words; empty when it was not. Assistive
     /// technology is told with the time.
     const QString& refusal() const { return m_refusal; }
+
     QColor normalColor() const { return m_normalColor; }
     QColor hiliteColor() const { return m_hiliteColor; }
     const QString& title() const { return m_title; }
     const QString& alternateTitle() const { return m_alternateTitle; }
     /// What can be read now: the alternate title in entry, otherwise the title.
     const QString& shownText() const { return isChecked() ? m_alternateTitle : m_title; }
+
+    /// How large the digits are to be, as a multiple of the window's type.
+    double digitScale() const { return m_digitScale; }
+    void setDigitScale(double scale);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -87,25 +92,26 @@ private:
     bool handleDelete();
     void beginTyping();
     void clearInputBuffer();
+    Timecode typedTime() const;
     void initInputBuffer();
     void displayInput();
     void paste();
     void tellTime();
     void setTitleFromTimeFields();
     void refresh();
-    Timecode typedTime() const;
 
     int m_tag = 0;
     Timecode m_time;
     const FrameRate* m_rate = &frameRateForCode(rate::fps30);
     QColor m_normalColor;
     QColor m_hiliteColor;
+    double m_digitScale = 1;
     bool m_firstKey = true;
     std::array<char16_t, digitCount> m_inputBuffer{};
     QString m_title;
     QString m_alternateTitle;
-    QString m_drawnText;
     QString m_refusal;
+    QString m_drawnText;
 };
 
 } // namespace vexa

@@ -13,18 +13,12 @@ namespace vexa {
 
 namespace {
 
-constexpr int characters = 11;
 constexpr int colons = 3;
+constexpr int digits = 8;
 constexpr qreal colonShare = 0.6; // of a digit's width
-constexpr qreal digitWidthPerSize = 0.64;
-constexpr qreal widthInDigits = (characters - colons) + colons * colonShare;
+constexpr qreal widthInDigits = digits + colons * colonShare;
 constexpr qreal sizePerHeight = 0.66;
 constexpr qreal sideMargin = 0.9; // digit widths, both sides together
-
-qreal pixelSizeFor(const QSize& size) {
-    return std::min(size.height() * sizePerHeight,
-                    size.width() / (digitWidthPerSize * (widthInDigits + sideMargin)));
-}
 
 QFont digitFont(qreal pixelSize) {
     QFont font;
@@ -32,17 +26,43 @@ QFont digitFont(qreal pixelSize) {
     return font;
 }
 
+qreal widestDigit(const QFontMetricsF& metrics) {
+    qreal widest = 0;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
+        widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
+    return widest;
+}
+
+/// Of the widest digit, per pixel of the type's size. Measured once a font: the clock asks for it
+/// with every frame.
+qreal digitWidthPerSize() {
+    constexpr int size = 100;
+    static QFont measured;
+    static qreal width = 0;
+    if (const QFont font; width == 0 || font != measured) {
+        measured = font;
+        width = widestDigit(QFontMetricsF(digitFont(size))) / size;
+    }
+    return width;
+}
+
+qreal pixelSizeFor(const QSize& size, qreal widthPerSize) {
+    return std::min(size.height() * sizePerHeight,
+                    size.width() / (widthPerSize * (widthInDigits + sideMargin)));
+}
+
 } // namespace
 
-TimecodeWell::TimecodeWell(const QRect& rectangle)
-    : m_rectangle(rectangle),
-      m_font(digitFont(pixelSizeFor(rectangle.size()))),
-      m_digitWidth(m_font.pixelSize() * digitWidthPerSize),
-      m_left(rectangle.x() + (rectangle.width() - m_digitWidth * widthInDigits) / 2) {}
+TimecodeWell::TimecodeWell(const QRect& rectangle) : m_rectangle(rectangle) {
+    const qreal widthPerSize = digitWidthPerSize();
+    m_font = digitFont(pixelSizeFor(rectangle.size(), widthPerSize));
+    m_digitWidth = m_font.pixelSize() * widthPerSize;
+    m_left = rectangle.x() + (rectangle.width() - m_digitWidth * widthInDigits) / 2;
+}
 
-QSize TimecodeWell::sizeForDigits(const QFont& font) {
-    const qreal size = QFontMetrics(font).height();
-    return {qCeil(size * digitWidthPerSize * (widthInDigits + sideMargin)),
+QSize TimecodeWell::sizeForDigits(const QFont& font, double scale) {
+    const qreal size = scale * QFontMetrics(font).height();
+    return {qCeil(size * digitWidthPerSize() * (widthInDigits + sideMargin)),
             qCeil(size / sizePerHeight)};
 }
 
@@ -63,6 +83,11 @@ void TimecodeWell::paintGround(QPainter& painter, const QColor& edge, bool focus
     painter.setBrush(ground());
     painter.setPen(QPen(focused ? focusEdge() : restingRim, focused ? 2.0 : 1.0));
     painter.drawRoundedRect(frame, 5, 5);
+    if (edge.isValid()) {
+        const qreal inset = focused ? 2.5 : 0.5;
+        painter.setPen(QPen(edge, 2.0));
+        painter.drawRoundedRect(frame.adjusted(inset, inset, -inset, -inset), 4, 4);
+    }
 }
 
 void TimecodeWell::paintCharacter(QPainter& painter, qsizetype position, QChar character) const {
@@ -71,8 +96,3 @@ void TimecodeWell::paintCharacter(QPainter& painter, qsizetype position, QChar c
 }
 
 } // namespace vexa
-    if (edge.isValid()) {
-        const qreal inset = focused ? 2.5 : 0.5;
-        painter.setPen(QPen(edge, 2.0));
-        painter.drawRoundedRect(frame.adjusted(inset, inset, -inset, -inset), 4, 4);
-    }

@@ -18,8 +18,8 @@ public:
     /// What light text on a dark ground stands on, in this window.
     static QColor ground() { return {0x10, 0x12, 0x13}; }
 
-    /// A size in which the digits are about as high as that font's capitals need.
-    static QSize sizeForDigits(const QFont& font);
+    /// A size in which the digits are those of that font, that many times as large.
+    static QSize sizeForDigits(const QFont& font, double scale);
 
     /// Where the character at a position of "hh:mm:ss:ff" stands.
     QRect cell(qsizetype position) const;

@@ -26,7 +26,9 @@ inline constexpr auto pauseForReelKey = "vexapauseforreel";
 inline constexpr auto midiDestinationKey = "vexamididest"; ///< unique ID, signed 32 bits
 /// Followed by the identifier of a column of the batch table: its width in pixels, integer.
 inline constexpr auto columnWidthKeys = "columnwidth/";
-inline constexpr auto recentFilesKey = "recentfiles"; ///< paths, newest first
+inline constexpr auto windowWidthKey = "windowwidth";   ///< pixels, integer
+inline constexpr auto windowHeightKey = "windowheight"; ///< pixels, integer
+inline constexpr auto recentFilesKey = "recentfiles";   ///< paths, newest first
 
 /// The value under a key as a number, or nothing when the key is absent. A present value that is
 /// no number counts as its leading number ("7 seconds" and "7,9" are 7), "true" and "yes" as 1, all

@@ -1,13 +1,16 @@
 #include "app/MainWindow.h"
 #include "controls/VexaBatchTableView.h"
+#include "defaults/user_defaults.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/none/NoMidiSystem.h"
 #include "support/CleanDefaults.h"
 #include "support/ManualRunLoop.h"
+#include "timecode/sync_type.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -219,6 +222,46 @@ TEST_F(Window, ArrowKeysLookThroughTheTransportAndPressNothing) {
     EXPECT_EQ(QApplication::focusWidget(), &outlet("startTimeButton"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
     EXPECT_EQ(QApplication::focusWidget(), &outlet("stopButton")) << "the one that is on";
+}
+
+TEST_F(Window, FitsASmallScreen) {
+    const QSize screen(1024 * 2 / 3, 600 * 2 / 3); // 1024 x 600 at 150 %
+    const QSize frame(0, 30);
+    const auto least = window.minimumSizeHint() + frame;
+    EXPECT_EQ(least.boundedTo(screen), least) << least.width() << " x " << least.height();
+}
+
+TEST_F(Window, HasButtonsWhoseGrayCaptionsReadAlsoWhenPressed) {
+    outlet("stopTimeCheck").click();
+    for (const bool down : {false, true}) {
+        auto& add = outlet("addToBatchButton");
+        add.setDown(down);
+        const auto image = add.grab().toImage();
+        const QColor ground = image.pixelColor(5, image.height() / 2);
+        EXPECT_EQ(ground, QColor(Qt::white)) << "at 4.67:1, and 4.5:1 on nothing below 98.3 %";
+        add.setDown(false);
+    }
+}
+
+TEST(WindowSize, IsRememberedWithinTheScreen) {
+    const CleanDefaults defaults;
+    const auto room = QGuiApplication::primaryScreen()->availableSize();
+    const QSize given(room.width() - 60, room.height() - 90);
+    const auto sizeNow = [] { return MainWindow().size(); };
+    const auto atFirst = sizeNow();
+    EXPECT_EQ(sizeNow(), atFirst);
+    EXPECT_FALSE(defaults::integer(defaults::windowWidthKey)) << "nothing was changed";
+    {
+        MainWindow window;
+        window.resize(given);
+    }
+    EXPECT_EQ(sizeNow(), given);
+    for (const std::int64_t wrong : {std::int64_t{-1}, std::int64_t{0}, INT64_MAX}) {
+        defaults::setInteger(defaults::windowWidthKey, wrong);
+        const auto width = sizeNow().width();
+        EXPECT_GT(width, 100) << wrong;
+        EXPECT_LE(width, room.width()) << wrong;
+    }
 }
 
 struct Name {

@@ -224,6 +224,27 @@ TEST_F(TableView, AWidthThatTheOperatorGaveAColumnLasts) {
     EXPECT_EQ(next.horizontalHeader()->sectionSize(2), header->sectionSize(2));
 }
 
+class FontScale : public testing::TestWithParam<int> {};
+
+TEST_P(FontScale, LeavesRoomForWhatTheColumnsAreMadeFor) {
+    const CleanDefaults clean;
+    VexaBatchTableView table;
+    auto font = table.font();
+    font.setPointSizeF(GetParam() * QFontInfo(font).pointSizeF());
+    table.setFont(font);
+    setUp(table);
+    font.setBold(true); // as in the row under way
+    const QFontMetrics metrics(font);
+    auto* header = dynamic_cast<VexaBatchTableHeader*>(table.horizontalHeader());
+    const auto room = [&](int column) { return header->columnWidth(column); };
+    EXPECT_GE(room(0), metrics.horizontalAdvance(u"999999999"_s) + BatchRowDelegate::signWidth);
+    EXPECT_GE(room(2), metrics.horizontalAdvance(u"00:00:00:00"_s));
+    EXPECT_GE(room(3), metrics.horizontalAdvance(u"00:00:00:00"_s));
+    EXPECT_GE(room(4), metrics.horizontalAdvance(u"30 fps"_s));
+}
+
+INSTANTIATE_TEST_SUITE_P(Fonts, FontScale, testing::Values(1, 2, 3));
+
 TEST(TableWidths, OnesThatMakeNoSenseAreBounded) {
     const CleanDefaults clean;
     {
