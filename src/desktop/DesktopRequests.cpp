@@ -1,6 +1,7 @@
 #include "desktop/DesktopRequests.h"
 
 #include "desktop/ApplicationService.h"
+#include "desktop/attention_token.h"
 #include "desktop/startup_notification.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 
@@ -31,9 +32,11 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
 }
 
 void DesktopRequests::bringToFront(const QByteArray& token, const QByteArray& startupId) {
+    const bool isWayland = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    const auto leave = token.isEmpty() && isWayland ? attentionToken() : token;
     // On Wayland, Qt takes the leave to come to the front from here.
-    if (!token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", token);
+    if (!leave.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", leave);
     m_window.setWindowState(m_window.windowState() & ~Qt::WindowMinimized);
     m_window.show();
     m_window.raise();
