@@ -55,7 +55,7 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, Recent
         auto& menu = menuTitled(menuBar, title);
         if (newGroup)
             menu.addSeparator();
-        auto* action = command.perform ? menu.addAction(QString()) : addOpenRecent(menu);
+        auto* action = command.perform ? menu.addAction(QString()) : addOpenRecent(menu, command);
         action->setText(QString::fromUtf8(command.title));
         action->setShortcuts(command.shortcuts);
         if (command.perform)
@@ -71,7 +71,8 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, Recent
 
 void MainMenu::connectAction(QAction& action, const Command& command) {
     const auto perform = [this, &command] {
-        command.perform({m_controller, m_help, *m_menuBar.window()}, command.tag);
+        if (isAllowed(command))
+            command.perform({m_controller, m_help, *m_menuBar.window()}, command.tag);
     };
     if (mayOpenPanel(command))
         connect(&action, &QAction::triggered, this,
@@ -80,10 +81,18 @@ void MainMenu::connectAction(QAction& action, const Command& command) {
         connect(&action, &QAction::triggered, this, perform);
 }
 
-QAction* MainMenu::addOpenRecent(QMenu& menu) {
+bool MainMenu::isAllowed(const Command& command) const {
+    return !command.action || validateMenuItem(m_controller, *command.action, command.tag).enabled;
+}
+
+QAction* MainMenu::addOpenRecent(QMenu& menu, const Command& command) {
     auto* recent = new OpenRecentMenu(m_recentFiles, &menu);
-    connect(recent, &OpenRecentMenu::chosen, this, [this](const QString& path) {
-        performLater(*this, [this, path] { m_controller.openFile(path); });
+    const auto open = [this, &command](const QString& path) {
+        if (isAllowed(command))
+            m_controller.openFile(path);
+    };
+    connect(recent, &OpenRecentMenu::chosen, this, [this, open](const QString& path) {
+        performLater(*this, [open, path] { open(path); });
     });
     menu.addMenu(recent);
     return recent->menuAction();

@@ -18,7 +18,8 @@ struct Command;
 
 /// Every command as a menu item, made from the table of commands. The controller is asked how the
 /// items that it answers for are to show when a menu opens and whenever its state changes:
-/// shortcuts act only where their items could be chosen.
+/// shortcuts act only where their items could be chosen. It is asked again before a command is
+/// performed, since other commands may have come between.
 class MainMenu : public QObject {
     Q_OBJECT
 
@@ -37,7 +38,8 @@ private:
     };
 
     void connectAction(QAction& action, const Command& command);
-    QAction* addOpenRecent(QMenu& menu);
+    bool isAllowed(const Command& command) const;
+    QAction* addOpenRecent(QMenu& menu, const Command& command);
     void validate();
 
     QMenuBar& m_menuBar;

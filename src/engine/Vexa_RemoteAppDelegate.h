@@ -190,7 +190,8 @@ private:
     /// Makes the change and shows it. Rows that stay in the list stay selected.
     void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
-    int askToSave(); // document_commands.cpp
+    bool mayReplaceList(); // document_commands.cpp
+    int askToSave();
     void listReplaced();
 
     Outlets m_outlets;

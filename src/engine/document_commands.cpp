@@ -53,23 +53,29 @@ bool Vexa_RemoteAppDelegate::askRevert() {
 }
 
 void Vexa_RemoteAppDelegate::newDocument() {
-    if (!saveFirst())
+    if (!mayReplaceList())
         return;
     m_document.clear();
     listReplaced();
 }
 
 void Vexa_RemoteAppDelegate::openDocument() {
-    if (!saveFirst())
+    if (!mayReplaceList())
+/// Asks to save first. While the question is up, a run can begin, and its list is not taken away.
+bool Vexa_RemoteAppDelegate::mayReplaceList() {
+    return saveFirst() && m_transportState == transport::stopped;
+}
+
         return;
-    if (const auto path = m_outlets.filePanels->runOpenPanel()) {
-        openListWithURL(*path);
-        openListWithURL(*path);
-    }
+    const auto path = m_outlets.filePanels->runOpenPanel();
+    if (!path || m_transportState != transport::stopped)
+        return;
+    openListWithURL(*path);
+    openListWithURL(*path);
 }
 
 bool Vexa_RemoteAppDelegate::openFile(const QString& path) {
-    if (saveFirst() && m_transportState == transport::stopped)
+    if (mayReplaceList())
         openListWithURL(path);
     return true;
 }

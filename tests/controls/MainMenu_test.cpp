@@ -11,6 +11,8 @@
 #include <QTemporaryFile>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace vexa;
 using namespace vexa::test;
 
@@ -65,6 +67,71 @@ TEST(MainMenu, TwoChoicesAtOnceOpenOnePanel) {
     QCoreApplication::processEvents();
     EXPECT_EQ(opened, 1);
 }
+
+struct CountingFilePanels final : FilePanels {
+    std::optional<QString> runOpenPanel() override { return ++shown, std::nullopt; }
+    std::optional<QString> runSavePanel(const QString&) override { return ++shown, std::nullopt; }
+    int shown = 0;
+};
+
+/// A command that is performed a little after it was chosen, and what forbids it in between.
+struct Overtaken {
+    MenuAction action;
+    void (*prepare)(Vexa_RemoteAppDelegate& controller);
+    void (*overtake)(Vexa_RemoteAppDelegate& controller);
+};
+
+void addItem(Vexa_RemoteAppDelegate& controller) {
+    controller.addItemToBatchList(1, QStringLiteral("item"), {0, 1, 2, 0});
+}
+/// A list counts as saved also when it cannot be written.
+void save(Vexa_RemoteAppDelegate& controller) {
+    controller.saveDocumentWithURL(QStringLiteral("/nowhere/list.vexaB"));
+}
+void saveAndAddItem(Vexa_RemoteAppDelegate& controller) {
+    save(controller);
+    addItem(controller);
+}
+void play(Vexa_RemoteAppDelegate& controller) {
+    controller.handleStripeMenuItems(transport::playing);
+}
+void giveUpList(Vexa_RemoteAppDelegate& controller) { controller.newDocument(); }
+
+class OvertakenCommand : public testing::TestWithParam<Overtaken> {};
+
+TEST_P(OvertakenCommand, IsNotPerformed) {
+    const auto& [action, prepare, overtake] = GetParam();
+    ControllerRig rig;
+    CountingFilePanels panels;
+    auto outlets = rig.ui.outlets(rig.alerts);
+    outlets.filePanels = &panels;
+    Vexa_RemoteAppDelegate controller(outlets, rig.runLoop);
+    controller.applicationDidFinishLaunching();
+    QMenuBar bar;
+    RecentFiles files;
+    const MainMenu menu(bar, controller, files);
+    prepare(controller);
+    auto* const item = menu.item(action);
+    ASSERT_TRUE(item->isEnabled());
+
+    item->trigger();
+    overtake(controller);
+    const auto done = [&] {
+        return std::tuple(controller.batchStripeData().numItems(), rig.alerts.shown.size(),
+                          panels.shown);
+    };
+    const auto before = done();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(item->isEnabled());
+    EXPECT_EQ(done(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, OvertakenCommand,
+                         testing::Values(Overtaken{MenuAction::newDocument, addItem, play},
+                                         Overtaken{MenuAction::openDocument, addItem, play},
+                                         Overtaken{MenuAction::saveDocument, addItem, giveUpList},
+                                         Overtaken{MenuAction::revertDocumentToSaved,
+                                                   saveAndAddItem, save}));
 
 TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     ControllerRig rig;
@@ -182,6 +249,25 @@ TEST(MainMenu, TwoRecentFilesAtOnceAskOneQuestion) {
     recent->actions().constFirst()->trigger();
     QCoreApplication::processEvents();
     EXPECT_EQ(rig.alerts.shown.size(), 1u);
+}
+
+TEST(MainMenu, ARecentFileIsNotOpenedOnceARunHasBegun) {
+    ControllerRig rig;
+    const CleanDefaults defaults;
+    QTemporaryFile list;
+    ASSERT_TRUE(list.open());
+    RecentFiles files;
+    files.noteNewRecentDocument(list.fileName());
+    QMenuBar bar;
+    const MainMenu menu(bar, rig.controller, files);
+    rig.controller.addItemToBatchList(1, QStringLiteral("item"), {0, 1, 2, 0});
+    auto* const recent = menu.item(MenuAction::other, unavailableWhileStriping)->menu();
+    Q_EMIT recent->aboutToShow();
+    recent->actions().constFirst()->trigger();
+    rig.controller.handleStripeMenuItems(transport::playing);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(rig.alerts.shown.empty()) << "no question either";
+    EXPECT_EQ(rig.controller.batchStripeData().numItems(), 1u);
 }
 
 TEST(MainMenu, WithFskTheRatesKeepTheirMarks) {

@@ -1,5 +1,6 @@
 """A batch list striped in the window, from its file to the last stop."""
 
+import signal
 import time
 import unittest
 
@@ -26,7 +27,7 @@ class BatchRun(DeviceTest):
     def open_three_items(self, delay, length=THIRD_OF_A_SECOND):
         """The window with the three items, batch striping on and settings of the operator's."""
         self.write_settings(vexadelay=delay)
-        self.window, _, _ = self.open_list(
+        self.window, self.batch, _ = self.open_list(
             Item(reel, title, f"0{hour}:00:00:00", f"0{hour}:00:{length}")
             for hour, (title, reel) in enumerate(TITLES_AND_REELS, start=1)
         )
@@ -127,6 +128,20 @@ class BatchRun(DeviceTest):
         self.expect_messages(*play(1, 0, 0, 0, FPS_30_MTC))
         self.window.keys("F5")
         self.expect_messages(STOP)
+
+    def test_what_waited_for_a_run_that_has_begun_is_not_done(self):
+        for overtaken in ("ctrl+n", "ctrl+o"):
+            with self.subTest(overtaken=overtaken):
+                self.open_three_items(delay=1, length=THREE_SECONDS)
+                self.window.program.send_signal(signal.SIGSTOP)
+                self.window.keys(overtaken, "F6")
+                self.window.program.send_signal(signal.SIGCONT)
+                self.expect_messages(*play(1, 0, 0, 0, FPS_30_MTC))
+                self.window.keys("F5")
+                self.expect_messages(STOP)
+                self.assertEqual(self.batch.length(), 3)
+                self.assertEqual(len(self.window.titles()), 1)
+                self.window.close()
 
 
 if __name__ == "__main__":

@@ -20,12 +20,17 @@ constexpr int cancel = alertThirdButton;
 
 /// Panels that answer as told, and note what they proposed.
 struct ScriptedPanels final : FilePanels {
-    std::optional<QString> runOpenPanel() override { return answer; }
+    std::optional<QString> runOpenPanel() override {
+        if (whileShown)
+            whileShown();
+        return answer;
+    }
     std::optional<QString> runSavePanel(const QString& name) override {
         proposed += name;
         return answer;
     }
     std::optional<QString> answer;
+    std::function<void()> whileShown;
     QStringList proposed;
 };
 
@@ -239,6 +244,30 @@ TEST_F(DocumentCommands, AFileHandedOverWhileStripingAsksButDoesNotOpen) {
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(list().numItems(), 1u);
     EXPECT_TRUE(controller().dirty());
+}
+
+TEST_F(DocumentCommands, ARunThatBeginsWhileAQuestionIsUpKeepsItsList) {
+    change();
+    panels.answer = fileWith("List.vexaB", 3);
+    alerts.answers = {dontSave, dontSave};
+    alerts.whileShown = [this] { controller().setTransportState(transport::playing); };
+    for (const auto command :
+         {&Vexa_RemoteAppDelegate::newDocument, &Vexa_RemoteAppDelegate::openDocument}) {
+        (controller().*command)();
+        EXPECT_EQ(list().numItems(), 1u);
+        EXPECT_TRUE(controller().dirty());
+        controller().setTransportState(transport::stopped);
+    }
+    EXPECT_EQ(alerts.shown.size(), 2u);
+}
+
+TEST_F(DocumentCommands, ARunThatBeginsWhileTheOpenPanelIsUpKeepsItsList) {
+    controller().openListWithURL(fileWith("Old.vexaB", 1));
+    panels.answer = fileWith("New.vexaB", 3);
+    panels.whileShown = [this] { controller().setTransportState(transport::playing); };
+    controller().openDocument();
+    EXPECT_EQ(list().numItems(), 1u);
+    EXPECT_EQ(title(), QStringLiteral("Vexa Remote: Old"));
 }
 
 TEST_F(DocumentCommands, SaveOfANeverSavedListAsksForAName) {
