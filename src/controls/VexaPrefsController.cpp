@@ -97,6 +97,11 @@ void VexaPrefsController::showPreferences() {
         apply();
 }
 
+void VexaPrefsController::okPrefsWindow() {
+    if (!m_owner->waitingForReelChange())
+        m_prefsPanel.done(QDialog::Accepted);
+}
+
 void VexaPrefsController::fillPanel() {
     const auto delay = saturated<std::int64_t>(m_owner->delayInSeconds());
     m_ui->delayField->setText(QString::number(delay));

@@ -46,7 +46,9 @@ public:
     /// One of the delay's controls was changed, and the other follows it.
     void handlePrefControls(int senderTag);
     void handleTableEdit() {}
-    void okPrefsWindow() { m_prefsPanel.done(QDialog::Accepted); }
+    /// Does nothing while a reel is asked for: what is confirmed would come into force after the
+    /// next item has started, and silence it.
+    void okPrefsWindow();
     void cancelPrefsWindow() { m_prefsPanel.done(QDialog::Rejected); }
 
 private:

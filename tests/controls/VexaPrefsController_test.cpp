@@ -73,6 +73,27 @@ TEST_F(Preferences, ConfirmedUnchangedStillStopsTheGeneratorResetsAndRewrites) {
     EXPECT_FALSE(rig.controller.dirty());
 }
 
+TEST_F(Preferences, CannotBeConfirmedWhileAReelIsAskedFor) {
+    for (const std::uint64_t reel : {1, 2})
+        rig.controller.batchStripeData().addItemWithReel(reel, {}, {0, 1, rate::fps30, sync::mtc});
+    rig.controller.setUseBatch(true);
+    rig.controller.setTransportState(transport::playing);
+    rig.tick();
+    rig.alerts.whileShown = [] {
+        // As assistive technology can, though the alert keeps the mouse and the keyboard.
+        button(QDialogButtonBox::Ok).click();
+        EXPECT_TRUE(panel()) << "still shown";
+    };
+    show([this] {
+        typeDelay("12");
+        rig.runLoop.advance(RunLoop::Seconds(rig.controller.delayInSeconds()));
+        ASSERT_EQ(rig.alerts.shown.size(), 1u);
+        rig.midi.takeSent();
+    });
+    EXPECT_THAT(rig.midi.takeSent(), IsEmpty()) << "the next item goes on";
+    EXPECT_EQ(rig.controller.delayInSeconds(), 5) << "cancelled";
+}
+
 TEST_F(Preferences, RatesCanBeChosenAgainWhenTheDefaultEndsFsk) {
     rig.controller.handleSyncTypeMenuItems(sync::fsk);
     ASSERT_FALSE(rig.ui.frameRateMatrix.isEnabled());
