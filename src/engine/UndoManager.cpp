@@ -91,6 +91,7 @@ QString UndoManager::redoMenuItemTitle() const {
 bool UndoManager::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress:
+    case QEvent::KeyRelease: // a button is pressed by the release of Space
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
     case QEvent::InputMethod:

@@ -5,6 +5,7 @@ import unittest
 
 from support import desktop
 from support.cases import DeviceTest
+from support.window import xdotool
 from support.wire import STOP, play
 
 START, STOP_TIME = "Start time", "Stop time"
@@ -258,8 +259,8 @@ class QueuedEvents(TimeEntry):
         self.window.keys("ctrl+z")
         self.check_committed(AT_FIRST)
 
-    def test_two_shortcuts_are_two_steps(self):
-        self.queue_keys("F8", "F8")
+    def check_stop_time_set_and_cleared(self):
+        """In two steps."""
         self.check_committed("01:00:05:00", STOP_TIME)
         self.window.await_on("Set stop time", False)
         self.window.keys("ctrl+z")
@@ -267,6 +268,19 @@ class QueuedEvents(TimeEntry):
         self.window.keys("ctrl+z")
         self.window.await_on("Set stop time", False)
         self.window.await_shown(STOP_TIME, "00:00:00:00")
+
+    def test_two_shortcuts_are_two_steps(self):
+        self.queue_keys("F8", "F8")
+        self.check_stop_time_set_and_cleared()
+
+    def test_the_release_of_a_key_is_a_step_of_its_own(self):
+        self.window.focus("Set stop time")
+        xdotool("keydown", "space")
+        self.window.program.send_signal(signal.SIGSTOP)
+        self.window.keys("F8")
+        xdotool("keyup", "space")
+        self.window.program.send_signal(signal.SIGCONT)
+        self.check_stop_time_set_and_cleared()
 
     def test_two_presses_by_assistive_technology_are_two_steps(self):
         self.window.press_at_once("25 fps", "DTL")

@@ -70,10 +70,14 @@ TEST_F(Undo, EventsEndWhenTheLoopTakesOver) {
     EXPECT_EQ(a, 0);
 }
 
-TEST_F(Undo, QueuedInputEventsAreEventsOfTheirOwn) {
+using Keys = std::pair<QEvent::Type, QEvent::Type>;
+
+class QueuedKeys : public Undo, public testing::WithParamInterface<Keys> {};
+
+TEST_P(QueuedKeys, AreEventsOfTheirOwn) {
     struct Typist : QObject {
         bool event(QEvent* event) override {
-            if (event->type() == QEvent::KeyPress)
+            if (dynamic_cast<QKeyEvent*>(event))
                 onKey();
             return QObject::event(event);
         }
@@ -81,9 +85,8 @@ TEST_F(Undo, QueuedInputEventsAreEventsOfTheirOwn) {
     } typist;
     typist.onKey = [this] { set(a, a + 1); };
     // Both are delivered in one pass, before anything that was posted in between.
-    for (int i = 0; i < 2; ++i)
-        QCoreApplication::postEvent(&typist,
-                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_1, Qt::NoModifier),
+    for (const auto type : {GetParam().first, GetParam().second})
+        QCoreApplication::postEvent(&typist, new QKeyEvent(type, Qt::Key_1, Qt::NoModifier),
                                     Qt::HighEventPriority);
     QCoreApplication::sendPostedEvents(&typist);
     ASSERT_EQ(a, 2);
@@ -92,6 +95,12 @@ TEST_F(Undo, QueuedInputEventsAreEventsOfTheirOwn) {
     undo.undo();
     EXPECT_EQ(a, 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(PressesAndReleases, QueuedKeys,
+                         testing::Values(Keys{QEvent::KeyPress, QEvent::KeyPress},
+                                         Keys{QEvent::KeyPress, QEvent::KeyRelease},
+                                         Keys{QEvent::KeyRelease, QEvent::KeyRelease},
+                                         Keys{QEvent::KeyRelease, QEvent::KeyPress}));
 
 TEST_F(Undo, QueuedCallsAreEventsOfTheirOwn) {
     QObject called;
