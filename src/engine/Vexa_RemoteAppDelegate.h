@@ -191,6 +191,7 @@ private:
     void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
     bool mayReplaceList(); // document_commands.cpp
+    int ask(const Alert& question);
     int askToSave();
     void listReplaced();
 
@@ -207,6 +208,7 @@ private:
     std::uint64_t m_prevTransportState = transport::stopped;
     bool m_prevStopTimeSet = false; ///< the flag before the edit in progress
     bool m_previousUseBatch = false;
+    bool m_asking = false; ///< what is to become of the list
     std::uint64_t m_defaultFrameRate = 0;
     std::uint64_t m_defaultSyncType = 0;
 };

@@ -1,5 +1,7 @@
 #include "engine/Vexa_RemoteAppDelegate.h"
 
+#include <utility>
+
 namespace vexa {
 
 namespace {
@@ -14,8 +16,18 @@ Alert question(const QString& text, bool previouslySaved, const QString& fileTit
 
 } // namespace
 
+/// One question at a time: the session may end, or the window be closed, while one is up. The
+/// second counts as unanswered.
+int Vexa_RemoteAppDelegate::ask(const Alert& question) {
+    if (std::exchange(m_asking, true))
+        return alertUnanswered;
+    const int answer = m_outlets.alerts->runModal(question);
+    m_asking = false;
+    return answer;
+}
+
 int Vexa_RemoteAppDelegate::askToSave() {
-    return m_outlets.alerts->runModal(
+    return ask(
         question(QStringLiteral("Do you want to save %1 before proceeding?"), previouslySaved(),
                  fileTitle(), QStringLiteral("It has never been saved."),
                  {QStringLiteral("Save"), QStringLiteral("Don't Save"), QStringLiteral("Cancel")}));
@@ -45,11 +57,16 @@ bool Vexa_RemoteAppDelegate::windowShouldClose() {
 bool Vexa_RemoteAppDelegate::askRevert() {
     if (!dirty())
         return true;
-    const int answer = m_outlets.alerts->runModal(
-        question(QStringLiteral("Do you want to revert to the saved version of %1?"),
-                 previouslySaved(), fileTitle(), QStringLiteral("It has never been saved"),
-                 {QStringLiteral("Revert"), QStringLiteral("Cancel")}));
+    const int answer =
+        ask(question(QStringLiteral("Do you want to revert to the saved version of %1?"),
+                     previouslySaved(), fileTitle(), QStringLiteral("It has never been saved"),
+                     {QStringLiteral("Revert"), QStringLiteral("Cancel")}));
     return answer != alertSecondButton && answer != alertUnanswered;
+}
+
+/// Asks to save first. While the question is up, a run can begin, and its list is not taken away.
+bool Vexa_RemoteAppDelegate::mayReplaceList() {
+    return saveFirst() && m_transportState == transport::stopped;
 }
 
 void Vexa_RemoteAppDelegate::newDocument() {
@@ -61,11 +78,6 @@ void Vexa_RemoteAppDelegate::newDocument() {
 
 void Vexa_RemoteAppDelegate::openDocument() {
     if (!mayReplaceList())
-/// Asks to save first. While the question is up, a run can begin, and its list is not taken away.
-bool Vexa_RemoteAppDelegate::mayReplaceList() {
-    return saveFirst() && m_transportState == transport::stopped;
-}
-
         return;
     const auto path = m_outlets.filePanels->runOpenPanel();
     if (!path || m_transportState != transport::stopped)

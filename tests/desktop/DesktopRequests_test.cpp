@@ -62,7 +62,7 @@ TEST_F(DesktopRequest, AsksWhileStripingAndOpensNothing) {
 }
 
 TEST_F(DesktopRequest, AsksOnceForAllTheFilesThatWait) {
-    rig.controller.addItemToBatchList(1, u"item"_s, 0, 1, 2, 0);
+    rig.controller.addItemToBatchList(1, u"item"_s, {0, 1, 2, 0});
     rig.alerts.answers = {alertThirdButton, alertSecondButton};
     rig.alerts.whileShown = [&] { QTimer::singleShot(0, &program, &QEventLoop::quit); };
     for (int i = 0; i < 3; ++i)

@@ -322,6 +322,19 @@ class LogOut(RunningProgram, ProgramTest):
         self.answer("Don't Save")
         self.expect_end()
 
+    def test_nothing_is_asked_over_another_question(self):
+        self.change_list()
+        self.window.keys("ctrl+n")
+        eventually("the question is there", lambda: len(self.window.titles()) == 2)
+        self.session.log_out()
+        self.session.take_note_of_refusal()
+        self.assertEqual(len(self.window.titles()), 2)
+        self.window.answer("Cancel")
+        self.assertIn("Save", self.window.menu("File"))
+        self.session.log_out()
+        self.answer("Don't Save")
+        self.expect_end()
+
     def test_nothing_is_asked_where_that_is_not_allowed(self):
         self.change_list()
         self.session.log_out_without_questions()

@@ -340,6 +340,22 @@ TEST_F(DocumentCommands, UndoOutlivesNewAndOpen) {
     EXPECT_EQ(list().batchList().back()->id, 1u) << "ids count on";
 }
 
+TEST_F(DocumentCommands, WhileOneQuestionIsUpNoOtherIsAsked) {
+    controller().openListWithURL(fileWith("Show.vexaB", 1));
+    change();
+    alerts.whileShown = [this] {
+        EXPECT_FALSE(controller().windowShouldClose());
+        EXPECT_FALSE(controller().saveFirst());
+        EXPECT_FALSE(controller().askRevert());
+    };
+    alerts.answers = {cancel, cancel, alertSecondButton};
+    EXPECT_FALSE(controller().windowShouldClose());
+    EXPECT_FALSE(controller().saveFirst());
+    EXPECT_FALSE(controller().askRevert());
+    EXPECT_EQ(alerts.shown.size(), 3u);
+    EXPECT_EQ(list().numItems(), 2u);
+}
+
 struct Closing {
     int answer;
     bool panelAnswers;
