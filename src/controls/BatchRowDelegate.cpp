@@ -3,6 +3,7 @@
 #include "controls/BatchTableModel.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -90,6 +91,13 @@ void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setPen(textColor(cell));
     painter->drawText(content, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       cell.fontMetrics.elidedText(cell.text, Qt::ElideRight, content.width()));
+}
+
+void BatchRowDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    const auto* line = qobject_cast<QLineEdit*>(editor);
+    if (line && (line->isModified() || !line->text().isEmpty()))
+        return;
+    QStyledItemDelegate::setEditorData(editor, index);
 }
 
 void BatchRowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

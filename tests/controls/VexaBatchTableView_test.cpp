@@ -161,6 +161,28 @@ TEST_F(TableView, TheEditKeyEditsTheTitleFromAnyColumn) {
     EXPECT_EQ(list.batchList()[2]->title, u"last"_s);
 }
 
+TEST_F(TableView, MarksLeaveATitleThatIsBeingTypedAsItIs) {
+    doubleClick(1, 1);
+    ASSERT_NE(editor(), nullptr);
+    const auto item = list.batchList()[1];
+    const auto mark = [&] {
+        table.markItem(item, StripeMark::underWay);
+        table.markItem(item, StripeMark::finished);
+        table.clearMarks();
+    };
+    mark();
+    EXPECT_EQ(editor()->selectedText(), u"item"_s) << "what is typed still replaces it";
+    QTest::keyClicks(editor(), u"A reel"_s);
+    mark();
+    EXPECT_EQ(editor()->text(), u"A reel"_s);
+    QTest::keyClick(editor(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(editor(), Qt::Key_Backspace);
+    mark();
+    EXPECT_EQ(editor()->text(), QString());
+    type(u"B"_s);
+    EXPECT_EQ(item->title, u"B"_s);
+}
+
 TEST_F(TableView, AnItemIsBroughtIntoViewAndTheSelectionStays) {
     addRows(500);
     const auto item = list.batchList()[400];

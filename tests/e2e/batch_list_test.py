@@ -216,6 +216,21 @@ class Striping(DeviceTest):
         self.expect_messages(*run([items[1], items[3]]))
         self.assertEqual(batch.selected(), [1, 3])
 
+    def test_marks_leave_a_title_that_is_being_typed_alone(self):
+        items = [Item(1, "long", "01:00:00:00", "01:10:00:00")]
+        window, batch, _ = self.open_list(items)
+        window.press("Batch striping")
+        batch.select(0)
+        window.keys("F2")
+        window.write("typed")
+        window.keys("F6")
+        batch.await_marks(["Under way"])
+        window.keys("F5")
+        batch.await_marks([""])
+        window.keys("Return")
+        batch.await_items([items[0]._replace(title="typed")])
+        self.expect_messages(*run(items)[:-1])
+
     def test_the_row_under_way_comes_into_view(self):
         self.write_settings(vexadelay=0, vexapauseforreel="false")
         items = [Item(1, f"item {n}", "01:00:00:00", "01:00:00:01") for n in range(39)]
