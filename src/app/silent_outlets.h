@@ -48,6 +48,7 @@ public:
 class SilentTable final : public BatchTable {
 public:
     void reloadData() override { m_selected.clear(); }
+    void commitEditing() override {}
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
     void selectRows(const RowIndexes& rows) override { m_selected = rows; }

@@ -88,6 +88,19 @@ void VexaBatchTableView::selectRows(const RowIndexes& rows) {
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+void VexaBatchTableView::commitEditing() {
+    const auto title = titleInRowOf(currentIndex());
+    if (auto* editor = indexWidget(title)) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+QModelIndex VexaBatchTableView::titleInRowOf(const QModelIndex& index) const {
+    return index.siblingAtColumn(
+        static_cast<int>(m_model.columnIdentifiers().indexOf(item_key::title)));
+}
+
 void VexaBatchTableView::setColumnIdentifiers(const QStringList& identifiers) {
     m_model.setColumnIdentifiers(identifiers);
 }
@@ -151,9 +164,8 @@ void VexaBatchTableView::reset() {
 
 bool VexaBatchTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
     // By the keyboard, the title of the row is edited whatever cell is the current one.
-    const auto title = static_cast<int>(m_model.columnIdentifiers().indexOf(item_key::title));
-    return QTableView::edit(trigger == EditKeyPressed ? index.siblingAtColumn(title) : index,
-                            trigger, event);
+    return QTableView::edit(trigger == EditKeyPressed ? titleInRowOf(index) : index, trigger,
+                            event);
 }
 
 void VexaBatchTableView::keyPressEvent(QKeyEvent* event) {

@@ -25,6 +25,7 @@ public:
     bool handleKey(const QString& characters);
     bool handleDelete();
 
+    void commitEditing() override;
     void reloadData() override { m_model.reloadData(); }
     bool hasSelectedRows() const override { return m_hasSelectedRows; }
     RowIndexes selectedRowIndexes() const override;
@@ -52,6 +53,7 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
+    QModelIndex titleInRowOf(const QModelIndex& index) const;
     void restoreColumnWidths();
     void storeColumnWidths();
 

@@ -81,8 +81,8 @@ public:
     void setStopTimeSet(bool flag, std::uint64_t stopTime, const QString& actionName);
     void undoRedoSetFrameRate(std::uint64_t code, const QString& actionName);
     void undoRedoSetSyncType(std::uint64_t code, const QString& actionName);
-    void undo() { m_undoManager.undo(); }
-    void redo() { m_undoManager.redo(); }
+    void undo();
+    void redo();
 
     // batch_editing.cpp: each edit can be undone, but for the menu's choice of the mode
     /// Opens the panel for a new item of the current settings, where a stop time is set.

@@ -21,6 +21,7 @@ QString stripe(std::uint64_t mode) {
 
 void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change) {
     auto& table = *m_outlets.batchTable;
+    table.commitEditing();
     const auto selected = m_batchStripeData.itemsOfRows(table.selectedRowIndexes());
     change();
     table.reloadData();

@@ -87,6 +87,8 @@ public:
     virtual ~BatchTable() = default;
     /// Shows the list as it now is, with no row selected.
     virtual void reloadData() = 0;
+    /// Takes the title that is being typed, if any, and ends its editor.
+    virtual void commitEditing() = 0;
     virtual bool hasSelectedRows() const = 0;
     virtual RowIndexes selectedRowIndexes() const = 0;
     /// Selects these rows and no others.

@@ -34,6 +34,7 @@ int Vexa_RemoteAppDelegate::askToSave() {
 }
 
 bool Vexa_RemoteAppDelegate::saveFirst() {
+    m_outlets.batchTable->commitEditing();
     if (!dirty())
         return true;
     const int answer = askToSave();
@@ -44,6 +45,7 @@ bool Vexa_RemoteAppDelegate::saveFirst() {
 }
 
 bool Vexa_RemoteAppDelegate::windowShouldClose() {
+    m_outlets.batchTable->commitEditing();
     if (!dirty())
         return true;
     const int answer = askToSave();
@@ -126,6 +128,7 @@ void Vexa_RemoteAppDelegate::saveDocumentAs() {
 }
 
 void Vexa_RemoteAppDelegate::saveDocumentWithURL(const QString& path) {
+    m_outlets.batchTable->commitEditing();
     m_document.save(path);
     Q_EMIT stateChanged();
 }

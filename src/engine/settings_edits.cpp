@@ -64,6 +64,16 @@ void Vexa_RemoteAppDelegate::registerEdit(const QString& actionName,
     Q_EMIT stateChanged();
 }
 
+void Vexa_RemoteAppDelegate::undo() {
+    m_outlets.batchTable->commitEditing();
+    m_undoManager.undo();
+}
+
+void Vexa_RemoteAppDelegate::redo() {
+    m_outlets.batchTable->commitEditing();
+    m_undoManager.redo();
+}
+
 void Vexa_RemoteAppDelegate::setStartTime(std::uint64_t start, std::uint64_t stop,
                                           const QString& actionName) {
     const auto oldStart = m_plan.settings.startTime;

@@ -183,6 +183,20 @@ TEST_F(TableView, MarksLeaveATitleThatIsBeingTypedAsItIs) {
     EXPECT_EQ(item->title, u"B"_s);
 }
 
+TEST_F(TableView, TheTitleThatIsBeingTypedCanBeTakenAtAnyTime) {
+    table.commitEditing();
+    for (const int column : {1, 4}) {
+        table.setCurrentIndex(table.model()->index(2, column));
+        QTest::keyClick(&table, Qt::Key_F2);
+        ASSERT_NE(editor(), nullptr);
+        QTest::keyClicks(editor(), u"column %1"_s.arg(column));
+        table.commitEditing();
+        EXPECT_EQ(list.batchList()[2]->title, u"column %1"_s.arg(column));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(editor(), nullptr);
+    }
+}
+
 TEST_F(TableView, AnItemIsBroughtIntoViewAndTheSelectionStays) {
     addRows(500);
     const auto item = list.batchList()[400];

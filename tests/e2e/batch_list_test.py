@@ -5,7 +5,7 @@ import unittest
 from support import desktop
 from support.batch_list import ADD_PANEL, COLUMNS, TITLE, BatchList
 from support.cases import DeviceTest
-from support.items import Item
+from support.items import Item, items_in
 from support.waiting import eventually
 from support.wire import run
 
@@ -112,6 +112,24 @@ class Editing(DeviceTest):
         self.window.keys("Escape")
         self.batch.rename(4, "last")
         self.batch.await_items([*SORTED[:4], SORTED[4]._replace(title="last")])
+
+    def test_a_title_that_is_being_typed_is_taken_by_what_follows(self):
+        self.window.press("Set stop time")
+        self.window.await_shown("Stop time", "01:00:05:00")
+        added = Item(20, "added", "01:00:00:00", "01:00:05:00")
+        self.batch.add(added)
+        self.begin_title(0, "saved")
+        self.window.keys("ctrl+s")
+        saved = [SORTED[0]._replace(title="saved"), *SORTED[1:], added]
+        eventually("it is saved", lambda: items_in(self.file.read_bytes()) == saved)
+        self.begin_title(4, "kept")
+        self.window.choose("Edit", "Undo Add to Batch List")
+        self.batch.await_items([*saved[:4], saved[4]._replace(title="kept")])
+
+    def begin_title(self, row, title):
+        self.batch.select(row)
+        self.window.keys("F2")
+        self.window.write(title)
 
     def test_nothing_but_a_title_is_edited(self):
         for column in COLUMNS:

@@ -210,6 +210,38 @@ TEST_F(BatchEditing, ATwinThatComesInIsARowOfItsOwn) {
     EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes());
 }
 
+TEST_F(BatchEditing, ATitleThatIsBeingTypedIsTakenBeforeTheListChanges) {
+    fill();
+    const auto edited = list().batchList()[1];
+    QString typed;
+    rig.ui.batchTable.onCommit = [&] {
+        const auto row = *list().rowsOfItems({edited}).begin();
+        list().setObjectValue(typed, item_key::title, row);
+    };
+    typed = QStringLiteral("at an addition");
+    addItem(0, "zero");
+    EXPECT_EQ(edited->title, typed);
+    typed = QStringLiteral("at an undo");
+    undo.endEvent();
+    controller.undo();
+    EXPECT_EQ(edited->title, typed);
+    typed = QStringLiteral("at a redo");
+    controller.redo();
+    EXPECT_EQ(edited->title, typed);
+    controller.handleFrameRateMenuItems(rate::fps24);
+    undo.endEvent();
+    typed = QStringLiteral("at the undo of a setting");
+    controller.undo();
+    EXPECT_EQ(edited->title, typed);
+    typed = QStringLiteral("at its redo");
+    controller.redo();
+    EXPECT_EQ(edited->title, typed);
+    typed = QStringLiteral("at a deletion");
+    select({0});
+    controller.handleDeleteRows();
+    EXPECT_EQ(edited->title, typed);
+}
+
 TEST_F(BatchEditing, ARedoneDeletionDeletesTheSameRowNumbersWhateverStandsThere) {
     fill();
     select({0});

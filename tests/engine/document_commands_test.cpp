@@ -295,6 +295,33 @@ TEST_F(DocumentCommands, SaveAsRetitlesAndLaterSavesGoThere) {
     EXPECT_EQ(recent.noted.size(), 1) << "saving notes nothing";
 }
 
+TEST_F(DocumentCommands, ATitleThatIsBeingTypedIsSaved) {
+    change();
+    panels.answer = path("New.vexaB");
+    QString typed;
+    ui.batchTable.onCommit = [&] { list().setObjectValue(typed, item_key::title, 0); };
+    const auto savedTitle = [&] { return readListFile(*panels.answer).at(0)->title; };
+    typed = QStringLiteral("at Save As");
+    controller().saveDocumentAs();
+    EXPECT_EQ(savedTitle(), typed);
+    typed = QStringLiteral("at Save");
+    controller().saveDocument();
+    EXPECT_EQ(savedTitle(), typed);
+
+    alerts.answers = {save, save};
+    for (const auto closeTheList :
+         {&Vexa_RemoteAppDelegate::windowShouldClose, &Vexa_RemoteAppDelegate::saveFirst}) {
+        change();
+        typed = QStringLiteral("before the question");
+        alerts.whileShown = [&] {
+            EXPECT_EQ(list().batchList()[0]->title, typed);
+            typed = QStringLiteral("during the question");
+        };
+        EXPECT_TRUE((controller().*closeTheList)());
+        EXPECT_EQ(savedTitle(), typed);
+    }
+}
+
 TEST_F(DocumentCommands, AFailedWriteCountsAsSaved) {
     controller().openListWithURL(path("no such folder/List.vexaB"));
     change();

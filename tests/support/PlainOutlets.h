@@ -98,6 +98,10 @@ private:
 
 class PlainBatchTable : public BatchTable {
 public:
+    void commitEditing() override {
+        if (onCommit)
+            onCommit();
+    }
     void reloadData() override { m_selected.clear(); }
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
@@ -115,6 +119,8 @@ public:
     }
     const BatchItemRef& itemInView() const { return m_inView; }
     const QStringList& columnIdentifiers() const { return m_columns; }
+
+    std::function<void()> onCommit;
 
 private:
     RowIndexes m_selected;
