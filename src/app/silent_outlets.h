@@ -52,6 +52,8 @@ public:
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
     void selectRows(const RowIndexes& rows) override { m_selected = rows; }
+    RowIndexes keyboardRow() const override { return {}; }
+    void moveKeyboardTo(const RowIndexes&) override {}
     void setColumnIdentifiers(const QStringList&) override {}
     void installHeader() override {}
     void setIntercellSpacing(double, double) override {}

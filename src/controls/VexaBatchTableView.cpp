@@ -88,6 +88,22 @@ void VexaBatchTableView::selectRows(const RowIndexes& rows) {
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+RowIndexes VexaBatchTableView::keyboardRow() const {
+    const auto current = currentIndex();
+    return current.isValid() ? RowIndexes{static_cast<std::size_t>(current.row())} : RowIndexes{};
+}
+
+void VexaBatchTableView::moveKeyboardTo(const RowIndexes& rows) {
+    if (rows.empty() || m_model.rowCount() == 0)
+        return;
+    const auto last = static_cast<std::size_t>(m_model.rowCount() - 1);
+    const int row = static_cast<int>(std::min(*rows.begin(), last));
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(false);
+    selectionModel()->setCurrentIndex(m_model.index(row, 0), QItemSelectionModel::NoUpdate);
+    setAutoScroll(scrolls);
+}
+
 void VexaBatchTableView::commitEditing() {
     const auto title = titleInRowOf(currentIndex());
     if (auto* editor = indexWidget(title)) {

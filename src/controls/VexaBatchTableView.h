@@ -30,6 +30,8 @@ public:
     bool hasSelectedRows() const override { return m_hasSelectedRows; }
     RowIndexes selectedRowIndexes() const override;
     void selectRows(const RowIndexes& rows) override;
+    RowIndexes keyboardRow() const override;
+    void moveKeyboardTo(const RowIndexes& rows) override;
     void setColumnIdentifiers(const QStringList& identifiers) override;
     void installHeader() override;
     /// Also brings back the column widths.

@@ -187,7 +187,8 @@ private:
     void showSettings(std::uint64_t start, std::uint64_t stop);
     void pushStopTimePastStart(); // settings_edits.cpp
     void registerEdit(const QString& actionName, std::function<void(const QString&)> inverse);
-    /// Makes the change and shows it. Rows that stay in the list stay selected.
+    /// Makes the change and shows it. Rows that stay in the list stay selected, and the keyboard
+    /// stays with its row.
     void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
     bool mayReplaceList(); // document_commands.cpp

@@ -21,11 +21,14 @@ QString stripe(std::uint64_t mode) {
 
 void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change) {
     auto& table = *m_outlets.batchTable;
+    const auto& list = m_batchStripeData;
     table.commitEditing();
-    const auto selected = m_batchStripeData.itemsOfRows(table.selectedRowIndexes());
+    const auto selected = list.itemsOfRows(table.selectedRowIndexes());
+    const auto keyboard = list.itemsOfRows(table.keyboardRow());
     change();
     table.reloadData();
-    table.selectRows(m_batchStripeData.rowsOfItems(selected));
+    table.selectRows(list.rowsOfItems(selected));
+    table.moveKeyboardTo(list.rowsOfItems(keyboard));
     handleBatchControlEnabling();
 }
 
@@ -63,20 +66,24 @@ void Vexa_RemoteAppDelegate::handleRemoveFromBatchListButton() {
     const auto rows = m_outlets.batchTable->selectedRowIndexes();
     if (rows.empty())
         return;
-    BatchItems items;
+    BatchItems items; // at least one: the table has no rows of which the list knows nothing
     changeBatchList([&] { items = m_batchStripeData.deleteIndexedItems(rows); });
+    m_outlets.batchTable->moveKeyboardTo(rows);
     registerRemoval(std::move(items), rows, QStringLiteral("Delete Selected Rows"));
 }
 
 void Vexa_RemoteAppDelegate::undoRedoRemoveFromBatchList(const BatchItems& items,
                                                          const RowIndexes& rows,
                                                          const QString& actionName) {
-    changeBatchList([&] {
-        if (m_undoManager.isUndoing())
-            m_batchStripeData.addItems(items);
-        else
-            m_batchStripeData.deleteIndexedItems(rows);
-    });
+    auto& table = *m_outlets.batchTable;
+    if (m_undoManager.isUndoing()) {
+        changeBatchList([&] { m_batchStripeData.addItems(items); });
+        table.moveKeyboardTo(m_batchStripeData.rowsOfItems(items));
+        table.scrollToItem(items.back()); // the one of the lowest row
+    } else {
+        changeBatchList([&] { m_batchStripeData.deleteIndexedItems(rows); });
+        table.moveKeyboardTo(rows);
+    }
     registerRemoval(items, rows, actionName);
 }
 

@@ -197,6 +197,31 @@ TEST_F(TableView, TheTitleThatIsBeingTypedCanBeTakenAtAnyTime) {
     }
 }
 
+TEST_F(TableView, TheKeyboardGoesOnFromTheRowItWasMovedTo) {
+    addRows(100);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(table.keyboardRow(), RowIndexes());
+    table.selectRows({1});
+    table.moveKeyboardTo({60, 70});
+    EXPECT_EQ(table.keyboardRow(), RowIndexes{60});
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{1});
+    EXPECT_EQ(table.verticalScrollBar()->value(), 0) << "in view is what was";
+    QTest::keyClick(&table, Qt::Key_Down);
+    EXPECT_EQ(table.selectedRowIndexes(), RowIndexes{61});
+    EXPECT_TRUE(isInView(61));
+
+    table.moveKeyboardTo({});
+    EXPECT_EQ(table.keyboardRow(), RowIndexes{61});
+    table.moveKeyboardTo({500});
+    EXPECT_EQ(table.keyboardRow(), RowIndexes{102}) << "the last one";
+    table.reloadData();
+    EXPECT_EQ(table.keyboardRow(), RowIndexes());
+    list.clearBatchList();
+    table.reloadData();
+    table.moveKeyboardTo({0});
+    EXPECT_EQ(table.keyboardRow(), RowIndexes());
+}
+
 TEST_F(TableView, AnItemIsBroughtIntoViewAndTheSelectionStays) {
     addRows(500);
     const auto item = list.batchList()[400];

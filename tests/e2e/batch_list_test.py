@@ -131,6 +131,17 @@ class Editing(DeviceTest):
         self.window.keys("F2")
         self.window.write(title)
 
+    def test_the_keyboard_goes_on_from_the_place_of_a_deletion(self):
+        self.batch.select(2)
+        self.window.keys("Delete", "Down")
+        self.batch.await_items(without(2))
+        eventually("the next row but one", lambda: self.batch.selected() == [3])
+        self.window.keys("ctrl+z")
+        self.batch.await_items(SORTED)
+        self.assertEqual(self.batch.selected(), [4])  # the same row
+        self.window.keys("Down")
+        eventually("the row after it", lambda: self.batch.selected() == [3])
+
     def test_nothing_but_a_title_is_edited(self):
         for column in COLUMNS:
             if column != TITLE:

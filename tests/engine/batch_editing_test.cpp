@@ -210,6 +210,34 @@ TEST_F(BatchEditing, ATwinThatComesInIsARowOfItsOwn) {
     EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes());
 }
 
+TEST_F(BatchEditing, TheKeyboardGoesOnFromThePlaceOfADeletion) {
+    fill();
+    const auto keyboardRow = [this] { return rig.ui.batchTable.keyboardRow(); };
+    rig.ui.batchTable.moveKeyboardTo({2});
+    select({1, 2});
+    controller.handleDeleteRows();
+    EXPECT_EQ(keyboardRow(), RowIndexes{1});
+    undo.undo();
+    EXPECT_EQ(keyboardRow(), RowIndexes{1});
+    EXPECT_EQ(rig.ui.batchTable.itemInView(), list().batchList()[1]);
+    rig.ui.batchTable.moveKeyboardTo({0});
+    undo.redo();
+    EXPECT_EQ(keyboardRow(), RowIndexes{1});
+    addItem(0, "before it");
+    undo.undo();
+    undo.undo();
+    EXPECT_EQ(keyboardRow(), RowIndexes{1});
+}
+
+TEST_F(BatchEditing, TheKeyboardStaysWithItsRow) {
+    fill();
+    rig.ui.batchTable.moveKeyboardTo({1});
+    addItem(0, "before");
+    EXPECT_EQ(rig.ui.batchTable.keyboardRow(), RowIndexes{2});
+    undo.undo();
+    EXPECT_EQ(rig.ui.batchTable.keyboardRow(), RowIndexes{1});
+}
+
 TEST_F(BatchEditing, ATitleThatIsBeingTypedIsTakenBeforeTheListChanges) {
     fill();
     const auto edited = list().batchList()[1];

@@ -102,10 +102,18 @@ public:
         if (onCommit)
             onCommit();
     }
-    void reloadData() override { m_selected.clear(); }
+    void reloadData() override {
+        m_selected.clear();
+        m_keyboardRow.clear();
+    }
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
     void selectRows(const RowIndexes& rows) override { m_selected = rows; }
+    RowIndexes keyboardRow() const override { return m_keyboardRow; }
+    void moveKeyboardTo(const RowIndexes& rows) override {
+        if (!rows.empty())
+            m_keyboardRow = {*rows.begin()};
+    }
     void setColumnIdentifiers(const QStringList& identifiers) override { m_columns = identifiers; }
     void installHeader() override {}
     void setIntercellSpacing(double, double) override {}
@@ -124,6 +132,7 @@ public:
 
 private:
     RowIndexes m_selected;
+    RowIndexes m_keyboardRow;
     QStringList m_columns;
     BatchItemRef m_inView;
     std::map<BatchItemRef, StripeMark> m_marks;
