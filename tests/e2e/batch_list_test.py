@@ -245,6 +245,22 @@ class Striping(DeviceTest):
         self.expect_messages(*run([items[1], items[3]]))
         self.assertEqual(batch.selected(), [1, 3])
 
+    def test_the_selected_rows_are_striped_though_others_come_in(self):
+        self.write_settings(vexadelay=0, vexapauseforreel="false")
+        items = [Item(1, f"item {n}", f"0{n}:00:00:00", f"0{n}:00:00:20") for n in range(5)]
+        window, batch, _ = self.open_list(items)
+        window.press("Set stop time")
+        window.await_shown("Stop time", "01:00:05:00")
+        batch.select(1, 3)
+        window.click("Selected")
+        window.await_on("Selected")
+        batch.add(Item(0, "first", "01:00:00:00", "01:00:05:00"))
+        self.assertEqual(batch.selected(), [2, 4])
+        self.assertTrue(window.is_on("Selected"))
+        window.keys("F6")
+        self.expect_messages(*run([items[1], items[3]]))
+        batch.await_marks(["", "", "Finished", "", "Finished", ""])
+
     def test_marks_leave_a_title_that_is_being_typed_alone(self):
         items = [Item(1, "long", "01:00:00:00", "01:10:00:00")]
         window, batch, _ = self.open_list(items)
