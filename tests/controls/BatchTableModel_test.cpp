@@ -88,6 +88,22 @@ TEST_F(TableModel, AListThatChangedShowsAtTheNextReload) {
     EXPECT_EQ(text(0, 1), u"new"_s);
 }
 
+TEST_F(TableModel, EqualRowsHaveMarksOfTheirOwn) {
+    list.addItem(list.batchList()[0]); // as an undone command can
+    model.reloadData();
+    ASSERT_EQ(*list.batchList()[0], *list.batchList()[1]);
+    const auto mark = [this](int row) {
+        return model.index(row, 0).data(BatchTableModel::markRole).toInt();
+    };
+    model.markItem(list.batchList()[0], StripeMark::finished);
+    model.markItem(list.batchList()[1], StripeMark::underWay);
+    EXPECT_EQ(mark(0), int(StripeMark::finished));
+    EXPECT_EQ(mark(1), int(StripeMark::underWay));
+    model.markItem(list.batchList()[1], StripeMark::none);
+    EXPECT_EQ(mark(0), int(StripeMark::finished));
+    EXPECT_EQ(mark(1), int(StripeMark::none));
+}
+
 TEST_F(TableModel, MarksStayWithTheirItems) {
     const auto marked = list.batchList()[0];
     const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
