@@ -27,7 +27,8 @@ void KelGrayTextButton::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(edge, strong ? 2.0 : 1.0));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);
     painter.setPen(palette().color(QPalette::ButtonText));
-    painter.drawText(rect().translated(0, isDown() ? 1 : 0), Qt::AlignCenter, text());
+    painter.drawText(rect().translated(0, isDown() ? 1 : 0), Qt::AlignCenter | Qt::TextShowMnemonic,
+                     text());
 }
 
 } // namespace vexa

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTextDocument>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -58,6 +59,14 @@ TEST_F(RecentMenu, ShowsNamesAsTheyAre) {
     open("tab\there.vexaB");
     EXPECT_EQ(titles(), QStringList({u"tab\uFFFDhere.vexaB"_s, u"Rock && Roll #1 100%.vexaB"_s,
                                      u"&Clear Menu"_s}));
+}
+
+TEST_F(RecentMenu, ToolTipsLoadNoPicturesThatNamesSpeakOf) {
+    const auto path = open("Day 1<img src=file:%2fdev%2fzero>.vexaB");
+    titles();
+    QTextDocument shown;
+    shown.setHtml(menu.actions().constFirst()->toolTip());
+    EXPECT_EQ(shown.toPlainText().replace(QChar::Nbsp, u' '), path);
 }
 
 TEST_F(RecentMenu, TellsNamesakesApartByTheirFolders) {
