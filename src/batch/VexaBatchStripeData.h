@@ -22,8 +22,8 @@ using RowIndexes = std::set<std::size_t>;
 /// a run walks the list or the selection. It registers no undo and knows of no unsaved changes.
 /// Main thread only. No item given to it is null.
 ///
-/// An object stands in one row only: what is added while the list holds it already comes in as a
-/// copy. So its object tells a row, wherever it moves, from others that show the same.
+/// An object stands in one row only: adding one that the list holds puts in a copy. So a row is
+/// known by its object wherever it moves, even among rows that show the same.
 ///
 /// Adding puts the whole list into the order of comesBefore(); among equivalent items the new one
 /// comes last. Nothing else sorts: a replaced list stays as it is, and an edited title leaves its

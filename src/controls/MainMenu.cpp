@@ -87,12 +87,11 @@ bool MainMenu::isAllowed(const Command& command) const {
 
 QAction* MainMenu::addOpenRecent(QMenu& menu, const Command& command) {
     auto* recent = new OpenRecentMenu(m_recentFiles, &menu);
-    const auto open = [this, &command](const QString& path) {
-        if (isAllowed(command))
-            m_controller.openFile(path);
-    };
-    connect(recent, &OpenRecentMenu::chosen, this, [this, open](const QString& path) {
-        performLater(*this, [open, path] { open(path); });
+    connect(recent, &OpenRecentMenu::chosen, this, [this, &command](const QString& path) {
+        performLater(*this, [this, &command, path] {
+            if (isAllowed(command))
+                m_controller.openFile(path);
+        });
     });
     menu.addMenu(recent);
     return recent->menuAction();

@@ -209,7 +209,7 @@ private:
     std::uint64_t m_prevTransportState = transport::stopped;
     bool m_prevStopTimeSet = false; ///< the flag before the edit in progress
     bool m_previousUseBatch = false;
-    bool m_asking = false; ///< what is to become of the list
+    bool m_asking = false; ///< a question about the list is up
     std::uint64_t m_defaultFrameRate = 0;
     std::uint64_t m_defaultSyncType = 0;
 };

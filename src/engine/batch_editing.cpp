@@ -66,7 +66,7 @@ void Vexa_RemoteAppDelegate::handleRemoveFromBatchListButton() {
     const auto rows = m_outlets.batchTable->selectedRowIndexes();
     if (rows.empty())
         return;
-    BatchItems items; // at least one: the table has no rows of which the list knows nothing
+    BatchItems items; // not empty: every row of the table is one of the list
     changeBatchList([&] { items = m_batchStripeData.deleteIndexedItems(rows); });
     m_outlets.batchTable->moveKeyboardTo(rows);
     registerRemoval(std::move(items), rows, QStringLiteral("Delete Selected Rows"));

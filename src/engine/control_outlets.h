@@ -85,7 +85,7 @@ enum class StripeMark { none, underWay, finished };
 class BatchTable {
 public:
     virtual ~BatchTable() = default;
-    /// Shows the list as it now is, with no row selected and the keyboard in none.
+    /// Shows the list as it now is. No row is selected, and the keyboard is at none.
     virtual void reloadData() = 0;
     /// Takes the title that is being typed, if any, and ends its editor.
     virtual void commitEditing() = 0;
@@ -93,10 +93,10 @@ public:
     virtual RowIndexes selectedRowIndexes() const = 0;
     /// Selects these rows and no others.
     virtual void selectRows(const RowIndexes& rows) = 0;
-    /// The row from which the keyboard goes on; none before it was in the table.
+    /// The row that the keyboard is at, if it is at one.
     virtual RowIndexes keyboardRow() const = 0;
-    /// The keyboard goes on from the first of these rows, or from the last row there is where that
-    /// comes before. The selection and what is in view stay.
+    /// Puts the keyboard at the first of these rows, or at the list's last where that is less;
+    /// without rows, it stays. Neither selects nor scrolls.
     virtual void moveKeyboardTo(const RowIndexes& rows) = 0;
     /// What the columns show, from the left: keys of an item's fields.
     virtual void setColumnIdentifiers(const QStringList& identifiers) = 0;

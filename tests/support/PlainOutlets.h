@@ -128,7 +128,7 @@ public:
     const BatchItemRef& itemInView() const { return m_inView; }
     const QStringList& columnIdentifiers() const { return m_columns; }
 
-    std::function<void()> onCommit;
+    std::function<void()> onCommit; ///< what commitEditing() does, if anything
 
 private:
     RowIndexes m_selected;
