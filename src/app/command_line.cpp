@@ -1,10 +1,12 @@
 #include "app/command_line.h"
 
+#include "app/midi_choice.h"
 #include "document/file_uris.h"
 #include "timecode/sync_type.h"
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <string_view>
 
 namespace vexa {
@@ -15,8 +17,18 @@ struct Refusal {
     QString message;
 };
 
+/// "alsa, jack or none"
+QString midiNames() {
+    QStringList names;
+    for (const auto& choice : midiChoices())
+        names +=
+            QString::fromLatin1(choice.name.data(), static_cast<qsizetype>(choice.name.size()));
+    const auto last = names.takeLast();
+    return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+}
+
 const QCommandLineOption midiOption{QStringLiteral("midi"),
-                                    QStringLiteral("MIDI system to use: alsa, jack or none."),
+                                    QStringLiteral("MIDI system to use: %1.").arg(midiNames()),
                                     QStringLiteral("system")};
 const QCommandLineOption destinationOption{
     QStringLiteral("destination"),
@@ -92,14 +104,12 @@ Timecode timeFrom(const QCommandLineOption& option, const QString& text) {
     return *time;
 }
 
-MidiChoice midiNamed(const QString& name) {
-    if (name == QLatin1String("alsa"))
-        return MidiChoice::Alsa;
-    if (name == QLatin1String("jack"))
-        return MidiChoice::Jack;
-    if (name == QLatin1String("none"))
-        return MidiChoice::None;
-    throw Refusal{QStringLiteral("--midi takes alsa, jack or none, not \"%1\"").arg(name)};
+const MidiChoice* midiNamed(const QString& name) {
+    const auto choices = midiChoices();
+    const auto found = std::ranges::find(choices, name.toStdString(), &MidiChoice::name);
+    if (found != choices.end())
+        return &*found;
+    throw Refusal{QStringLiteral("--midi takes %1, not \"%2\"").arg(midiNames(), name)};
 }
 
 /// "1,3-5": numbers as the operator counts them, in any order.

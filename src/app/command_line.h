@@ -12,14 +12,14 @@
 
 namespace vexa {
 
-enum class MidiChoice { Automatic, Alsa, Jack, None };
+struct MidiChoice;
 
 /// What the operator asked for on the command line.
 struct CommandLine {
     enum class Mode { Window, Stripe, Destinations, Help, Version };
 
     Mode mode = Mode::Window;
-    MidiChoice midi = MidiChoice::Automatic;
+    const MidiChoice* midi = nullptr;   ///< one of midiChoices(); null: by itself
     std::optional<QString> destination; ///< a position in the list, an ID, or part of one name
     std::optional<Timecode> start;
     std::optional<Timecode> stop;

@@ -76,8 +76,7 @@ void takeUp(MidiSystem& system, const CommandLine& line,
 /// where they were not meant to.
 bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVariantMap& tokens) {
     constexpr int patience = 5000; // ms
-    if (service.takeName() != BusName::Taken || line.destination ||
-        line.midi != MidiChoice::Automatic)
+    if (service.takeName() != BusName::Taken || line.destination || line.midi)
         return false;
     if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
         return true;

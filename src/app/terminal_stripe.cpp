@@ -2,6 +2,7 @@
 
 #include "app/TimerfdRunLoop.h"
 #include "app/complaint.h"
+#include "app/midi_choice.h"
 #include "app/silent_outlets.h"
 #include "app/terminal_outlets.h"
 #include "app/termination_signals.h"
@@ -126,7 +127,7 @@ private:
 
 int stripeInTerminal(const CommandLine& line, MidiSystem& system) {
     const auto destination = Vexa_MIDI_Manager::sharedMidiManager().dest();
-    const bool isExpected = destination || line.midi == MidiChoice::None;
+    const bool isExpected = destination || (line.midi && !line.midi->hasDestinations);
     if (!isExpected)
         complain(QStringLiteral("there is no MIDI destination: nothing will be sent"));
     else

@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "app/midi_choice.h"
 #include "timecode/sync_type.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ CommandLine accepted(std::initializer_list<const char*> arguments) {
 TEST(CommandLine, WithoutArgumentsOpensTheWindow) {
     const auto line = accepted({});
     EXPECT_EQ(line.mode, CommandLine::Mode::Window);
-    EXPECT_EQ(line.midi, MidiChoice::Automatic);
+    EXPECT_EQ(line.midi, nullptr);
     EXPECT_FALSE(line.destination);
 }
 
@@ -39,7 +40,8 @@ TEST(CommandLine, ReadsAWholeStripe) {
     EXPECT_EQ(line.rate, rate::fps25);
     EXPECT_EQ(line.type, sync::dtl);
     EXPECT_EQ(line.destination, QStringLiteral("Box"));
-    EXPECT_EQ(line.midi, MidiChoice::Jack);
+    ASSERT_TRUE(line.midi);
+    EXPECT_EQ(line.midi->name, "jack");
 }
 
 TEST(CommandLine, NamesOfRatesAndTypesAreFreeInBlanksAndCase) {
