@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <string_view>
 #include <utility>
 
 namespace vexa {
@@ -22,14 +23,12 @@ QMenu& menuTitled(QMenuBar& bar, const QString& title) {
     return found == actions.end() ? *bar.addMenu(title) : *(*found)->menu();
 }
 
-/// Those of the file may all ask to save.
-bool mayOpenPanel(const Command& command) {
-    return QString::fromUtf8(command.title).endsWith(QChar(u'…')) ||
-           QLatin1String(command.menu).startsWith(QLatin1String("&File"));
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// What may open a panel waits until whoever chose it has been answered: a screen reader waits for
-/// its choice to end, not for the panel to be closed. Two choices at once open one panel.
+/// Commands that may open a panel are queued, so that an accessibility call returns before the
+/// modal loop starts. Of two in the queue, the second does not open another panel over the first.
 void performLater(QObject& context, std::function<void()> perform) {
     const auto unlessPanelIsOpen = [perform = std::move(perform)] {
         if (!QApplication::activeModalWidget())
@@ -47,21 +46,12 @@ bool showsMark(MenuAction action, std::uint64_t tag) {
 
 MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles)
     : QObject(&menuBar), m_menuBar(menuBar), m_controller(controller), m_recentFiles(recentFiles) {
-    for (const auto& command : commands()) {
-        auto title = QString::fromLatin1(command.menu);
-        const bool newGroup = title.endsWith(QLatin1Char('-'));
-        if (newGroup)
-            title.chop(1);
-        auto& menu = menuTitled(menuBar, title);
-        if (newGroup)
+    for (const auto& [title, commands] : commandGroups()) {
+        auto& menu = menuTitled(menuBar, text(title));
+        if (!menu.isEmpty())
             menu.addSeparator();
-        auto* action = command.perform ? menu.addAction(QString()) : addOpenRecent(menu, command);
-        action->setText(QString::fromUtf8(command.title));
-        action->setShortcuts(command.shortcuts);
-        if (command.perform)
-            connectAction(*action, command);
-        if (command.action)
-            m_items.push_back({*command.action, command.tag, action});
+        for (const auto& command : commands)
+            addItem(menu, command);
     }
     for (auto* action : menuBar.actions())
         connect(action->menu(), &QMenu::aboutToShow, this, &MainMenu::validate);
@@ -69,12 +59,22 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, Recent
     validate();
 }
 
+void MainMenu::addItem(QMenu& menu, const Command& command) {
+    auto* action = command.perform ? menu.addAction(QString()) : addOpenRecent(menu, command);
+    action->setText(text(command.title));
+    action->setShortcuts(command.shortcuts);
+    if (command.perform)
+        connectAction(*action, command);
+    if (command.action)
+        m_items.push_back({*command.action, command.tag, action});
+}
+
 void MainMenu::connectAction(QAction& action, const Command& command) {
     const auto perform = [this, &command] {
         if (isAllowed(command))
             command.perform({m_controller, m_help, *m_menuBar.window()}, command.tag);
     };
-    if (mayOpenPanel(command))
+    if (command.mayOpenPanel)
         connect(&action, &QAction::triggered, this,
                 [this, perform] { performLater(*this, perform); });
     else

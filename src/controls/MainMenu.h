@@ -37,6 +37,7 @@ private:
         QAction* qAction;
     };
 
+    void addItem(QMenu& menu, const Command& command);
     void connectAction(QAction& action, const Command& command);
     bool isAllowed(const Command& command) const;
     QAction* addOpenRecent(QMenu& menu, const Command& command);

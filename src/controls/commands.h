@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 class QWidget;
@@ -27,16 +28,22 @@ struct CommandTargets {
 struct Command {
     using Perform = void (*)(const CommandTargets& to, std::uint64_t tag);
 
-    const char* menu;                 ///< a new group begins where it ends in '-'
-    std::optional<MenuAction> action; ///< nothing: always enabled, without asking the controller
-    std::uint64_t tag;
-    const char* title;
-    QList<QKeySequence> shortcuts;
-    Perform perform; ///< null: the item leads to the files opened last
+    std::optional<MenuAction> action = {}; ///< none: always enabled, without asking the controller
+    std::uint64_t tag = 0;
+    std::string_view title = {}; ///< UTF-8, with '&' before the letter that chooses it
+    QList<QKeySequence> shortcuts = {};
+    bool mayOpenPanel = false;
+    Perform perform = nullptr; ///< null: the item leads to the files opened last
+};
+
+/// Commands that stand together in a menu, between separators.
+struct CommandGroup {
+    std::string_view menu; ///< its title
+    std::vector<Command> commands;
 };
 
 /// All of them, in the order of the menus. Call when the application is there: its desktop has a
 /// say in the shortcuts.
-const std::vector<Command>& commands();
+const std::vector<CommandGroup>& commandGroups();
 
 } // namespace vexa
