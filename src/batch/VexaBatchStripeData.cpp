@@ -67,8 +67,10 @@ void VexaBatchStripeData::addItems(BatchItems items) {
 
 /// The item itself, or a copy where the list holds it. The list must be in order.
 BatchItemRef VexaBatchStripeData::ownRowFor(const BatchItemRef& item) const {
-    const auto equivalents = std::ranges::equal_range(m_batchList, item, comesBefore);
-    const bool isHeld = std::ranges::find(equivalents, item) != equivalents.end();
+    // Clang 14, which builds the fuzz targets, cannot search the range that std::ranges gives.
+    const auto [first, last] =
+        std::equal_range(m_batchList.begin(), m_batchList.end(), item, comesBefore);
+    const bool isHeld = std::find(first, last, item) != last;
     return isHeld ? std::make_shared<BatchItem>(*item) : item;
 }
 
