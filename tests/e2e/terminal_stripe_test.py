@@ -41,6 +41,12 @@ class TerminalStripe(DeviceTest):
         self.assertEqual(times[:3], ["00:00:59:00", "00:01:00:02", "00:01:01:00"])
         self.expect_messages(STOP, *play(0, 0, 59, 0, 3), STOP, STOP)
 
+    def test_the_last_time_is_one_of_the_stripes_own_rate(self):
+        done = program.run(*stripe("00:00:00:20", "00:00:01:29", "30 fps", "MTC"))
+        times = [line.split()[-1] for line in done.stdout.splitlines()[1:]]
+        self.assertEqual(times, ["00:00:00:20", "00:00:01:00"])
+        self.expect_messages(STOP, *play(0, 0, 0, 20, 2), STOP, STOP)
+
     def test_goes_to_the_destination_that_is_named(self):
         other = MidiMonitor("Tape Room")
         self.addCleanup(other.stop)
