@@ -152,12 +152,18 @@ bool VexaTimecodeButton::validate() {
     const auto typed = typedTime();
     m_refusal = QString::fromStdString(vexa::refusal(typed, *m_rate));
     refresh();
-    auto& time = m_time;
-    // Deliberately written as it goes: what a rejected entry held is what the fields hold.
-    if ((time.hours = typed.hours) > 23 || (time.minutes = typed.minutes) > 59 ||
-        (time.seconds = typed.seconds) > 59)
+    // Up to the first field that is out of range: what a rejected entry held is what the fields
+    // hold.
+    m_time.hours = typed.hours;
+    if (typed.hours > 23)
         return false;
-    time.frames = typed.frames;
+    m_time.minutes = typed.minutes;
+    if (typed.minutes > 59)
+        return false;
+    m_time.seconds = typed.seconds;
+    if (typed.seconds > 59)
+        return false;
+    m_time.frames = typed.frames;
     return m_refusal.isEmpty();
 }
 

@@ -57,7 +57,7 @@ MidiPort described(snd_seq_client_info_t* client, const snd_seq_port_info_t* inf
 template<typename Sequencer>
 void closeInTheBackground(Sequencer sequencer) {
     if (sequencer)
-        std::thread([closing = std::move(sequencer)] {}).detach();
+        std::thread([closing = std::move(sequencer)]() mutable { closing.reset(); }).detach();
 }
 
 } // namespace

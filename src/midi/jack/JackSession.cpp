@@ -112,11 +112,18 @@ void JackSession::connectTo(const std::string& portName) {
     m_connected = portName;
     if (jack_connect(m_client, ours, portName.c_str()) != 0)
         return;
-    // A change takes effect with one of the next periods, and only then is it told. A message that
-    // left the queue sooner would be lost; a port that goes away meanwhile is not waited for.
-    for (int left = 8; left > 0 && !isConnectedTo(portName) && awaitPeriod();)
-        --left;
+    awaitConnectionTo(portName);
     awaitPeriod(); // one that began before the change may be under way
+}
+
+void JackSession::awaitConnectionTo(const std::string& portName) {
+    // The server makes the connection in one of the next periods. A message that leaves the queue
+    // sooner is lost; a port that goes away meanwhile is not waited for.
+    constexpr int mostPeriods = 8;
+    for (int period = 0; period < mostPeriods; ++period) {
+        if (isConnectedTo(portName) || !awaitPeriod())
+            return;
+    }
 }
 
 void JackSession::write(std::span<const std::uint8_t> message) {

@@ -40,6 +40,7 @@ private:
     /// False when none comes: the server hangs or is gone.
     bool awaitPeriod();
     void awaitEmptyQueue();
+    void awaitConnectionTo(const std::string& portName);
 
     struct RingCloser {
         void operator()(jack_ringbuffer_t* ring) const { jack_ringbuffer_free(ring); }
