@@ -68,9 +68,11 @@ VexaPrefsController::VexaPrefsController(QWidget& window)
     for (std::uint64_t code = 0; code < sync::count; ++code)
         addCode(*m_ui->defaultSyncTypePopup, syncTypeName(code), code);
 
-    for (auto* popup : m_prefsPanel.findChildren<QComboBox*>())
+    for (auto* popup : m_prefsPanel.findChildren<QComboBox*>()) {
+        popup->setAccessibleDescription(popup->currentText());
         QObject::connect(popup, &QComboBox::currentTextChanged, popup,
                          &QWidget::setAccessibleDescription);
+    }
     for (auto* popup : {m_ui->defaultFrameRatePopup, m_ui->defaultSyncTypePopup}) {
         popup->setItemDelegate(new CheckMarkDelegate(popup));
         QObject::connect(popup, &QComboBox::currentIndexChanged, popup,

@@ -291,6 +291,7 @@ TEST_F(Preferences, EveryControlHasItsNameAndALetterOfItsOwn) {
             EXPECT_EQ(control<QWidget>(outlet).accessibleName(), QLatin1String(name));
         EXPECT_EQ(midiOutPopup().accessibleDescription(), QStringLiteral("Timecode Box"));
         EXPECT_EQ(frameRatePopup().accessibleDescription(), QStringLiteral("30 fps"));
+        EXPECT_EQ(syncTypePopup().accessibleDescription(), QStringLiteral("MTC"));
 
         std::vector<QString> letters;
         for (const auto* label : panel()->findChildren<QLabel*>())
