@@ -253,7 +253,9 @@ class Window:
         of_focus, of_active = ["getwindowfocus", "getwindowpid"], ["getactivewindow", "getwindowpid"]
         asked = ["xdotool", *of_focus, *of_active, "getactivewindow"]
         found = subprocess.run(asked, capture_output=True, text=True, check=False).stdout.split()
-        return found[2] if found[:2] == [str(self.program.pid)] * 2 else None
+        # A window that goes while it is asked about leaves some of the answers out.
+        is_ours = len(found) == 3 and found[:2] == [str(self.program.pid)] * 2
+        return found[2] if is_ours else None
 
     def _has_keyboard(self):
         """The screen knows a new panel, and one that is gone, later than the program does."""
