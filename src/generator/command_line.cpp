@@ -1,5 +1,6 @@
 #include "generator/command_line.h"
 
+#include <charconv>
 #include <iterator>
 #include <stdexcept>
 
@@ -12,6 +13,16 @@ MidiChoice midiChoice(const std::string& name) {
     if (name == "jack")
         return MidiChoice::Jack;
     throw std::invalid_argument("--midi takes alsa or jack, not '" + name + "'");
+}
+
+double level(const std::string& text) {
+    double level = 0;
+    const auto* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, level);
+    // No comparison holds for what is not a number.
+    if (error != std::errc() || rest != end || !(level >= OutputOptions::lowestLevel && level <= 0))
+        throw std::invalid_argument("--level takes a number from -60 to 0, not '" + text + "'");
+    return level;
 }
 } // namespace
 
@@ -31,6 +42,10 @@ CommandLine readCommandLine(const std::vector<std::string>& arguments) {
             commandLine.midi = midiChoice(value());
         else if (name == "--log")
             commandLine.logFile = value();
+        else if (name == "--level")
+            commandLine.output.level = level(value());
+        else if (name == "--connect")
+            commandLine.output.connections.push_back(value());
         else if (*argument == "--help")
             commandLine.action = CommandLine::Action::Help;
         else if (*argument == "--version")
@@ -42,13 +57,17 @@ CommandLine readCommandLine(const std::vector<std::string>& arguments) {
 }
 
 std::string helpText() {
-    return "Usage: vexa-generator [--midi alsa|jack] [--log FILE]\n"
+    return "Usage: vexa-generator [--midi alsa|jack] [--level DBFS] [--connect PORT]... [--log "
+           "FILE]\n"
            "\n"
-           "A software timecode generator: a MIDI destination named \"Vexa Generator\" that shows\n"
-           "what it is told to do.\n"
+           "A software timecode generator: a MIDI destination named \"Vexa Generator\" that does\n"
+           "what it is told, and shows it. LTC comes out of its JACK port LTC, MTC out of MTC.\n"
            "\n"
            "  --midi alsa|jack  the MIDI system to use (default: ALSA where its sequencer opens,\n"
            "                    else a running JACK server)\n"
+           "  --level DBFS      the peak level of LTC, -60 to 0 (default: -18)\n"
+           "  --connect PORT    connect LTC to this JACK port, such as system:playback_1; may be\n"
+           "                    given more than once (default: to none)\n"
            "  --log FILE        append the event lines to FILE too\n"
            "  --help            show this text and exit\n"
            "  --version         show the version and exit\n"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "generator/output_options.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,10 +17,11 @@ struct CommandLine {
     Action action = Action::Run;
     MidiChoice midi = MidiChoice::Automatic;
     std::optional<std::string> logFile; ///< a path
+    OutputOptions output;
 };
 
-/// Reads the arguments that follow the program's name; of an option given twice the last counts.
-/// Throws std::invalid_argument with a message for the user.
+/// Reads the arguments that follow the program's name; of an option given twice the last counts,
+/// but for connections, which add up. Throws std::invalid_argument with a message for the user.
 CommandLine readCommandLine(const std::vector<std::string>& arguments);
 
 /// What --help prints.

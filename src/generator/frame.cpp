@@ -31,25 +31,34 @@ std::optional<Mode> modeForCode(std::uint8_t code) {
 }
 
 /// What keeps the message from being a frame of this device, before its content is looked at.
-std::string envelopeFault(const SysEx& message) {
+std::optional<Fault> envelopeFault(const SysEx& message) {
     const auto& bytes = message.bytes;
     const auto sizeBeforeEnd = message.complete ? message.size - 1 : message.size;
     if (sizeBeforeEnd > 1 && bytes[1] != manufacturerId)
-        return "manufacturer " + hexByte(bytes[1]) + ", not " + hexByte(manufacturerId);
+        return Fault::Manufacturer;
     if (sizeBeforeEnd > 2 && bytes[2] != deviceId)
-        return "device " + hexByte(bytes[2]) + ", not " + hexByte(deviceId);
+        return Fault::Device;
     if (!message.complete)
-        return "cut off after byte " + std::to_string(message.size);
+        return Fault::CutOff;
     if (message.size != frameSize)
-        return std::to_string(message.size) + " bytes, not " + std::to_string(frameSize);
-    return {};
+        return Fault::Size;
+    return std::nullopt;
+}
+
+Timecode timeIn(const SysEx& message) {
+    const auto& bytes = message.bytes;
+    return {bytes[3], bytes[4], bytes[5], bytes[6]};
+}
+
+std::uint8_t codeIn(const SysEx& message) { return message.bytes[7]; }
+
+const FrameRate& rateToCheckBy(const std::optional<Mode>& mode) {
+    return frameRateForCode(mode && mode->rate ? *mode->rate : rate::fps30);
 }
 
 /// Which fields keep the time from being one at the rate; without a rate, at any.
-std::string timeFault(const Timecode& time, std::optional<std::uint64_t> rateCode) {
-    const auto& rate = frameRateForCode(rateCode.value_or(rate::fps30));
-    if (isValid(time, rate))
-        return {};
+std::string timeFaultText(const Timecode& time, const std::optional<Mode>& mode) {
+    const auto& rate = rateToCheckBy(mode);
     std::string fault;
     const auto check = [&](const char* field, std::uint64_t value, std::uint64_t limit) {
         if (value >= limit)
@@ -61,7 +70,7 @@ std::string timeFault(const Timecode& time, std::optional<std::uint64_t> rateCod
     check("frames ", time.frames, static_cast<std::uint64_t>(rate.frameCount));
     if (fault.empty())
         fault = "dropped number " + timecodeText(time);
-    return fault + " at " + (rateCode ? std::string(rate.name) : "any rate");
+    return fault + " at " + (mode && mode->rate ? std::string(rate.name) : "any rate");
 }
 } // namespace
 
@@ -73,21 +82,38 @@ std::string modeText(const Mode& mode) {
 }
 
 Frame decodedFrame(const SysEx& message) {
-    if (auto fault = envelopeFault(message); !fault.empty())
-        return MalformedFrame{std::move(fault)};
-    const auto& bytes = message.bytes;
-    const Timecode time{bytes[3], bytes[4], bytes[5], bytes[6]};
-    const auto code = bytes[7];
+    if (const auto fault = envelopeFault(message))
+        return MalformedFrame{*fault};
+    const auto time = timeIn(message);
+    const auto code = codeIn(message);
     if (code == 0 && time == Timecode{})
         return StopFrame{};
     const auto mode = modeForCode(code);
     if (!mode && code != device_mode::start)
-        return MalformedFrame{"unknown mode code " + hexByte(code)};
-    if (auto fault = timeFault(time, mode ? mode->rate : std::nullopt); !fault.empty())
-        return MalformedFrame{std::move(fault)};
+        return MalformedFrame{Fault::ModeCode};
+    if (!isValid(time, rateToCheckBy(mode)))
+        return MalformedFrame{Fault::Time};
     if (!mode)
         return StartFrame{time};
     return SetupFrame{time, *mode};
+}
+
+std::string faultText(Fault fault, const SysEx& message) {
+    switch (fault) {
+    case Fault::Manufacturer:
+        return "manufacturer " + hexByte(message.bytes[1]) + ", not " + hexByte(manufacturerId);
+    case Fault::Device:
+        return "device " + hexByte(message.bytes[2]) + ", not " + hexByte(deviceId);
+    case Fault::CutOff:
+        return "cut off after byte " + std::to_string(message.size);
+    case Fault::Size:
+        return std::to_string(message.size) + " bytes, not " + std::to_string(frameSize);
+    case Fault::ModeCode:
+        return "unknown mode code " + hexByte(codeIn(message));
+    case Fault::Time:
+        break;
+    }
+    return timeFaultText(timeIn(message), modeForCode(codeIn(message)));
 }
 
 } // namespace vexa

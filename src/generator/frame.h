@@ -42,16 +42,22 @@ struct StopFrame {
     bool operator==(const StopFrame&) const = default;
 };
 
+/// What keeps a message from being one of the device's.
+enum class Fault { Manufacturer, Device, CutOff, Size, ModeCode, Time };
+
 /// None of the device's messages.
 struct MalformedFrame {
-    std::string reason; ///< what is wrong, to be read by a person
+    Fault fault;
 
     bool operator==(const MalformedFrame&) const = default;
 };
 
 using Frame = std::variant<SetupFrame, StartFrame, StopFrame, MalformedFrame>;
 
-/// What a System Exclusive message says to the device, looked at by itself.
+/// What a System Exclusive message says to the device, looked at by itself. Real-time safe.
 Frame decodedFrame(const SysEx& message);
+
+/// What is wrong with the message that has the fault, to be read by a person.
+std::string faultText(Fault fault, const SysEx& message);
 
 } // namespace vexa

@@ -1,7 +1,7 @@
-#include "generator/alsa_input.h"
+#include "generator/alsa_unit.h"
 #include "generator/command_line.h"
 #include "generator/event_log.h"
-#include "generator/jack_input.h"
+#include "generator/jack_unit.h"
 #include "generator/program.h"
 #include "text/printable.h"
 
@@ -36,9 +36,10 @@ int endSignals() {
     return signalfd(-1, &signals, SFD_CLOEXEC);
 }
 
-std::vector<InputSystem> systemsFor(MidiChoice choice) {
-    const InputSystem alsa{"ALSA", "the ALSA sequencer does not open", openAlsaInput};
-    const InputSystem jack{"JACK", "no JACK server is running", openJackInput};
+std::vector<System> systemsFor(MidiChoice choice, const OutputOptions& output) {
+    const System alsa{"ALSA", "the ALSA sequencer does not open", openAlsaUnit};
+    const System jack{"JACK", "no JACK server is running",
+                      [output] { return openJackUnit(output); }};
     switch (choice) {
     case MidiChoice::Alsa:
         return {alsa};
@@ -58,10 +59,10 @@ int run(const CommandLine& commandLine) {
     }
     const int end = endSignals();
     std::string absences;
-    for (const auto& system : systemsFor(commandLine.midi)) {
-        if (auto input = system.open()) {
+    for (const auto& system : systemsFor(commandLine.midi, commandLine.output)) {
+        if (auto unit = system.open()) {
             EventLog log(std::cout, isatty(STDOUT_FILENO) != 0, copy);
-            Program(system, std::move(input), log).runUntilReadable(end);
+            Program(system, std::move(unit), log).runUntilReadable(end);
             return EXIT_SUCCESS;
         }
         absences += (absences.empty() ? "" : ", and ") + system.absence;

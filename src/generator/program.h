@@ -1,38 +1,38 @@
 #pragma once
 
 #include "generator/event_log.h"
-#include "generator/generator_state.h"
-#include "generator/midi_input.h"
-#include "generator/sysex_reader.h"
+#include "generator/unit.h"
 
 #include <memory>
 
 namespace vexa {
 
-/// The generator at work: hears the input, logs, and has the input opened again when its system
-/// comes back.
-class Program {
+/// The generator at work: logs what happens to the unit, shows what it does, and has it opened
+/// again when its MIDI system comes back.
+class Program : private Listener {
 public:
-    /// `input` is one that `system` opened. The log outlives the program.
-    Program(InputSystem system, std::unique_ptr<MidiInput> input, EventLog& log,
+    /// `unit` is one that `system` opened. The log outlives the program.
+    Program(System system, std::unique_ptr<Unit> unit, EventLog& log,
             std::chrono::milliseconds retryInterval = std::chrono::seconds(1));
 
-    /// Runs until a descriptor other than the input's becomes readable.
+    /// Runs until a descriptor other than the unit's becomes readable.
     void runUntilReadable(int descriptor);
 
 private:
-    void readInput();
-    void reopenInput();
-    void log(Moment arrival, const SysEx& message);
+    void happened(const Report& report) override;
+    void noted(Moment moment, const std::string& text) override;
+    void showStatus();
+    void readUnit();
+    void reopenUnit();
+    bool isRunning() const;
     int timeout() const;
 
-    InputSystem m_system;
+    System m_system;
     std::chrono::milliseconds m_retryInterval;
-    std::unique_ptr<MidiInput> m_input; ///< none while its system is away
-    Moment m_nextTry;                   ///< when to look for it again
+    std::unique_ptr<Unit> m_unit; ///< none while its system is away
+    Moment m_nextTry;             ///< when to look for it again
     EventLog& m_log;
-    SysExReader m_reader;
-    GeneratorState m_state;
+    GeneratorState m_state; ///< of the unit, as far as it has been read
 };
 
 } // namespace vexa

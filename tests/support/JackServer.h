@@ -46,12 +46,13 @@ public:
 
     /// Returns when it is up, and ends the test when it does not come up. Synchronous: a receiver
     /// that comes late on a busy machine still gets its period.
-    void start() {
+    void start(const char* sampleRate = "48000", const char* period = "256") {
         // A server that was killed may have locked a database of all servers for good, at which the
         // next one hangs. What others share stays.
         if (std::getenv("VEXA_OWN_SHM"))
             std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()));
-        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-p", "256"});
+        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-r",
+                         sampleRate, "-p", period});
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         while (!isUp()) {
             if (waitpid(m_pid, nullptr, WNOHANG) != 0) {

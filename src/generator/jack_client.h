@@ -1,0 +1,93 @@
+#pragma once
+
+#include "generator/output_options.h"
+#include "generator/unit.h"
+
+#include <jack/jack.h>
+
+#include <atomic>
+#include <memory>
+
+namespace vexa {
+
+/// A client of a JACK server with an output for LTC, its connections and the server's news. What
+/// derives from it makes the sound; its destructor calls close() before anything else.
+class JackClient {
+public:
+    JackClient(const JackClient&) = delete;
+    JackClient& operator=(const JackClient&) = delete;
+
+    /// Lets the server call process(). False where it does not.
+    bool activate();
+
+protected:
+    JackClient(jack_client_t* client, const OutputOptions& options);
+    ~JackClient();
+
+    void close() { m_client.reset(); }
+
+    /// Makes a period of samples. Called by a thread of JACK's that must not wait or allocate.
+    virtual void process(jack_nframes_t samples) = 0;
+
+    jack_client_t* client() const { return m_client.get(); }
+    jack_port_t* ltcPort() const { return m_ltcPort; }
+
+    /// An eventfd; readable after wakeUp().
+    int wakeUps() const { return m_wakeUps; }
+    void wakeUp();
+    void clearWakeUps();
+
+    /// Whether the server has ended, or changed its sample rate.
+    bool isGone() const { return m_gone; }
+
+    unsigned xruns() const { return m_xruns; }
+
+    /// Makes those connections that are asked for and can be made since the last call.
+    void connect(Listener& listener);
+
+    /// The zero of the server's clock on ours. They need not be the same: jackd runs on
+    /// CLOCK_MONOTONIC_RAW, a few hundred milliseconds and some parts per million away.
+    static Moment epoch();
+
+private:
+    struct CloseClient {
+        void operator()(jack_client_t* client) const { jack_client_close(client); }
+    };
+
+    bool setCallbacks();
+    void end();
+    bool connectTo(const std::string& port);
+
+    int m_wakeUps;
+    std::atomic<bool> m_gone = false;
+    std::atomic<bool> m_graphChanged = true;
+    std::atomic<unsigned> m_xruns = 0;
+    std::vector<std::string> m_toConnect;
+    bool m_toldOfMissing = false;
+    jack_nframes_t m_sampleRate;
+    jack_port_t* m_ltcPort;
+    std::unique_ptr<jack_client_t, CloseClient> m_client;
+};
+
+/// Keeps the library from writing to the terminal.
+void silenceJack();
+
+/// A client on the running server; none where no server runs. Does not start one.
+template<typename Client>
+std::unique_ptr<Client> openedOnJack(const OutputOptions& options) {
+    silenceJack();
+    // A busy server can miss its own sign that a client has come or joined and, five seconds later,
+    // refuse it: the next attempt is as good as the first.
+    jack_status_t status{};
+    for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
+        auto* const handle = jack_client_open(generatorName, JackNoStartServer, &status);
+        if (!handle)
+            continue;
+        auto client = std::make_unique<Client>(handle, options);
+        if (client->activate())
+            return client;
+    }
+    return nullptr;
+}
+
+} // namespace vexa
