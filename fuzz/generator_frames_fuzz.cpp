@@ -1,8 +1,9 @@
 #include "generator/frame.h"
-#include "generator/generator_state.h"
+#include "generator/generator.h"
 #include "generator/sysex_reader.h"
 #include "midi/device_messages.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -27,23 +28,50 @@ void checkSetup(const SetupFrame& setup, const SysEx& message) {
 
 } // namespace
 
+namespace {
+
+/// Expects of everything that goes out that it is MIDI time code, in the order of time.
+class Receiver : public MidiWriter {
+public:
+    void write(std::uint64_t samples, std::span<const std::uint8_t> message) override {
+        expect(samples >= m_last);
+        m_last = samples;
+        expect(message.size() == (message[0] == 0xF0 ? 10 : 2));
+        expect(message[0] == 0xF0 || message[0] == 0xF1);
+    }
+
+    void beginPeriod() { m_last = 0; }
+
+private:
+    std::uint64_t m_last = 0;
+};
+
+} // namespace
+
 /// Whatever bytes come over the cable, the generator goes on, and counts valid times only.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static const Generator idle(8000, -18);
+    auto generator = idle;
     SysExReader reader;
-    GeneratorState state;
-    Moment moment;
+    Receiver receiver;
+    std::array<float, 64> period{};
     const auto take = [&](const SysEx& message) {
         expect(message.size > 0 && message.bytes[0] == 0xF0 && !hexText(message).empty());
         const auto frame = decodedFrame(message);
         if (const auto* setup = std::get_if<SetupFrame>(&frame))
             checkSetup(*setup, message);
-        expect(!state.take(frame, moment).empty());
-        expect(!state.status(moment).empty());
+        receiver.beginPeriod();
+        const auto report = generator.take(message, receiver);
+        expect(!reportText(report).empty());
+        expect(!statusText(report.state, {generator.time(), -18, 0}).empty());
     };
     for (std::size_t i = 0; i < size; ++i) {
-        moment += std::chrono::milliseconds(bytes[i]);
         if (const auto message = reader.take(bytes[i]))
             take(*message);
+        receiver.beginPeriod();
+        generator.render(std::span(period).first(bytes[i] % period.size()), receiver);
+        for (const auto sample : period)
+            expect(sample >= -0.126F && sample <= 0.126F);
     }
     if (const auto message = reader.finish())
         take(*message);

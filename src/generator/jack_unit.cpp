@@ -2,7 +2,7 @@
 
 #include "generator/generator.h"
 #include "generator/jack_client.h"
-#include "generator/report_queue.h"
+#include "generator/real_time_queue.h"
 
 #include <jack/midiport.h>
 
@@ -48,7 +48,7 @@ public:
     int descriptor() const override { return wakeUps(); }
     bool read(Listener& listener) override;
     void finish(Listener& listener) override;
-    SignalStatus signal() const override;
+    SignalStatus signal() override;
 
 private:
     void process(jack_nframes_t samples) override;
@@ -66,7 +66,7 @@ private:
     Generator m_generator;
 
     /// From process() to read().
-    ReportQueue m_reports;
+    RealTimeQueue<Report> m_reports{1024};
     std::atomic<bool> m_lost = false;
     std::atomic<PackedTimecode> m_time = 0;
 
@@ -160,7 +160,7 @@ void JackUnit::finish(Listener& listener) {
     }
 }
 
-SignalStatus JackUnit::signal() const { return {unpack(m_time), m_level, xruns() - m_xrunsBefore}; }
+SignalStatus JackUnit::signal() { return {unpack(m_time), m_level, xruns() - m_xrunsBefore}; }
 } // namespace
 
 std::unique_ptr<Unit> openJackUnit(const OutputOptions& options) {

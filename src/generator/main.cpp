@@ -37,7 +37,8 @@ int endSignals() {
 }
 
 std::vector<System> systemsFor(MidiChoice choice, const OutputOptions& output) {
-    const System alsa{"ALSA", "the ALSA sequencer does not open", openAlsaUnit};
+    const System alsa{"ALSA", "the ALSA sequencer does not open",
+                      [output] { return openAlsaUnit(output); }};
     const System jack{"JACK", "no JACK server is running",
                       [output] { return openJackUnit(output); }};
     switch (choice) {

@@ -45,7 +45,7 @@ public:
     /// Hears no more, and tells of what has happened up to now.
     virtual void finish(Listener& listener) = 0;
 
-    virtual SignalStatus signal() const = 0;
+    virtual SignalStatus signal() = 0;
 };
 
 /// A MIDI system for a unit to be on.

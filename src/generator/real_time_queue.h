@@ -1,36 +1,39 @@
 #pragma once
 
-#include "generator/report.h"
-
 #include <atomic>
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace vexa {
 
-/// Reports on their way from one thread to another; neither waits for the other.
-class ReportQueue {
+/// Values on their way from one thread to another, neither of which waits or allocates.
+template<typename Value>
+class RealTimeQueue {
 public:
+    explicit RealTimeQueue(std::size_t capacity) : m_values(capacity) {}
+
     /// False where there is no room.
-    bool push(const Report& report) {
+    bool push(const Value& value) {
         const auto pushed = m_pushed.load(std::memory_order_relaxed);
-        if (pushed - m_popped.load(std::memory_order_acquire) == m_reports.size())
+        if (pushed - m_popped.load(std::memory_order_acquire) == m_values.size())
             return false;
-        m_reports[pushed % m_reports.size()] = report;
+        m_values[pushed % m_values.size()] = value;
         m_pushed.store(pushed + 1, std::memory_order_release);
         return true;
     }
 
-    std::optional<Report> pop() {
+    std::optional<Value> pop() {
         const auto popped = m_popped.load(std::memory_order_relaxed);
         if (popped == m_pushed.load(std::memory_order_acquire))
             return std::nullopt;
-        const auto report = m_reports[popped % m_reports.size()];
+        const auto value = m_values[popped % m_values.size()];
         m_popped.store(popped + 1, std::memory_order_release);
-        return report;
+        return value;
     }
 
 private:
-    std::vector<Report> m_reports = std::vector<Report>(1024);
+    std::vector<Value> m_values;
     std::atomic<std::size_t> m_pushed = 0;
     std::atomic<std::size_t> m_popped = 0;
 };
