@@ -1,6 +1,7 @@
-// An hour of linear timecode at 48 kHz, by us and by libltc's encoder, which makes 8-bit samples.
+// An hour of linear timecode at 48 kHz, by us and by libltc's encoder, which makes 8-bit samples;
+// and the part of JACK's period that the generator takes in a run.
 
-#include "ltc/ltc_signal.h"
+#include "generator/generator.h"
 
 #include <benchmark/benchmark.h>
 
@@ -53,12 +54,38 @@ void anHourByLibltc(benchmark::State& state) {
     }
 }
 
+class NoMidi : public MidiWriter {
+public:
+    void write(std::uint64_t, std::span<const std::uint8_t>) override {}
+};
+
+/// Arguments: samples a second, and in a period. The counter is the part of the period.
+void aPeriodOfTheGenerator(benchmark::State& state) {
+    const auto clock = static_cast<std::uint32_t>(state.range(0));
+    std::vector<float> period(static_cast<std::size_t>(state.range(1)));
+    Generator generator(clock, level);
+    NoMidi midi;
+    // 00:00:58:00 at 30 df, MTC.
+    generator.take({{0xF0, 0x7D, 0x42, 0, 0, 58, 0, 3, 0xF7}, 9, true}, midi);
+    generator.take({{0xF0, 0x7D, 0x42, 0, 0, 58, 0, 0x7F, 0xF7}, 9, true}, midi);
+    for ([[maybe_unused]] auto iteration : state) {
+        generator.render(period, midi);
+        benchmark::DoNotOptimize(period.data());
+        benchmark::ClobberMemory();
+    }
+    using benchmark::Counter;
+    state.counters["part"] =
+        Counter(static_cast<double>(period.size()) / clock,
+                static_cast<Counter::Flags>(Counter::kIsIterationInvariantRate | Counter::kInvert));
+}
+
 void everyRate(benchmark::internal::Benchmark* benchmark) {
     for (std::int64_t rate = 0; rate < static_cast<std::int64_t>(rate::count); ++rate)
         benchmark->Arg(rate);
     benchmark->ArgName("rate")->Unit(benchmark::kMillisecond);
 }
 
+BENCHMARK(aPeriodOfTheGenerator)->Args({48000, 1024})->Args({48000, 256})->Args({96000, 64});
 BENCHMARK(anHourByVexa)->Apply(everyRate);
 BENCHMARK(anHourByLibltc)->Apply(everyRate);
 
