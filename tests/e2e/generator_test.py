@@ -14,16 +14,7 @@ from support.processes import Child
 from support.waiting import eventually
 
 STRIPE = ["--start", "00:00:59:20", "--stop", "00:01:00:10", "--rate", "30 df", "--type", "DTL"]
-FRAME = 1 / 29.97  # s
 EVENT = re.compile(r"(?P<seconds>\d+\.\d{6})  (?P<bytes>[0-9A-F]{2}( [0-9A-F]{2})*)  (?P<text>.*)")
-
-
-def time_after(frames):
-    """So many frames after the start: ten in this second, then two numbers are left out."""
-    if frames < 10:
-        return f"00:00:59:{20 + frames}"
-    seconds, frames = divmod(frames - 10 + 2, 30)
-    return f"00:01:{seconds:02}:{frames:02}"
 
 
 class Generator(ProgramTest):
