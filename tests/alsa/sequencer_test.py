@@ -27,6 +27,14 @@ def run_frames(second=0):
     return [STOP] * 3 + [f"{time} 05 F7", f"{time} 7F F7"] + [STOP] * 2
 
 
+def read_time(pieces):
+    """The time that eight quarter frames tell, at 30 drop-frame."""
+    low, high = pieces[::2], pieces[1::2]
+    frames, seconds, minutes, hours = ((h & 0xF) << 4 | l & 0xF for l, h in zip(low, high))
+    assert hours >> 5 == 2, f"rate {hours >> 5}"
+    return f"{hours & 0x1F:02}:{minutes:02}:{seconds:02}:{frames:02}"
+
+
 class Result:
     """What a scenario left."""
 
@@ -82,6 +90,31 @@ class SequencerTest(unittest.TestCase):
         self.assertEqual([meaning for _, meaning in heard[2:5]],
                          ["stop", "setup 01:00:00:00 25 fps DTL", "start 01:00:00:00"])
         self.assertRegex(heard[5][1], r"^stop at 01:00:00:\d\d$")
+
+    def test_the_generator_puts_out_quarter_frames_of_what_it_runs(self):
+        result = Result("sequencer/generator_mtc")
+        heard = re.findall(r"(System exclusive|MTC quarter frame) +(.*[0-9A-Fa-f])",
+                           result.text("mtc"))
+        runs = []
+        for kind, value in heard:
+            if kind == "System exclusive":
+                runs.append((value, []))
+            else:
+                runs[-1][1].append(int(value, 16))
+        self.assertEqual([full for full, _ in runs],
+                         [f"F0 7F 7F 01 01 40 00 3B {frame} F7" for frame in ("00", "0A")])
+        log = re.findall(r"([\d.]+)  F0.*  (start|stop at)", result.text("log"))
+        starts, stops = ([float(at) for at, what in log if what == kind]
+                         for kind in ("start", "stop at"))
+        for (_, pieces), first, start, stop in zip(runs, (0, 10), starts, stops, strict=True):
+            self.assertAlmostEqual(len(pieces), (stop - start) * 4 * 29.97, delta=2)
+            self.assertEqual([piece >> 4 for piece in pieces],
+                             [count % 8 for count in range(len(pieces))])
+            times = [read_time(pieces[at : at + 8]) for at in range(0, len(pieces) - 7, 8)]
+            counted = [f"00:00:59:{frame:02}" for frame in range(first, 30, 2)]
+            counted += [f"00:01:00:{frame:02}" for frame in range(2, 30, 2)]
+            self.assertGreater(len(times), len(counted) - 2)
+            self.assertEqual(times[: len(counted)], counted[: len(times)])
 
     def test_the_generator_tells_of_what_it_lost_and_goes_on(self):
         log = Result("sequencer/generator_overrun").text("log")
