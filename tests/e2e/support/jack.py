@@ -34,7 +34,8 @@ def _forget_locks():
 class JackServer:
     """A server of this test process's own, for all programs that it starts from now on."""
 
-    def __init__(self):
+    def __init__(self, sample_rate=48000, period=256):
+        self._clock = ["-r", str(sample_rate), "-p", str(period)]
         self._name = f"vexa-e2e-{os.getpid()}"
         os.environ["JACK_DEFAULT_SERVER"] = self._name
         os.environ["JACK_NO_AUDIO_RESERVATION"] = "1"
@@ -52,7 +53,7 @@ class JackServer:
             _forget_locks()
             # Synchronous: a receiver that comes late on a busy machine still gets its period.
             self._server = Child(
-                *["jackd", "-n", self._name, "-r", "-S", "-d", "dummy", "-r", "48000", "-p", "256"],
+                *["jackd", "-n", self._name, "-r", "-S", "-d", "dummy", *self._clock],
                 stdout=subprocess.DEVNULL,
                 stderr=subprocess.DEVNULL,
             )

@@ -1,0 +1,177 @@
+"""The signal of the software generator, driven by the window, recorded and decoded by programs that
+are not ours."""
+
+import itertools
+import math
+import os
+import pathlib
+import re
+import signal
+import subprocess
+import tempfile
+import unittest
+import wave
+
+import mido
+
+from support import desktop, program
+from support.cases import ProgramTest
+from support.jack import JackServer, listed_ports
+from support.processes import Child
+from support.waiting import eventually
+from support.window import Window
+
+STARTS = ["00:00:58:00", "00:09:58:00", "23:59:58:00", "01:02:03:07"]
+RATES = {"24 fps": 24, "25 fps": 25, "30 fps": 30, "30 df": 30}
+
+
+def setUpModule():
+    desktop.start()
+
+
+def words(first, last, rate):
+    """All that stand on the wire from one time to another, as ltc_read prints them."""
+    hours, minutes, seconds, frames = (int(pair) for pair in first.split(":"))
+    for second in itertools.count(hours * 3600 + minutes * 60 + seconds):
+        for frame in range(frames, RATES[rate]):
+            dropped = rate == "30 df" and second % 60 == 0 and second // 60 % 10 and frame < 2
+            time = f"{second // 3600 % 24:02}:{second // 60 % 60:02}:{second % 60:02}:{frame:02}"
+            if not dropped:
+                yield time + (" df" if rate == "30 df" else "")
+            if time == last:
+                return
+        frames = 0
+
+
+class Recording:
+    """jack_capture of a port."""
+
+    def __init__(self, port, path):
+        self._path = path
+        command = ["jack_capture", "--no-stdin", "--disable-meter", "--bitdepth", "16",
+                   "--channels", "1", "--port", port, path]
+        self._child = Child(*command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        eventually("the recording runs", lambda: any("jack_capture" in p for p in listed_ports()))
+
+    def words(self):
+        """What libltc's decoder reads in the recording, which ends."""
+        self._child.stop(signal.SIGINT)
+        with wave.open(str(self._path)) as file:
+            samples, rate = file.readframes(file.getnframes()), file.getframerate()
+        reader = pathlib.Path(program.PATH).with_name("ltc_read")
+        read = subprocess.run([reader, str(rate)], input=samples, capture_output=True, check=True)
+        return read.stdout.decode().splitlines()
+
+
+class GeneratorTest(ProgramTest):
+    def open_generator(self, sample_rate, period):
+        server = JackServer(sample_rate, period)
+        server.start()
+        self.addCleanup(server.stop)
+        folder = tempfile.TemporaryDirectory(prefix="vexa-e2e-timecode-")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.log = self.folder / "log"
+        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
+        self.addCleanup(generator.stop)
+        eventually("the generator is ready", lambda: "ready" in self.text())
+
+    def text(self):
+        return self.log.read_text() if os.path.exists(self.log) else ""
+
+
+class MidiTimecode(GeneratorTest):
+    """Quarter frames, recorded with their samples and taken apart by mido."""
+
+    SECOND = 48000
+    BITS = {"24 fps": 0, "25 fps": 1, "30 df": 2, "30 fps": 3}
+
+    def recorded(self, seconds, events):
+        studio = pathlib.Path(program.PATH).with_name("jack_studio")
+        length = str(int(seconds * self.SECOND))
+        subprocess.run([studio, self.folder, length, *events], input="", text=True, check=True,
+                       stdout=subprocess.DEVNULL)
+        for line in (self.folder / "mtc").read_text().splitlines():
+            sample, _, message = line.partition(" ")
+            yield int(sample), mido.Message.from_hex(message)
+
+    def check(self, rate, code, interval):
+        """A second from 00:00:59:15 on, set up and started at samples that divide by nothing."""
+        frame = "F0 7D 42 00 00 3B 0F {} F7".format
+        setup, *quarters = self.recorded(
+            1.5, [f"1013 {frame(code)}", f"9973 {frame('7F')}",
+                  "57973 F0 7D 42 00 00 00 00 00 F7"])
+        self.assertEqual(setup[0], 1013)
+        hours = self.BITS[rate] << 5
+        self.assertEqual(setup[1].data, (0x7F, 0x7F, 1, 1, hours, 0, 59, 15))
+
+        # 15 is odd: they begin a frame later. The first word begins 24 samples after the start.
+        begin = 9973 + 24 + interval
+        read, times = [0] * 8, []
+        for number, (sample, message) in enumerate(quarters):
+            self.assertEqual((message.type, message.frame_type), ("quarter_frame", number % 8))
+            self.assertLess(abs(sample - (begin + number * interval / 4)), 1)
+            read[number % 8] = message.frame_value
+            if number % 8 == 7:
+                self.assertEqual(read[7] >> 1, self.BITS[rate])
+                low, high = read[::2], read[1::2]
+                frames, seconds, minutes, _ = (l + 16 * h for l, h in zip(low, high))
+                times.append(f"00:{minutes:02}:{seconds:02}:{frames:02}")
+        everyone = itertools.islice((w[:11] for w in words("00:00:59:15", "", rate)), 1, None, 2)
+        self.assertEqual(times, list(itertools.islice(everyone, len(times))))
+        self.assertEqual(len(quarters), math.ceil((57973 - begin) / (interval / 4)))
+
+    def test_is_read_at_its_samples(self):
+        self.open_generator(self.SECOND, 256)
+        self.check("24 fps", "00", self.SECOND / 24)
+        self.check("25 fps", "01", self.SECOND / 25)
+        self.check("30 fps", "02", self.SECOND / 30)
+        self.check("30 df", "03", self.SECOND * 1001 / 30000)
+
+
+class LinearTimecode(GeneratorTest):
+    """LTC, recorded by jack_capture and read by libltc."""
+
+    def open(self, sample_rate, period):
+        self.open_generator(sample_rate, period)
+        self.window = Window("--midi", "jack", "--destination", "Vexa Generator")
+        self.addCleanup(self.window.close)
+
+    def run_once(self, start, rate, until):
+        """Gives the first and the last number that the generator tells of."""
+        self.window.press(rate)
+        self.window.type_time("Start time", start)
+        runs = self.text().count("stop at")
+        self.window.press("Play")
+        self.window.await_clock(until, no_later_than="20:00:00:00")  # not before midnight
+        self.window.press("Stop")
+        eventually("the generator has stopped", lambda: self.text().count("stop at") > runs)
+        return start, re.findall(r"stop at (\S+)", self.text())[-1], rate
+
+    def check(self, sample_rate, period, turn):
+        """A run at each rate; the turn decides which start goes with which."""
+        self.open(sample_rate, period)
+        recording = Recording("Vexa Generator:LTC", self.folder / "recording.wav")
+        runs = []
+        for number, rate in enumerate(RATES):
+            start = STARTS[(number + turn) % len(STARTS)]
+            hours, minutes, seconds, _ = (int(pair) for pair in start.split(":"))
+            end = (hours * 3600 + minutes * 60 + seconds + 2) % 86400
+            until = f"{end // 3600:02}:{end // 60 % 60:02}:{end % 60:02}:05"
+            runs.append(self.run_once(start, rate, until))
+        expected = [word for run in runs for word in words(*run)]
+        self.assertEqual(recording.words(), expected, self.text())
+
+    def test_is_read_frame_for_frame_at_44100(self):
+        self.check(44100, 256, turn=0)
+
+    def test_is_read_frame_for_frame_at_48000(self):
+        self.check(48000, 512, turn=1)
+
+    def test_is_read_frame_for_frame_at_96000(self):
+        self.check(96000, 1024, turn=2)
+
+
+if __name__ == "__main__":
+    unittest.main()
