@@ -24,8 +24,7 @@ bool JackClient::activate() {
 }
 
 bool JackClient::setCallbacks() {
-    jack_on_shutdown(
-        client(), [](void* self) { static_cast<JackClient*>(self)->end(); }, this);
+    jack_on_shutdown(client(), [](void* self) { static_cast<JackClient*>(self)->end(); }, this);
     const auto process = [](jack_nframes_t samples, void* self) {
         static_cast<JackClient*>(self)->process(samples);
         return 0;

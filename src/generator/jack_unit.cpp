@@ -64,15 +64,13 @@ private:
     /// Used by process(), and after it by finish().
     SysExReader m_reader;
     Generator m_generator;
+    bool m_running = false;
 
-    /// From process() to read().
+    /// From process() to read() and signal().
     RealTimeQueue<Report> m_reports{1024};
     std::atomic<bool> m_lost = false;
     std::atomic<PackedTimecode> m_time = 0;
-
-    /// As the reports tell it.
-    bool m_running = false;
-    unsigned m_xrunsBefore = 0; ///< the run
+    std::atomic<unsigned> m_xrunsBefore = 0; ///< the run
 };
 
 JackUnit::JackUnit(jack_client_t* client, const OutputOptions& options)
@@ -109,6 +107,11 @@ void JackUnit::process(jack_nframes_t samples) {
 
 void JackUnit::tell(Report report, jack_time_t arrival) {
     report.arrival = onJackClock(arrival);
+    const bool runs = report.state.phase() == GeneratorState::Phase::Running;
+    if (runs && !m_running)
+        m_xrunsBefore = xruns();
+    m_running = runs;
+    report.xruns = signal().xruns;
     if (!m_reports.push(report))
         m_lost = true;
     wakeUp();
@@ -142,11 +145,6 @@ bool JackUnit::read(Listener& listener) {
 void JackUnit::tellReports(Listener& listener) {
     while (auto report = m_reports.pop()) {
         report->arrival = epoch() + report->arrival.time_since_epoch();
-        const bool runs = report->state.phase() == GeneratorState::Phase::Running;
-        if (runs && !m_running)
-            m_xrunsBefore = xruns();
-        m_running = runs;
-        report->xruns = signal().xruns;
         listener.happened(*report);
     }
 }

@@ -23,7 +23,7 @@ namespace {
 
 struct Event {
     std::size_t sample;
-    std::vector<std::uint8_t> bytes;
+    std::vector<std::uint8_t> bytes; ///< none for a delay
 };
 
 struct Received {
@@ -57,8 +57,11 @@ int send(jack_nframes_t samples, void* argument) {
         const auto& event = studio.events[studio.sent];
         if (event.sample >= studio.begin + samples)
             break;
-        jack_midi_event_write(buffer, static_cast<jack_nframes_t>(event.sample - studio.begin),
-                              event.bytes.data(), event.bytes.size());
+        if (event.bytes.empty())
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        else
+            jack_midi_event_write(buffer, static_cast<jack_nframes_t>(event.sample - studio.begin),
+                                  event.bytes.data(), event.bytes.size());
     }
     studio.begin += samples;
     return 0;
@@ -95,7 +98,8 @@ jack_client_t* opened(const char* name) {
 }
 
 void connect(jack_client_t* client, const char* from, const char* to) {
-    const int error = jack_connect(client, from, to);
+    const bool areThere = jack_port_by_name(client, from) && jack_port_by_name(client, to);
+    const int error = areThere ? jack_connect(client, from, to) : 0;
     if (error != 0 && error != EEXIST)
         std::exit(EXIT_FAILURE);
 }

@@ -1,4 +1,4 @@
-#include "generator/hex_bytes.h"
+#include "generator/Studio.h"
 #include "generator/jack_unit.h"
 #include "ltc/ltc_reader.h"
 #include "mtc/quarter_frames.h"
@@ -6,11 +6,8 @@
 
 #include <gmock/gmock.h>
 
-#include <fcntl.h>
 #include <poll.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -28,77 +25,6 @@ namespace {
 const std::string stop = "F0 7D 42 00 00 00 00 00 F7";
 const std::string mtcSetup = "F0 7D 42 01 00 00 00 01 F7"; // 25 fps
 const std::string start = "F0 7D 42 01 00 00 00 7F F7";
-
-/// Keeps what it hears.
-class Hearing : public Listener {
-public:
-    void happened(const Report& report) override { reports.push_back(report); }
-    void noted(Moment, const std::string& text) override { notes.push_back(text); }
-
-    std::vector<Report> reports;
-    std::vector<std::string> notes;
-};
-
-/// What jack_studio recorded.
-struct Recording {
-    std::vector<float> ltc;
-    std::vector<std::string> mtc;       ///< "1920 F1 00"
-    std::vector<std::string> connected; ///< to LTC at the end
-};
-
-std::vector<std::string> linesOf(const std::string& file) {
-    std::vector<std::string> lines;
-    std::ifstream stream(file);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
-/// The other end of the generator's ports. recording() is to be called.
-class Studio {
-public:
-    Studio(std::size_t samples, const std::vector<std::string>& events) {
-        std::filesystem::create_directories(m_folder);
-        const auto length = std::to_string(samples);
-        std::vector<const char*> arguments{JACK_STUDIO, m_folder.c_str(), length.c_str()};
-        for (const auto& event : events)
-            arguments.push_back(event.c_str());
-        EXPECT_EQ(pipe2(m_input, O_CLOEXEC) | pipe2(m_output, O_CLOEXEC), 0);
-        m_pid = spawned(arguments, {m_input[0], m_output[1]});
-        close(m_input[0]);
-        close(m_output[1]);
-        std::array<char, 6> ready{};
-        EXPECT_EQ(::read(m_output[0], ready.data(), ready.size()), 6);
-    }
-
-    ~Studio() {
-        close(m_output[0]);
-        std::filesystem::remove_all(m_folder);
-    }
-    Studio(const Studio&) = delete;
-    Studio& operator=(const Studio&) = delete;
-
-    Recording recording() {
-        close(m_input[1]);
-        int status = 0;
-        EXPECT_GT(waitpid(m_pid, &status, 0), 0);
-        EXPECT_EQ(status, 0);
-        Recording recording;
-        std::ifstream ltc(m_folder + "/ltc", std::ios::binary);
-        for (float sample = 0; ltc.read(reinterpret_cast<char*>(&sample), sizeof sample);)
-            recording.ltc.push_back(sample);
-        recording.mtc = linesOf(m_folder + "/mtc");
-        recording.connected = linesOf(m_folder + "/connected");
-        return recording;
-    }
-
-private:
-    const std::string m_folder =
-        std::filesystem::temp_directory_path() / ("vexa-studio-" + std::to_string(getpid()));
-    int m_input[2];
-    int m_output[2];
-    pid_t m_pid;
-};
 
 /// A JACK server, and what is opened on it.
 class JackUnitTest : public testing::Test {
@@ -247,6 +173,23 @@ TEST_F(JackUnitTest, GoesOnWhenThePeriodChanges) {
     for (std::uint64_t i = 0; i < 49; ++i)
         words.push_back({{1, 0, i / 25, i % 25}, false});
     EXPECT_EQ(wordsIn(recording.ltc, 48000, frameRateForCode(rate::fps25)), words);
+}
+
+TEST_F(JackUnitTest, GoesOnWhereItLeftOffWhenTheServerIsLate) {
+    server.start();
+    const auto unit = openWhenUp();
+    ASSERT_NE(unit, nullptr);
+    const auto recording =
+        Studio(60000, {"1000 " + mtcSetup, "1001 " + start, "20000 late", "40000 " + stop})
+            .recording();
+    std::vector<ReadWord> words;
+    for (std::uint64_t i = 0; i < 21; ++i)
+        words.push_back({{1, 0, 0, i}, false});
+    EXPECT_EQ(wordsIn(recording.ltc, 48000, frameRateForCode(rate::fps25)), words);
+    EXPECT_TRUE(unit->read(heard));
+    ASSERT_EQ(heard.reports.size(), 3u);
+    EXPECT_GE(heard.reports[2].xruns, 1u);
+    EXPECT_GE(unit->signal().xruns, heard.reports[2].xruns);
 }
 
 TEST_F(JackUnitTest, ConnectsToNothingUnlessTold) {

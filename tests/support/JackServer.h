@@ -51,8 +51,8 @@ public:
         // next one hangs. What others share stays.
         if (std::getenv("VEXA_OWN_SHM"))
             std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()));
-        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-r",
-                         sampleRate, "-p", period});
+        m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-r", sampleRate,
+                         "-p", period});
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         while (!isUp()) {
             if (waitpid(m_pid, nullptr, WNOHANG) != 0) {
