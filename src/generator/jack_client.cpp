@@ -1,5 +1,7 @@
 #include "generator/jack_client.h"
 
+#include "text/printable.h"
+
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -74,14 +76,14 @@ void JackClient::connect(Listener& listener) {
     std::erase_if(m_toConnect, [&](const std::string& port) {
         if (!connectTo(port))
             return false;
-        listener.noted(now, "connected: " + port);
+        listener.noted(now, "connected: " + printable(port));
         return true;
     });
     if (m_toldOfMissing)
         return;
     m_toldOfMissing = true;
     for (const auto& port : m_toConnect)
-        listener.noted(now, "not connected: no sound input " + port + " yet");
+        listener.noted(now, "not connected: no sound input " + printable(port) + " yet");
 }
 
 bool JackClient::connectTo(const std::string& port) {

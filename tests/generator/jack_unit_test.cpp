@@ -203,12 +203,14 @@ TEST_F(JackUnitTest, ConnectsToNothingUnlessTold) {
 
 TEST_F(JackUnitTest, ConnectsToPortsAsTheyCome) {
     server.start();
-    const auto unit = openWhenUp({-18, {"system:playback_2", "recorder:ltc", "recorder:mtc"}});
+    const auto unit =
+        openWhenUp({-18, {"system:playback_2", "recorder:ltc", "recorder:mtc", "\x1B[2J"}});
     ASSERT_NE(unit, nullptr);
     EXPECT_TRUE(unit->read(heard));
     EXPECT_THAT(heard.notes, ElementsAre("connected: system:playback_2",
                                          "not connected: no sound input recorder:ltc yet",
-                                         "not connected: no sound input recorder:mtc yet"));
+                                         "not connected: no sound input recorder:mtc yet",
+                                         "not connected: no sound input \\x1B[2J yet"));
     heard.notes.clear();
     Studio studio(100, {});
     while (heard.notes.empty()) {
