@@ -224,6 +224,7 @@ class AtRest(RunningProgram, ProgramTest):
             with self.subTest(thing=thing):
                 source = self.drag(thing, "Current time")
                 self.assertEqual(source.drop(), "refused")
+                source.close()
         self.expect_opened("first")
 
     def drag(self, thing, target):

@@ -2,12 +2,14 @@
 
 import functools
 import pathlib
+import queue
 import subprocess
 import sys
+import threading
 
 from support import desktop
 from support.processes import Child
-from support.waiting import eventually
+from support.waiting import PATIENCE, eventually
 from support.window import xdotool
 
 
@@ -20,6 +22,8 @@ class DragSource:
         self._child = Child(sys.executable, script, thing, stdout=subprocess.PIPE, **silent)
         windows = functools.partial(desktop.x_windows, "Drag source", self._child.pid)
         self._x_window = eventually("the source is there", windows)[0]
+        self._lines = queue.Queue()
+        threading.Thread(target=self._listen, daemon=True).start()
         self.activate()
 
     def activate(self):
@@ -27,11 +31,20 @@ class DragSource:
 
     def drag_to(self, x, y):
         """Drags to a place of the screen, and holds on there."""
+        eventually("the drag has begun", lambda: self._begins_towards(x, y))
+        xdotool("mousemove", x, y)
+        xdotool("mousemove_relative", 1, 0)
+
+    def _begins_towards(self, x, y):
+        """A press that comes before the window can take it begins no drag."""
         xdotool("mousemove", "--window", self._x_window, 60, 60, "mousedown", 1)
         # In steps, as a hand does: a drag begins some way from the press.
         for step in range(1, 11):
             xdotool("mousemove", 60 + (x - 60) * step // 10, 60 + (y - 60) * step // 10)
-        xdotool("mousemove_relative", 1, 0)
+        if self._said(within=2) == "begun":
+            return True
+        xdotool("mouseup", 1)
+        return False
 
     def await_welcome(self):
         """What is under the pointer would take what is dragged there."""
@@ -43,9 +56,16 @@ class DragSource:
         xdotool("mouseup", 1)
         return self._said()
 
-    def _said(self):
-        return self._child.stdout.readline().strip()
+    def _said(self, within=PATIENCE):
+        """The next line, or nothing where none comes within so many seconds."""
+        try:
+            return self._lines.get(timeout=within)
+        except queue.Empty:
+            return None
+
+    def _listen(self):
+        for line in self._child.stdout:
+            self._lines.put(line.strip())
 
     def close(self):
         self._child.stop()
-        self._child.stdout.close()

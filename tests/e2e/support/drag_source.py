@@ -1,6 +1,6 @@
 """A window of another toolkit from which something can be dragged, as from a file manager, which
-would rather move it: drag_source.py URI|TEXT. Says when it is welcome somewhere, and what became of
-it."""
+would rather move it: drag_source.py URI|TEXT. Says when the drag begins, when it is welcome
+somewhere, and what became of it."""
 
 import sys
 
@@ -27,6 +27,7 @@ class Handle(Gtk.EventBox):
 
     def do_drag_begin(self, context):
         self._drag = context
+        print("begun", flush=True)
         GLib.timeout_add(10, self._look_for_welcome)
 
     def do_drag_data_get(self, _context, data, _info, _time):
