@@ -54,6 +54,7 @@ BatchItemRef VexaBatchStripeData::addItemWithReel(std::uint64_t reel, const QStr
 void VexaBatchStripeData::addItem(const BatchItemRef& item) {
     sortUnlessInOrder();
     m_batchList.insert(std::ranges::upper_bound(m_batchList, item, comesBefore), ownRowFor(item));
+    ++m_revision;
 }
 
 void VexaBatchStripeData::addItems(BatchItems items) {
@@ -63,6 +64,7 @@ void VexaBatchStripeData::addItems(BatchItems items) {
     const auto oldSize = std::ssize(m_batchList);
     std::ranges::move(items, std::back_inserter(m_batchList));
     std::ranges::inplace_merge(m_batchList, m_batchList.begin() + oldSize, comesBefore);
+    ++m_revision;
 }
 
 /// The item itself, or a copy where the list holds it. The list must be in order.
@@ -77,6 +79,7 @@ BatchItemRef VexaBatchStripeData::ownRowFor(const BatchItemRef& item) const {
 void VexaBatchStripeData::removeItem(const BatchItemRef& item) {
     // By a copy of the fields: the reference may be to a row that is removed.
     std::erase_if(m_batchList, [fields = *item](const auto& other) { return *other == fields; });
+    ++m_revision;
 }
 
 BatchItems VexaBatchStripeData::deleteIndexedItems(const RowIndexes& rows) {
@@ -86,11 +89,13 @@ BatchItems VexaBatchStripeData::deleteIndexedItems(const RowIndexes& rows) {
         if (*row < m_batchList.size())
             deleted.push_back(std::move(m_batchList[*row]));
     std::erase(m_batchList, nullptr);
+    ++m_revision;
     return deleted;
 }
 
 void VexaBatchStripeData::replaceBatchList(BatchItems items) {
     m_batchList = std::move(items);
+    ++m_revision;
     m_knownInOrder = false;
 }
 

@@ -65,10 +65,17 @@ public:
 
     /// Selects the items of these rows. What becomes of the list later does not change the
     /// selection.
-    void setSelection(const RowIndexes& rows) { m_selectedItems = itemsOfRows(rows); }
+    void setSelection(const RowIndexes& rows) { setSelectedItems(itemsOfRows(rows)); }
     /// Empty when nothing is selected.
     const BatchItems& selectedItems() const { return m_selectedItems; }
-    void setSelectedItems(BatchItems items) { m_selectedItems = std::move(items); }
+    void setSelectedItems(BatchItems items) {
+        m_selectedItems = std::move(items);
+        ++m_revision;
+    }
+
+    /// Another number whenever the items, their order or the selection have changed. Titles may
+    /// have been edited all the same.
+    std::uint64_t revision() const { return m_revision; }
 
     /// The items of these rows, in row order. Rows that do not exist are passed over.
     BatchItems itemsOfRows(const RowIndexes& rows) const;
@@ -120,6 +127,7 @@ private:
     BatchItems m_selectedItems;
     std::uint64_t m_curItem = 0;
     std::uint64_t m_nextItemID = 0;
+    std::uint64_t m_revision = 0;
     bool m_knownInOrder = true; ///< what makes adding to a long list quick
 };
 

@@ -53,6 +53,29 @@ TEST_F(BatchList, MakesAnItemOfTheSixValues) {
     EXPECT_THAT(data.batchList(), ElementsAre(made));
 }
 
+TEST_F(BatchList, EveryChangeOfTheRowsOrTheSelectionIsAnotherRevision) {
+    std::set<std::uint64_t> revisions{data.revision()};
+    const auto isNew = [&] { return revisions.insert(data.revision()).second; };
+    data.addItem(a);
+    EXPECT_TRUE(isNew());
+    data.addItems({b, c});
+    EXPECT_TRUE(isNew());
+    data.setSelection({0});
+    EXPECT_TRUE(isNew());
+    data.setSelectedItems({a});
+    EXPECT_TRUE(isNew());
+    data.removeItem(a);
+    EXPECT_TRUE(isNew());
+    data.deleteIndexedItems({0});
+    EXPECT_TRUE(isNew());
+    data.replaceBatchList({a, b});
+    EXPECT_TRUE(isNew());
+    data.clearBatchList();
+    EXPECT_TRUE(isNew());
+    data.nextItem();
+    EXPECT_FALSE(isNew()) << "the cursor is no change";
+}
+
 TEST_F(BatchList, ClearingOrReplacingDoesNotResetTheNumbers) {
     data.addItemWithReel(1, {}, {0, 0, 0, 0});
     data.clearBatchList();
