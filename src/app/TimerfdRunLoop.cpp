@@ -48,6 +48,14 @@ public:
         close(m_descriptor);
     }
 
+    RunLoop::Seconds timeLeft() const override {
+        itimerspec setting{};
+        if (m_notifier)
+            timerfd_gettime(m_descriptor, &setting);
+        const auto& [seconds, nanoseconds] = setting.it_value;
+        return std::chrono::seconds(seconds) + std::chrono::nanoseconds(nanoseconds);
+    }
+
 private:
     void fire() {
         std::uint64_t expirations = 0;

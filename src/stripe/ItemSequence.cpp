@@ -18,4 +18,10 @@ bool ItemSequence::hasMore() const {
     return isAll() ? m_list.areMoreItemsAvailable() : m_list.areMoreSelectedItemsAvailable();
 }
 
+const BatchItems& ItemSequence::items() const {
+    return isAll() ? m_list.batchList() : m_list.selectedItems();
+}
+
+BatchItemRef ItemSequence::upcoming() const { return hasMore() ? items()[row() + 1] : nullptr; }
+
 } // namespace vexa

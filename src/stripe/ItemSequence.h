@@ -3,6 +3,9 @@
 #include "batch/VexaBatchStripeData.h"
 #include "stripe/StripePlan.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace vexa {
 
 /// The items of a batch run in their order: all, or the selection that the list was given.
@@ -18,6 +21,16 @@ public:
     BatchItemRef next();
     /// Whether next() will find an item.
     bool hasMore() const;
+
+    /// In the order of the run.
+    const BatchItems& items() const;
+    /// Of the item that was found last; another may stand there by now, or none.
+    std::uint64_t row() const { return m_list.curItem(); }
+    /// The item that next() will find; null when there is none.
+    BatchItemRef upcoming() const;
+    /// Another value whenever items() has changed.
+    using Revision = std::pair<std::uint64_t, bool>;
+    Revision revision() const { return {m_list.revision(), isAll()}; }
 
 private:
     bool isAll() const { return m_plan.batchMode == batchModeAll; }

@@ -14,6 +14,8 @@ public:
     /// False once it was invalidated or, for a single shot, once it has fired.
     virtual bool isValid() const = 0;
     virtual void invalidate() = 0;
+    /// Until it fires next; 0 where that is due, or will not come.
+    virtual std::chrono::duration<double> timeLeft() const = 0;
 };
 
 /// Where timers come from: the event loop in the program, a hand in tests.

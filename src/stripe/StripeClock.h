@@ -2,6 +2,7 @@
 
 #include "stripe/RunLoop.h"
 #include "timecode/StripeSettings.h"
+#include "timecode/frame_rate.h"
 
 #include <cstdint>
 #include <functional>
@@ -25,6 +26,13 @@ public:
     /// are carried, not how often the clock ticks.
     void start();
     void stop() { m_timer.reset(); }
+    /// Since it was started last.
+    bool hasTicked() const { return m_hasTicked; }
+
+    /// Of the interval that it ticks at, or would from start() on.
+    const FrameRate& tickingRate() const {
+        return m_timer ? *m_tickingRate : frameRateForCode(m_settings.frameRate);
+    }
 
 private:
     void tick();
@@ -33,6 +41,8 @@ private:
     const StripeSettings& m_settings;
     const std::function<void()> m_ticked;
     std::uint64_t m_now = 0;
+    bool m_hasTicked = false;
+    const FrameRate* m_tickingRate = nullptr; ///< while there is a timer
     std::unique_ptr<RunLoopTimer> m_timer;
 };
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "stripe/RunLoop.h"
 #include "timecode/StripeSettings.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace vexa {
@@ -20,6 +22,11 @@ struct StripePlan {
     std::uint64_t batchMode = batchModeAll;
     double delayInSeconds = 0; ///< from the end of an item to the start of the next
     bool pauseForReelChange = false;
+
+    /// The delay as a timer takes it: what is less than nothing is nothing.
+    RunLoop::Seconds pauseBetweenItems() const {
+        return RunLoop::Seconds(std::max(0.0, delayInSeconds));
+    }
 };
 
 } // namespace vexa

@@ -13,6 +13,12 @@ StripeRun::StripeRun(RunLoop& runLoop, VexaBatchStripeData& list, GeneratorLink&
       m_clock(runLoop, plan.settings, [this] { tick(); }),
       m_items(list, plan) {}
 
+std::optional<RunLoop::Seconds> StripeRun::pauseLeft() const {
+    if (!m_pauseTimer)
+        return {};
+    return m_pauseTimer->timeLeft();
+}
+
 void StripeRun::play(From from) {
     m_awaited = nullptr;
     m_progress.pastFirstItem = false;
@@ -57,7 +63,7 @@ void StripeRun::interrupt(Phase phase) {
 
 void StripeRun::tick() {
     Q_EMIT ticked();
-    if ((!m_plan.useBatch && !m_plan.stopTimeSet) || m_clock.now() < m_progress.currentStop)
+    if ((!m_plan.useBatch && !m_plan.stopTimeSet) || !hasReachedStop())
         return;
     if (m_plan.useBatch && m_items.hasMore())
         beginPause();
@@ -67,8 +73,8 @@ void StripeRun::tick() {
 
 void StripeRun::beginPause() {
     m_clock.stop();
-    m_pauseTimer = m_runLoop.scheduleTimer(RunLoop::Seconds(m_plan.delayInSeconds), false,
-                                           [this] { endPause(); });
+    m_pauseTimer =
+        m_runLoop.scheduleTimer(m_plan.pauseBetweenItems(), false, [this] { endPause(); });
     m_link.stop();
     m_progress.pastFirstItem = true;
     enter(Phase::betweenItems,

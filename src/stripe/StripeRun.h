@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace vexa {
 
 /// A run, from Play to its end: a single stripe, or the items of the batch list one after another.
@@ -33,6 +35,19 @@ public:
     const Progress& progress() const { return m_progress; }
     /// Packed timecode.
     std::uint64_t currentTime() const { return m_clock.now(); }
+    /// The rate that the clock ticks at, or will when it goes on.
+    const FrameRate& tickingRate() const { return m_clock.tickingRate(); }
+    /// Whether a frame was counted that reaches the stop time: what is under way ends with it, once
+    /// ticked() has been told.
+    bool hasReachedStop() const {
+        return m_clock.hasTicked() && m_clock.now() >= m_progress.currentStop;
+    }
+    /// Of the pause between two items, which goes on also where Play breaks into it; else nothing.
+    std::optional<RunLoop::Seconds> pauseLeft() const;
+    /// The item whose reel is to be loaded; else null.
+    const BatchItemRef& awaited() const { return m_awaited; }
+    const ItemSequence& items() const { return m_items; }
+    const StripePlan& plan() const { return m_plan; }
 
     /// A batch run always begins with its first item, also after a pause. A pause between items
     /// that is under way goes on, and takes up the item after that one when it ends.
@@ -81,7 +96,7 @@ private:
     StripeClock m_clock;
     ItemSequence m_items;
     Progress m_progress;
-    BatchItemRef m_awaited; ///< the item whose reel is to be loaded
+    BatchItemRef m_awaited;
     std::unique_ptr<RunLoopTimer> m_pauseTimer;
 };
 

@@ -43,6 +43,17 @@ TEST_F(TimerfdTimers, ASingleShotFiresOnceAndIsThenInvalid) {
     EXPECT_FALSE(once->isValid());
 }
 
+TEST_F(TimerfdTimers, TheTimeLeftGoesDownToNothing) {
+    const auto once = runLoop.scheduleTimer(10s, false, [] {});
+    EXPECT_LE(once->timeLeft(), 10s);
+    EXPECT_GT(once->timeLeft(), 5s);
+    once->invalidate();
+    EXPECT_EQ(once->timeLeft(), 0s);
+    const auto repeating = runLoop.scheduleTimer(10ms, true, [this] { ++fired; });
+    ASSERT_TRUE(runUntil([this] { return fired == 2; }));
+    EXPECT_LE(repeating->timeLeft(), 10ms);
+}
+
 TEST_F(TimerfdTimers, NoIntervalMeansTheNextPass) {
     for (const auto interval : {0s, -5s}) {
         fired = 0;

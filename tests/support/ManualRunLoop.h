@@ -19,7 +19,7 @@ public:
         entry->repeats = repeats;
         entry->action = std::move(action);
         m_entries.push_back(entry);
-        return std::make_unique<Timer>(entry);
+        return std::make_unique<Timer>(*this, entry);
     }
 
     /// Lets that much time pass and fires what falls due in it, in order.
@@ -32,6 +32,8 @@ public:
         }
         m_now = std::max(m_now, end);
     }
+
+    Seconds now() const { return m_now; }
 
     /// Fires the timer of that interval once, whatever the time is.
     void fireTimerOf(Seconds interval) {
@@ -59,12 +61,17 @@ private:
 
     class Timer final : public RunLoopTimer {
     public:
-        explicit Timer(EntryRef entry) : m_entry(std::move(entry)) {}
+        Timer(const ManualRunLoop& runLoop, EntryRef entry)
+            : m_runLoop(runLoop), m_entry(std::move(entry)) {}
         ~Timer() override { m_entry->valid = false; }
         bool isValid() const override { return m_entry->valid; }
         void invalidate() override { m_entry->valid = false; }
+        Seconds timeLeft() const override {
+            return isValid() ? std::max(m_entry->due - m_runLoop.m_now, Seconds{0}) : Seconds{0};
+        }
 
     private:
+        const ManualRunLoop& m_runLoop;
         EntryRef m_entry;
     };
 

@@ -1,0 +1,47 @@
+#include "stripe/ItemTimes.h"
+
+#include "timecode/frame_count.h"
+
+#include <unordered_set>
+
+namespace vexa {
+
+std::optional<ClockTime> timeOf(const BatchItem& item) {
+    const auto& rate = frameRateForCode(item.rate);
+    const auto frames = framesUntil(item.start, item.stop, rate);
+    if (!frames)
+        return {};
+    return frameTime(rate) * static_cast<std::int64_t>(*frames);
+}
+
+ItemTimes::ItemTimes(const BatchItems& items) : m_rows(items.size()) {
+    Row after{};
+    for (std::size_t row = items.size(); row-- > 0;) {
+        const auto time = timeOf(*items[row]);
+        const bool changesReel = row + 1 < items.size() && items[row]->reel != items[row + 1]->reel;
+        after.time += time.value_or(ClockTime{});
+        after.reelChangesAfter += changesReel ? 1 : 0;
+        after.isEndless = after.isEndless || !time;
+        m_rows[row] = after;
+    }
+}
+
+std::optional<ClockTime> ItemTimes::from(std::size_t row) const {
+    if (m_rows[row].isEndless)
+        return {};
+    return m_rows[row].time;
+}
+
+ListTotal totalOf(const BatchItems& items, RunLoop::Seconds pauseBetweenItems) {
+    if (items.empty())
+        return {.time = RunLoop::Seconds(0)};
+    std::unordered_set<std::uint64_t> reels;
+    for (const auto& item : items)
+        reels.insert(item->reel);
+    ListTotal total{items.size(), reels.size(), ItemTimes(items).from(0)};
+    if (total.time)
+        *total.time += pauseBetweenItems * static_cast<double>(items.size() - 1);
+    return total;
+}
+
+} // namespace vexa
