@@ -1,8 +1,8 @@
 #include "document/list_file.h"
 
 #include "batch/batch_item_codec.h"
-#include "document/atomic_file.h"
-#include "document/regular_file.h"
+#include "files/atomic_file.h"
+#include "files/regular_file.h"
 #include "property_list/PropertyList.h"
 #include "property_list/property_list_limits.h"
 #include "property_list/property_list_reader.h"

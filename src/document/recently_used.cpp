@@ -1,7 +1,7 @@
 #include "document/recently_used.h"
 
-#include "document/atomic_file.h"
-#include "document/regular_file.h"
+#include "files/atomic_file.h"
+#include "files/regular_file.h"
 
 #include <QDir>
 #include <QFile>

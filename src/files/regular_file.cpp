@@ -1,6 +1,6 @@
-#include "document/regular_file.h"
+#include "files/regular_file.h"
 
-#include "document/FileDescriptor.h"
+#include "files/FileDescriptor.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
-#include "document/atomic_file.h"
+#include "files/atomic_file.h"
 
-#include "document/FileDescriptor.h"
-#include "document/extended_attributes.h"
+#include "files/FileDescriptor.h"
+#include "files/extended_attributes.h"
 
 #include <QFile>
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-#include "document/regular_file.h"
+#include "files/regular_file.h"
 
 #include <QFile>
 #include <QTemporaryDir>

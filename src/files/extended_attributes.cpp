@@ -1,4 +1,4 @@
-#include "document/extended_attributes.h"
+#include "files/extended_attributes.h"
 
 #include <linux/limits.h>
 #include <sys/xattr.h>

@@ -1,4 +1,4 @@
-#include "document/atomic_file.h"
+#include "files/atomic_file.h"
 #include "support/FileSizeLimit.h"
 #include "support/WithoutPrivileges.h"
 
