@@ -13,17 +13,17 @@ namespace {
 constexpr QSize frameAround{8, 40}; // the window manager's, whose size is not known yet
 constexpr std::int64_t largest = 1 << 14;
 
-int stored(const char* key, int otherwise) {
-    const auto value = defaults::integer(key).value_or(otherwise);
-    return static_cast<int>(std::clamp<std::int64_t>(value, 0, largest));
+int bounded(std::int64_t length) {
+    return static_cast<int>(std::clamp<std::int64_t>(length, 0, largest));
 }
 
 } // namespace
 
 WindowSize::WindowSize(QWidget& window) : m_window(window) {
     const QSize standard = window.size().expandedTo(window.sizeHint());
-    const QSize last(stored(defaults::windowWidthKey, standard.width()),
-                     stored(defaults::windowHeightKey, standard.height()));
+    const auto stored = defaults::read();
+    const QSize last(bounded(stored.windowWidth.value_or(standard.width())),
+                     bounded(stored.windowHeight.value_or(standard.height())));
     const QSize room = window.screen()->availableSize() - frameAround;
     window.resize(last.expandedTo(window.minimumSizeHint()).boundedTo(room));
     m_atFirst = window.size();
@@ -31,10 +31,8 @@ WindowSize::WindowSize(QWidget& window) : m_window(window) {
 
 WindowSize::~WindowSize() {
     const QSize size = m_window.isMaximized() ? m_window.normalGeometry().size() : m_window.size();
-    if (size == m_atFirst)
-        return;
-    defaults::write({{defaults::windowWidthKey, qlonglong{size.width()}},
-                     {defaults::windowHeightKey, qlonglong{size.height()}}});
+    if (size != m_atFirst)
+        defaults::write({.windowWidth = size.width(), .windowHeight = size.height()});
 }
 
 } // namespace vexa

@@ -9,6 +9,7 @@
 #include "app/termination_signals.h"
 #include "controls/AccessibleButton.h"
 #include "controls/AccessiblePopup.h"
+#include "defaults/BackgroundWrites.h"
 #include "desktop/ApplicationService.h"
 #include "desktop/DesktopRequests.h"
 #include "desktop/application_id.h"
@@ -92,6 +93,7 @@ void showIcon() { QApplication::setWindowIcon(QIcon(QStringLiteral(":/vexa-remot
 int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     AccessibleButton::install();
     AccessiblePopup::install();
+    const defaults::BackgroundWrites preferences;
     ApplicationService service(QDBusConnection::sessionBus());
     // Asking on the bus, reaching a MIDI system and building the window go on at once.
     auto opening = std::async(std::launch::async, [&] {

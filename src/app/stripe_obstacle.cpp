@@ -22,8 +22,8 @@ Obstacle obstacleInTime(const char* what, const Timecode& time, const FrameRate&
 }
 
 Obstacle obstacleInTimes(const CommandLine& line) {
-    const auto standard = defaults::integer(defaults::frameRateKey).value_or(rate::fps30);
-    const auto& rate = frameRateForCode(line.rate.value_or(static_cast<std::uint64_t>(standard)));
+    const auto standard = defaults::read().defaultFrameRate.value_or(rate::fps30);
+    const auto& rate = frameRateForCode(line.rate.value_or(standard));
     auto obstacle = obstacleInTime("start", *line.start, rate);
     if (!obstacle && line.stop)
         obstacle = obstacleInTime("stop", *line.stop, rate);

@@ -32,12 +32,14 @@ void RecentFiles::noteNewRecentDocument(const QString& path) {
     after.prepend(absolute);
     after = after.mid(0, most);
     if (after != before)
-        defaults::setTexts(defaults::recentFilesKey, after);
+        defaults::write({.recentFiles = after});
 }
 
-QStringList RecentFiles::paths() const { return defaults::texts(defaults::recentFilesKey); }
+QStringList RecentFiles::paths() const {
+    return defaults::read().recentFiles.value_or(QStringList());
+}
 
-void RecentFiles::clear() { defaults::setTexts(defaults::recentFilesKey, {}); }
+void RecentFiles::clear() { defaults::write({.recentFiles = QStringList()}); }
 
 void RecentFiles::tellDesktop() {
     if (!m_untold.isEmpty())

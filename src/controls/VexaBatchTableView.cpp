@@ -31,8 +31,6 @@ int standardWidth(const QString& column, QFont font) {
     return QFontMetrics(font).horizontalAdvance(longest.value(column)) + sign + padding;
 }
 
-QByteArray widthKey(const QString& column) { return defaults::columnWidthKeys + column.toLatin1(); }
-
 } // namespace
 
 VexaBatchTableView::VexaBatchTableView(QWidget* parent) : QTableView(parent) {
@@ -139,10 +137,11 @@ void VexaBatchTableView::setIntercellSpacing(double width, double height) {
 
 void VexaBatchTableView::restoreColumnWidths() {
     constexpr std::int64_t widest = 4000;
+    const auto stored = defaults::read().columnWidths;
     m_storedWidths.clear();
     for (const auto& column : m_model.columnIdentifiers()) {
-        const auto width =
-            defaults::integer(widthKey(column)).value_or(standardWidth(column, font()));
+        const auto found = stored.find(column);
+        const auto width = found != stored.end() ? found->second : standardWidth(column, font());
         const int section = static_cast<int>(m_storedWidths.size());
         m_header->resizeSection(
             section, static_cast<int>(std::clamp<std::int64_t>(
@@ -152,12 +151,15 @@ void VexaBatchTableView::restoreColumnWidths() {
 }
 
 void VexaBatchTableView::storeColumnWidths() {
+    Preferences change;
     // The last column has whatever width the others leave.
     for (int column = 0; column < m_header->count() - 1; ++column) {
         auto& stored = m_storedWidths[static_cast<std::size_t>(column)];
         if (const int width = m_header->columnWidth(column); width != stored)
-            defaults::setInteger(widthKey(m_model.columnIdentifiers()[column]), stored = width);
+            change.columnWidths[m_model.columnIdentifiers()[column]] = stored = width;
     }
+    if (!change.columnWidths.empty())
+        defaults::write(change);
 }
 
 void VexaBatchTableView::scrollToItem(const BatchItemRef& item) {

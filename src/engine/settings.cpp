@@ -10,13 +10,6 @@ namespace {
 
 constexpr double standardDelay = 5.0;
 
-std::uint64_t code(const char* key, std::uint64_t standard) {
-    return static_cast<std::uint64_t>(
-        defaults::integer(key).value_or(static_cast<std::int64_t>(standard)));
-}
-
-qlonglong stored(std::uint64_t code) { return static_cast<qlonglong>(code); }
-
 } // namespace
 
 void Vexa_RemoteAppDelegate::setFrameRate(std::uint64_t code) {
@@ -61,18 +54,19 @@ void Vexa_RemoteAppDelegate::showSettings(std::uint64_t start, std::uint64_t sto
 }
 
 bool Vexa_RemoteAppDelegate::readPrefs() {
-    m_plan.delayInSeconds = defaults::number(defaults::delayKey).value_or(standardDelay);
-    m_defaultFrameRate = code(defaults::frameRateKey, rate::fps30);
-    m_defaultSyncType = code(defaults::syncTypeKey, sync::mtc);
-    m_plan.pauseForReelChange = defaults::number(defaults::pauseForReelKey).value_or(1) != 0;
+    const auto stored = defaults::read();
+    m_plan.delayInSeconds = stored.delayInSeconds.value_or(standardDelay);
+    m_defaultFrameRate = stored.defaultFrameRate.value_or(rate::fps30);
+    m_defaultSyncType = stored.defaultSyncType.value_or(sync::mtc);
+    m_plan.pauseForReelChange = stored.pauseForReelChange.value_or(true);
     return true;
 }
 
 void Vexa_RemoteAppDelegate::writePrefs() {
-    defaults::write({{defaults::delayKey, m_plan.delayInSeconds},
-                     {defaults::frameRateKey, stored(m_defaultFrameRate)},
-                     {defaults::syncTypeKey, stored(m_defaultSyncType)},
-                     {defaults::pauseForReelKey, m_plan.pauseForReelChange}});
+    defaults::write({.delayInSeconds = m_plan.delayInSeconds,
+                     .defaultFrameRate = m_defaultFrameRate,
+                     .defaultSyncType = m_defaultSyncType,
+                     .pauseForReelChange = m_plan.pauseForReelChange});
 }
 
 } // namespace vexa

@@ -88,14 +88,11 @@ std::int32_t Vexa_MIDI_Manager::indexOfDestination() {
 }
 
 bool Vexa_MIDI_Manager::readPrefs() {
-    const auto stored = defaults::integer(defaults::midiDestinationKey);
-    if (stored)
-        m_destID = static_cast<MidiUniqueId>(*stored);
+    const auto stored = defaults::read().midiDestination;
+    m_destID = stored.value_or(m_destID);
     return stored.has_value();
 }
 
-void Vexa_MIDI_Manager::writePrefs() {
-    defaults::setInteger(defaults::midiDestinationKey, m_destID);
-}
+void Vexa_MIDI_Manager::writePrefs() { defaults::write({.midiDestination = m_destID}); }
 
 } // namespace vexa

@@ -250,14 +250,14 @@ TEST(WindowSize, IsRememberedWithinTheScreen) {
     const auto sizeNow = [] { return MainWindow().size(); };
     const auto atFirst = sizeNow();
     EXPECT_EQ(sizeNow(), atFirst);
-    EXPECT_FALSE(defaults::integer(defaults::windowWidthKey)) << "nothing was changed";
+    EXPECT_FALSE(defaults::read().windowWidth) << "nothing was changed";
     {
         MainWindow window;
         window.resize(given);
     }
     EXPECT_EQ(sizeNow(), given);
     for (const std::int64_t wrong : {std::int64_t{-1}, std::int64_t{0}, INT64_MAX}) {
-        defaults::setInteger(defaults::windowWidthKey, wrong);
+        defaults::write({.windowWidth = wrong});
         const auto width = sizeNow().width();
         EXPECT_GT(width, 100) << wrong;
         EXPECT_LE(width, room.width()) << wrong;

@@ -42,7 +42,7 @@ TEST_F(StripeOfTimes, IsATimeThatDoesNotExistAtTheRate) {
 
 TEST_F(StripeOfTimes, WithoutARateIsSeenAtThatOfThePreferences) {
     EXPECT_EQ(obstacle(), "");
-    defaults::setInteger(defaults::frameRateKey, rate::fps24);
+    defaults::write({.defaultFrameRate = rate::fps24});
     EXPECT_EQ(obstacle(), "there is no start time 01:00:00:24 at 24 fps");
     line.rate = rate::fps30;
     EXPECT_EQ(obstacle(), "");

@@ -48,11 +48,11 @@ TEST_F(Preferences, ConfirmedAppliesAndStoresEverything) {
     EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), rate::fps30Drop);
     EXPECT_EQ(rig.controller.syncType(), sync::dtl);
     EXPECT_EQ(rig.ui.syncTypeMatrix.cellOn(), sync::dtl);
-    EXPECT_EQ(defaults::number(defaults::delayKey), 12);
-    EXPECT_EQ(defaults::integer(defaults::frameRateKey), 3);
-    EXPECT_EQ(defaults::integer(defaults::syncTypeKey), 1);
-    EXPECT_EQ(defaults::number(defaults::pauseForReelKey), 0);
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), -5);
+    EXPECT_EQ(defaults::read().delayInSeconds, 12);
+    EXPECT_EQ(defaults::read().defaultFrameRate, 3);
+    EXPECT_EQ(defaults::read().defaultSyncType, 1);
+    EXPECT_EQ(defaults::read().pauseForReelChange, false);
+    EXPECT_EQ(defaults::read().midiDestination, -5);
 }
 
 TEST_F(Preferences, ConfirmedUnchangedStillStopsTheGeneratorResetsAndRewrites) {
@@ -64,11 +64,11 @@ TEST_F(Preferences, ConfirmedUnchangedStillStopsTheGeneratorResetsAndRewrites) {
     EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), rate::fps30);
     EXPECT_EQ(rig.controller.syncType(), sync::mtc);
     EXPECT_EQ(rig.ui.syncTypeMatrix.cellOn(), sync::mtc);
-    EXPECT_EQ(defaults::number(defaults::delayKey), 5);
-    EXPECT_EQ(defaults::integer(defaults::frameRateKey), 2);
-    EXPECT_EQ(defaults::integer(defaults::syncTypeKey), 0);
-    EXPECT_EQ(defaults::number(defaults::pauseForReelKey), 1);
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 77);
+    EXPECT_EQ(defaults::read().delayInSeconds, 5);
+    EXPECT_EQ(defaults::read().defaultFrameRate, 2);
+    EXPECT_EQ(defaults::read().defaultSyncType, 0);
+    EXPECT_EQ(defaults::read().pauseForReelChange, true);
+    EXPECT_EQ(defaults::read().midiDestination, 77);
     EXPECT_EQ(rig.controller.undoManager().undoMenuItemTitle(), edits) << "nothing to undo";
     EXPECT_FALSE(rig.controller.dirty());
 }
@@ -116,7 +116,7 @@ TEST_F(Preferences, NoRateCanBeChosenWhenTheDefaultIsFsk) {
 TEST_F(Preferences, TheDestinationIsStoppedBeforeAnythingIsStored) {
     rig.midi.whenSent = [&](const Sent&) {
         EXPECT_EQ(rig.controller.delayInSeconds(), 5);
-        EXPECT_FALSE(defaults::integer(defaults::midiDestinationKey));
+        EXPECT_FALSE(defaults::read().midiDestination);
     };
     show([] {
         typeDelay("6");
@@ -150,8 +150,8 @@ TEST_F(Preferences, CancelledChangesNothingAndForgetsTheEdits) {
     EXPECT_TRUE(rig.controller.pauseForReelChange());
     EXPECT_EQ(rig.controller.defaultFrameRate(), rate::fps30);
     EXPECT_EQ(rig.controller.defaultSyncType(), sync::mtc);
-    EXPECT_FALSE(defaults::number(defaults::delayKey));
-    EXPECT_FALSE(defaults::integer(defaults::midiDestinationKey));
+    EXPECT_FALSE(defaults::read().delayInSeconds);
+    EXPECT_FALSE(defaults::read().midiDestination);
     show([] {
         EXPECT_EQ(delayField().text(), QStringLiteral("5"));
         EXPECT_EQ(midiOutPopup().currentIndex(), 0);
@@ -178,7 +178,7 @@ TEST_P(Delay, IsShownInWholeSecondsAndConfirmedAsShown) {
         press(Qt::Key_Return);
     });
     EXPECT_EQ(rig.controller.delayInSeconds(), GetParam().confirmed);
-    EXPECT_EQ(defaults::number(defaults::delayKey), GetParam().confirmed);
+    EXPECT_EQ(defaults::read().delayInSeconds, GetParam().confirmed);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -36,7 +36,7 @@ TEST_F(PreferencesDestinations, AnEmptyListConfirmedLeavesNoDestinationAndKeepsT
     });
     EXPECT_THAT(rig.midi.takeSent(), ElementsAre(Sent{0, stopFrame}));
     EXPECT_EQ(Vexa_MIDI_Manager::sharedMidiManager().dest(), 0u);
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 77);
+    EXPECT_EQ(defaults::read().midiDestination, 77);
 }
 
 TEST_F(PreferencesDestinations, WhenTheDestinationIsNotListedTheFirstIsSelected) {
@@ -84,7 +84,7 @@ TEST_F(PreferencesDestinations, AnUnpluggedChoiceConfirmedIsNotReplacedByAnother
         press(Qt::Key_Return);
     });
     EXPECT_THAT(rig.midi.takeSent(), ElementsAre(Sent{0, stopFrame}));
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 77);
+    EXPECT_EQ(defaults::read().midiDestination, 77);
 }
 
 TEST_F(PreferencesDestinations, WhatIsSeenSelectedIsConnectedThoughAnotherHasItsPositionByNow) {
@@ -95,7 +95,7 @@ TEST_F(PreferencesDestinations, WhatIsSeenSelectedIsConnectedThoughAnotherHasIts
         press(Qt::Key_Return);
     });
     EXPECT_THAT(rig.midi.takeSent(), ElementsAre(Sent{rig.destination, stopFrame}));
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 77);
+    EXPECT_EQ(defaults::read().midiDestination, 77);
 }
 
 TEST_F(PreferencesDestinations, WhatIsPluggedInFirstIsSelected) {

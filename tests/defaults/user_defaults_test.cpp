@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -15,6 +14,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 using namespace vexa;
@@ -52,78 +53,62 @@ private:
     const QByteArray m_before = qgetenv("XDG_CONFIG_HOME");
 };
 
-TEST_F(UserDefaults, AnAbsentKeyGivesNothing) {
-    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), std::nullopt);
-}
+TEST_F(UserDefaults, OfAnAbsentFileAreNone) { EXPECT_EQ(defaults::read(), Preferences()); }
 
 TEST_F(UserDefaults, WhatIsWrittenIsOnDiskAtOnce) {
-    defaults::write({{"vexadelay", 7.5}});
-    defaults::setInteger("vexamididest", -2147483647 - 1);
-    defaults::write({{"vexapauseforreel", false}});
-    EXPECT_TRUE(contentOf(path()).contains("vexadelay=7.5"));
-    EXPECT_TRUE(contentOf(path()).contains("vexamididest=-2147483648"));
-    EXPECT_EQ(defaults::number("vexadelay"), 7.5);
-    EXPECT_EQ(defaults::integer("vexamididest"), -2147483648);
-    EXPECT_EQ(defaults::number("vexapauseforreel"), 0);
+    defaults::write({.delayInSeconds = 7.5});
+    defaults::write({.midiDestination = std::numeric_limits<std::int32_t>::min()});
+    defaults::write({.pauseForReelChange = false});
+    EXPECT_EQ(contentOf(path()),
+              "[General]\nvexadelay=7.5\nvexamididest=-2147483648\nvexapauseforreel=false\n");
 }
 
-struct Stored {
-    const char* text;
-    double number;
-    std::int64_t integer;
-};
-
-class WrongKind : public UserDefaults, public testing::WithParamInterface<Stored> {};
-
-TEST_P(WrongKind, IsTakenAsTheNumberItBeginsWith) {
-    writeFile(QByteArray("[General]\nvexadelay=") + GetParam().text + "\n");
-    EXPECT_EQ(defaults::number("vexadelay"), GetParam().number);
-    EXPECT_EQ(defaults::integer("vexadelay"), GetParam().integer);
+TEST_F(UserDefaults, AreReadBackAsTheyWereWritten) {
+    const Preferences all{
+        .delayInSeconds = 7.5,
+        .defaultFrameRate = ~std::uint64_t{0},
+        .defaultSyncType = 1,
+        .pauseForReelChange = true,
+        .midiDestination = -5,
+        .windowWidth = 800,
+        .windowHeight = 600,
+        .recentFiles = QStringList({QStringLiteral("/a, b.vexaB"), QStringLiteral("/\"ü\n.vexaB")}),
+        .columnWidths = {{QStringLiteral("vexareel"), 80}, {QStringLiteral("vexatitle"), 300}}};
+    defaults::write(all);
+    EXPECT_EQ(defaults::read(), all);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, WrongKind,
-    testing::Values(Stored{"7.9", 7.9, 7}, Stored{"-7.9", -7.9, -7}, Stored{"seven", 0, 0},
-                    Stored{"", 0, 0}, Stored{"12 seconds", 12, 12}, Stored{"true", 1, 1},
-                    Stored{"false", 0, 0}, Stored{"yes", 1, 1}, Stored{"nan", 0, 0},
-                    Stored{"inf", 0, 0}, Stored{"1e300", 1e300, 0}, Stored{"-1", -1, -1},
-                    Stored{"9007199254740993", 9007199254740992, 9007199254740993},
-                    Stored{"18446744073709551615", 0x1p64, -1}, Stored{"0.5", 0.5, 0},
-                    Stored{"\" 7 \"", 7, 7}, Stored{"1, 2", 1, 1}, Stored{"7,9", 7, 7},
-                    Stored{",9", 0, 0}, Stored{"+5", 5, 5}, Stored{"+5.5 s", 5.5, 5},
-                    Stored{"+-5", 0, 0}, Stored{"++5", 0, 0}, Stored{"+", 0, 0}));
-
-TEST_F(UserDefaults, SeveralAreWrittenAtOnce) {
-    defaults::write({{"vexadelay", 7.5}, {"vexadefaultrate", 3LL}, {"vexapauseforreel", true}});
-    EXPECT_EQ(defaults::number("vexadelay"), 7.5);
-    EXPECT_EQ(defaults::integer("vexadefaultrate"), 3);
-    EXPECT_EQ(defaults::number("vexapauseforreel"), 1);
+TEST_F(UserDefaults, OnesThatTheProgramDoesNotKnowStayAsTheyAre) {
+    const QByteArray before = "[Later%20version]\nlist=1, \"a;b\"\npicture=@Variant(\\0\\0\\x1)\n"
+                              "\n[General]\nother=@Invalid()\n";
+    writeFile(before);
+    defaults::write({.delayInSeconds = 7.5});
+    EXPECT_EQ(contentOf(path()), before + "vexadelay=7.5\n");
 }
 
 TEST_F(UserDefaults, AGarbageFileCountsAsEmptyAndIsKeptBesideTheNewOne) {
     const QByteArray garbage("\0\1\2[[[\xff\xfe\nno\n", 12);
     writeFile(garbage);
-    EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
-    defaults::write({{"vexadelay", 3.0}});
-    EXPECT_EQ(defaults::number("vexadelay"), 3);
+    EXPECT_EQ(defaults::read().delayInSeconds, std::nullopt);
+    defaults::write({.delayInSeconds = 3});
+    EXPECT_EQ(defaults::read().delayInSeconds, 3);
     EXPECT_EQ(contentOf(copyPath()), garbage);
 }
 
 TEST_F(UserDefaults, WhatCanBeReadOfABrokenFileIsKept) {
     writeFile("[General]\nvexadelay=9\nbroken line\nunknown=yes\n[Other]\nx=1\n");
-    EXPECT_EQ(defaults::number("vexadelay"), 9);
-    defaults::setInteger("vexadefaultrate", 1);
+    EXPECT_EQ(defaults::read().delayInSeconds, 9);
+    defaults::write({.defaultFrameRate = 1});
     EXPECT_EQ(contentOf(path()), "[General]\nunknown=yes\nvexadefaultrate=1\nvexadelay=9\n\n"
                                  "[Other]\nx=1\n");
     EXPECT_TRUE(contentOf(copyPath()).contains("broken line"));
-    defaults::setInteger("vexadefaultrate", 2);
+    defaults::write({.defaultFrameRate = 2});
     EXPECT_TRUE(contentOf(copyPath()).contains("broken line"));
 }
 
 TEST_F(UserDefaults, AWholeFileIsNotCopied) {
     writeFile("[General]\nvexadelay=9\n");
-    defaults::write({{"vexadelay", 3.0}});
+    defaults::write({.delayInSeconds = 3});
     EXPECT_FALSE(QFile::exists(copyPath()));
 }
 
@@ -131,8 +116,8 @@ TEST_F(UserDefaults, AFileThatMayOnlyBeReadKeepsItsContent) {
     writeFile("[General]\nvexadelay=9\n");
     ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
     const WithoutPrivileges user(home.path());
-    EXPECT_EQ(defaults::number("vexadelay"), 9);
-    defaults::write({{"vexadelay", 3.0}});
+    EXPECT_EQ(defaults::read().delayInSeconds, 9);
+    defaults::write({.delayInSeconds = 3});
     EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=9\n");
 }
 
@@ -141,8 +126,8 @@ TEST_F(UserDefaults, AFileThatMayNotBeReadCountsAsEmptyAndKeepsItsContent) {
     ASSERT_TRUE(QFile::setPermissions(path(), {}));
     {
         const WithoutPrivileges user(home.path());
-        EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
-        defaults::write({{"vexadelay", 3.0}});
+        EXPECT_EQ(defaults::read().delayInSeconds, std::nullopt);
+        defaults::write({.delayInSeconds = 3});
     }
     ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner));
     EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=9\n");
@@ -150,18 +135,18 @@ TEST_F(UserDefaults, AFileThatMayNotBeReadCountsAsEmptyAndKeepsItsContent) {
 
 TEST_F(UserDefaults, ADirectoryInPlaceOfTheFileCountsAsEmptyAndStays) {
     ASSERT_TRUE(QDir().mkpath(path()));
-    EXPECT_EQ(defaults::number("vexadelay"), std::nullopt);
-    defaults::write({{"vexadelay", 3.0}});
+    EXPECT_EQ(defaults::read().delayInSeconds, std::nullopt);
+    defaults::write({.delayInSeconds = 3});
     EXPECT_TRUE(QFileInfo(path()).isDir());
 }
 
 TEST_F(UserDefaults, APipeInPlaceOfTheFileCountsAsEmptyAndStays) {
     QDir().mkpath(QFileInfo(path()).path());
     ASSERT_EQ(mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
-    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
-    EXPECT_EQ(defaults::texts(defaults::recentFilesKey), QStringList());
-    defaults::write({{"vexadelay", 3.0}});
-    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
+    EXPECT_EQ(defaults::read().delayInSeconds, std::nullopt);
+    EXPECT_EQ(defaults::read().recentFiles, std::nullopt);
+    defaults::write({.delayInSeconds = 3});
+    EXPECT_EQ(defaults::read().delayInSeconds, std::nullopt);
     EXPECT_TRUE(QFile::exists(path()) && !QFileInfo(path()).isFile());
 }
 
@@ -169,28 +154,28 @@ TEST_F(UserDefaults, AFileOfFiftyMegabytesCountsAsEmptyAndIsPutAsideForANewOne) 
     const QByteArray line = "key=" + QByteArray(95, 'x') + '\n';
     const QByteArray huge = "[General]\nvexadelay=9\n" + line.repeated(500'000);
     writeFile(huge);
-    EXPECT_EQ(defaults::number(defaults::delayKey), std::nullopt);
-    defaults::write({{"vexadelay", 3.0}});
-    EXPECT_EQ(defaults::number(defaults::delayKey), 3);
+    EXPECT_EQ(defaults::read().delayInSeconds, std::nullopt);
+    defaults::write({.delayInSeconds = 3});
+    EXPECT_EQ(defaults::read().delayInSeconds, 3);
     EXPECT_EQ(contentOf(copyPath()), huge);
     EXPECT_LT(QFileInfo(path()).size(), 1000);
 }
 
 TEST_F(UserDefaults, AreNobodyElsesBusiness) {
     const auto before = umask(0);
-    defaults::setTexts(defaults::recentFilesKey, {QStringLiteral("/reels/secret.vexaB")});
+    defaults::write({.recentFiles = QStringList(QStringLiteral("/reels/secret.vexaB"))});
     umask(before);
     EXPECT_TRUE(isPrivate(path()));
 
     ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner |
                                                   QFile::ReadGroup | QFile::ReadOther));
-    defaults::write({{"vexadelay", 3.0}});
+    defaults::write({.delayInSeconds = 3});
     EXPECT_TRUE(isPrivate(path()));
 
     writeFile("no settings\n");
     ASSERT_TRUE(QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner |
                                                   QFile::ReadGroup | QFile::ReadOther));
-    defaults::write({{"vexadelay", 3.0}});
+    defaults::write({.delayInSeconds = 3});
     EXPECT_TRUE(isPrivate(path()));
     EXPECT_TRUE(isPrivate(copyPath()));
 }
@@ -199,21 +184,21 @@ TEST_F(UserDefaults, AFileInPlaceOfTheDirectoryStays) {
     const auto directory = QFileInfo(path()).path();
     QFile file(directory);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    defaults::write({{"vexadelay", 3.0}});
+    defaults::write({.delayInSeconds = 3});
     EXPECT_TRUE(QFileInfo(directory).isFile());
 }
 
 TEST_F(UserDefaults, AFileOnAFullDiskKeepsItsContent) {
     const QByteArray before = "[General]\nother=" + QByteArray(1000, 'x') + "\nvexadelay=9\n";
     writeFile(before);
-    for (const rlim_t room : {1, 500, 1100}) {
+    for (const rlim_t room : {1, 500, 1040}) {
         const FileSizeLimit limit(room);
-        defaults::write({{"vexadefaultrate", 3.0}});
+        defaults::write({.defaultFrameRate = 3});
         EXPECT_EQ(contentOf(path()), before) << room;
     }
     EXPECT_EQ(QDir(QFileInfo(path()).path()).entryList(QDir::Files).size(), 1);
-    defaults::write({{"vexadelay", 3.0}});
-    EXPECT_EQ(defaults::number("vexadelay"), 3);
+    defaults::write({.delayInSeconds = 3});
+    EXPECT_EQ(defaults::read().delayInSeconds, 3);
 }
 
 TEST_F(UserDefaults, AProgramThatHoldsTheFileForeverIsNotWaitedFor) {
@@ -223,31 +208,41 @@ TEST_F(UserDefaults, AProgramThatHoldsTheFileForeverIsNotWaitedFor) {
     ASSERT_TRUE(other.lock());
     QElapsedTimer time;
     time.start();
-    defaults::write({{"vexadelay", 3.0}});
+    defaults::write({.delayInSeconds = 3});
     EXPECT_LT(time.elapsed(), 5000) << "milliseconds";
-    EXPECT_EQ(defaults::number("vexadelay"), 9);
+    EXPECT_EQ(defaults::read().delayInSeconds, 9);
     EXPECT_EQ(contentOf(path()), before);
     other.unlock();
-    defaults::write({{"vexadelay", 3.0}});
-    EXPECT_EQ(defaults::number("vexadelay"), 3);
+    defaults::write({.delayInSeconds = 3});
+    EXPECT_EQ(defaults::read().delayInSeconds, 3);
 }
 
 TEST_F(UserDefaults, ProgramsThatWriteAtOnceLoseNothing) {
     constexpr int times = 50;
-    const char* const keys[] = {"vexadelay", "vexadefaultrate", "vexamididest"};
+    const auto each = [](int setting, int value) -> Preferences {
+        switch (setting) {
+        case 0:
+            return {.delayInSeconds = value};
+        case 1:
+            return {.midiDestination = value};
+        default:
+            return {.columnWidths = {{QStringLiteral("vexareel"), value}}};
+        }
+    };
+    Preferences last;
     std::vector<pid_t> programs;
-    for (const auto* key : keys) {
+    for (int setting = 0; setting < 3; ++setting) {
         programs.push_back(fork());
         if (programs.back() == 0) {
             for (int i = 1; i <= times; ++i)
-                defaults::setInteger(key, i);
+                defaults::write(each(setting, i));
             _exit(0);
         }
+        append(last, each(setting, times));
     }
     for (const auto program : programs)
         waitpid(program, nullptr, 0);
-    for (const auto* key : keys)
-        EXPECT_EQ(defaults::integer(key), times) << key;
+    EXPECT_EQ(defaults::read(), last);
 }
 
 } // namespace

@@ -153,9 +153,7 @@ struct StartUpOrder : testing::Test {
 };
 
 TEST_F(StartUpOrder, IsFixed) {
-    defaults::write({{defaults::midiDestinationKey, 77LL},
-                     {defaults::frameRateKey, 3LL},
-                     {defaults::syncTypeKey, 1LL}});
+    defaults::write({.defaultFrameRate = 3, .defaultSyncType = 1, .midiDestination = 77});
     EXPECT_THAT(startUp(),
                 ElementsAre("item: ", "box: " + stopFrame, "box: " + stopFrame,
                             // The built-in rate
@@ -172,14 +170,14 @@ TEST_F(StartUpOrder, IsFixed) {
 }
 
 TEST_F(StartUpOrder, ARememberedDestinationThatIsGoneCostsAMessageToNone) {
-    defaults::setInteger(defaults::midiDestinationKey, 5);
+    defaults::write({.midiDestination = 5});
     const auto entries = startUp();
     EXPECT_THAT(std::span(entries).first(3),
                 ElementsAre("item: ", "nowhere: " + stopFrame, "box: " + stopFrame));
 }
 
 TEST_F(StartUpOrder, WithFskNoRateIsSelected) {
-    defaults::setInteger(defaults::syncTypeKey, 2);
+    defaults::write({.defaultSyncType = 2});
     const auto entries = startUp();
     EXPECT_THAT(std::span(entries).subspan(13, 4),
                 ElementsAre("rate: 2", "types: select 2", "rates: off", "rates: disable"));

@@ -33,10 +33,10 @@ TEST_F(StartUp, AFirstLaunchShowsTheBuiltInDefaults) {
 }
 
 TEST_F(StartUp, TheStoredDefaultsAreMadeCurrent) {
-    defaults::write({{defaults::delayKey, 7.9}});
-    defaults::setInteger(defaults::frameRateKey, 1);
-    defaults::setInteger(defaults::syncTypeKey, 2);
-    defaults::write({{defaults::pauseForReelKey, false}});
+    defaults::write({.delayInSeconds = 7.9,
+                     .defaultFrameRate = 1,
+                     .defaultSyncType = 2,
+                     .pauseForReelChange = false});
     const ControllerRig rig;
     EXPECT_EQ(rig.controller.delayInSeconds(), 7.9);
     EXPECT_EQ(rig.controller.frameRate(), rate::fps25);
@@ -47,8 +47,7 @@ TEST_F(StartUp, TheStoredDefaultsAreMadeCurrent) {
 }
 
 TEST_F(StartUp, StoredCodesAreTakenWhateverTheyAre) {
-    defaults::setInteger(defaults::frameRateKey, 77);
-    defaults::setInteger(defaults::syncTypeKey, -1);
+    defaults::write({.defaultFrameRate = 77, .defaultSyncType = ~std::uint64_t{0}});
     const ControllerRig rig;
     EXPECT_EQ(rig.controller.frameRate(), 77u);
     EXPECT_EQ(rig.controller.frameInterval(), 1.0 / 30);
@@ -92,7 +91,7 @@ TEST_F(StartUp, SendsOneStopToTheFirstDestinationAndAnotherToARememberedOne) {
     midi.addDestination("Box", 77);
     for (const bool remembered : {false, true}) {
         if (remembered)
-            defaults::setInteger(defaults::midiDestinationKey, 77);
+            defaults::write({.midiDestination = 77});
         Vexa_MIDI_Manager::setMidiSystem(&midi);
         PlainOutlets ui;
         Vexa_RemoteAppDelegate controller(ui.outlets(alerts), runLoop);

@@ -58,13 +58,13 @@ TEST_F(Manager, WithNothingRememberedTakesTheFirstAndSendsNothing) {
     EXPECT_EQ(shared().dest(), first);
     EXPECT_EQ(shared().destID(), 11);
     EXPECT_THAT(system.takeSent(), IsEmpty());
-    EXPECT_FALSE(defaults::integer(defaults::midiDestinationKey)) << "a fallback is not remembered";
+    EXPECT_FALSE(defaults::read().midiDestination) << "a fallback is not remembered";
 }
 
 TEST_F(Manager, TakesUpTheRememberedOneAndStopsItOnce) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", -12);
-    defaults::setInteger(defaults::midiDestinationKey, -12);
+    defaults::write({.midiDestination = -12});
     EXPECT_EQ(shared().dest(), second);
     EXPECT_EQ(shared().destID(), -12);
     EXPECT_THAT(system.takeSent(), ElementsAre(Sent{second, stop}));
@@ -75,24 +75,24 @@ TEST_F(Manager, TakesUpTheRememberedOneUnderTheIDItHasNow) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", 12);
     system.object(second).earlierId = 99;
-    defaults::setInteger(defaults::midiDestinationKey, 99);
+    defaults::write({.midiDestination = 99});
     EXPECT_EQ(shared().dest(), second);
     EXPECT_EQ(shared().destID(), 12);
     EXPECT_EQ(shared().indexOfDestination(), 1);
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 99);
+    EXPECT_EQ(defaults::read().midiDestination, 99);
 }
 
 TEST_F(Manager, WhenTheRememberedOneIsGoneTakesTheFirstAndKeepsTheMemory) {
     const auto first = system.addDestination("A", 11);
-    defaults::setInteger(defaults::midiDestinationKey, 99);
+    defaults::write({.midiDestination = 99});
     EXPECT_EQ(shared().dest(), first);
     EXPECT_EQ(shared().destID(), 11);
     EXPECT_THAT(system.takeSent(), ElementsAre(Sent{0, stop})) << "the stop reaches no device";
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 99);
+    EXPECT_EQ(defaults::read().midiDestination, 99);
 }
 
 TEST_F(Manager, WhenTheRememberedOneIsGoneAndThereIsNoOtherHasNone) {
-    defaults::setInteger(defaults::midiDestinationKey, 99);
+    defaults::write({.midiDestination = 99});
     EXPECT_EQ(shared().dest(), 0u);
     EXPECT_EQ(shared().destID(), 0);
 }
@@ -100,7 +100,7 @@ TEST_F(Manager, WhenTheRememberedOneIsGoneAndThereIsNoOtherHasNone) {
 TEST_F(Manager, WhatIsSentBeforeTheSystemIsReachedGoesOutThenAndInOrder) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", 12);
-    defaults::setInteger(defaults::midiDestinationKey, 12);
+    defaults::write({.midiDestination = 12});
     system.beOutOfReach();
     shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::dtl);
     EXPECT_EQ(shared().dest(), 0u);
@@ -141,7 +141,7 @@ TEST_F(Manager, ConfirmingAnEmptyListWritesTheOldIDBack) {
     system.unplug(box);
     shared().connectToDestinationAtIndex(-1);
     shared().writePrefs();
-    EXPECT_EQ(defaults::integer(defaults::midiDestinationKey), 11);
+    EXPECT_EQ(defaults::read().midiDestination, 11);
 }
 
 TEST_F(Manager, PositionsAreThoseOfTheListLastAskedFor) {

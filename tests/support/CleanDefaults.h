@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QSettings>
+#include <QFile>
+#include <QStandardPaths>
 
 namespace vexa::test {
 
@@ -13,9 +14,8 @@ struct CleanDefaults {
 
 private:
     static void clear() {
-        QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vexa-remote"),
-                  QStringLiteral("vexa-remote"))
-            .clear();
+        QFile::remove(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                      QStringLiteral("/vexa-remote/vexa-remote.ini"));
     }
 };
 
