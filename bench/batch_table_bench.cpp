@@ -26,7 +26,7 @@ constexpr std::uint64_t rows = 100'000;
 struct Window {
     Window() {
         controller.applicationDidFinishLaunching();
-        window.connectTo(controller);
+        window.connectTo(controller, Vexa_MIDI_Manager::sharedMidiManager());
         BatchItems items;
         for (std::uint64_t row = 0; row < rows; ++row)
             items.push_back(std::make_shared<BatchItem>(

@@ -71,7 +71,7 @@ int main(int argc, char* argv[]) {
     MainWindow window;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
-    window.connectTo(controller);
+    window.connectTo(controller, Vexa_MIDI_Manager::sharedMidiManager());
     window.show();
     controller.handleStripeMenuItems(transport::playing);
     runFor(runLoop, RunLoop::Seconds(1)); // until the window has come to rest

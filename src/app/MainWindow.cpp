@@ -77,7 +77,7 @@ void MainWindow::makeOutlets() {
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
+void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller, Vexa_MIDI_Manager& midiManager) {
     using Controller = Vexa_RemoteAppDelegate;
     m_controller = &controller;
     const auto* ui = m_ui.get();
@@ -95,7 +95,7 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller) {
             &Controller::handleStopTimeButton);
     connect(ui->stopTimeCheck, &QAbstractButton::clicked, &controller,
             &Controller::handleStopTimeCheck);
-    m_prefsController.setOwner(controller);
+    m_prefsController.setOwner(controller, midiManager);
     connectBatchControlsTo(controller);
     new MainMenu(*menuBar(), controller, m_recentFiles);
 }

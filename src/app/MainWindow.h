@@ -31,9 +31,10 @@ public:
 
     const Outlets& outlets() const { return *m_outlets; }
 
-    /// Leads the actions of the controls and menus to the controller, which must be there as long
-    /// as the window is used. Call once, when the controller has started up.
-    void connectTo(Vexa_RemoteAppDelegate& controller);
+    /// Leads the actions of the controls and menus to the controller, and the choice of the
+    /// destination to the manager. Both must be there as long as the window is used. Call once,
+    /// when the controller has started up.
+    void connectTo(Vexa_RemoteAppDelegate& controller, Vexa_MIDI_Manager& midiManager);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

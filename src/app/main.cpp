@@ -55,14 +55,17 @@ int listDestinations(MidiSystem& system) {
     return 0;
 }
 
-/// Makes that system the one to use and, once it has been reached, the destination that was asked
-/// for; or else has told what was wrong.
-void takeUp(MidiSystem& system, const CommandLine& line,
-            const std::function<void(const QString& fault)>& onFault) {
+Vexa_MIDI_Manager& managerOf(MidiSystem& system) {
     Vexa_MIDI_Manager::setMidiSystem(&system);
+    return Vexa_MIDI_Manager::sharedMidiManager();
+}
+
+/// Connects, once the system has been reached, to the destination that was asked for; or else has
+/// told what was wrong.
+void chooseDestination(MidiSystem& system, Vexa_MIDI_Manager& manager, const CommandLine& line,
+                       const std::function<void(const QString& fault)>& onFault) {
     if (!line.destination)
         return;
-    auto& manager = Vexa_MIDI_Manager::sharedMidiManager();
     system.whenReached([&system, &manager, name = *line.destination, onFault] {
         const auto found = destinationNamed(name, system);
         if (const auto* error = std::get_if<CommandLineError>(&found))
@@ -103,8 +106,9 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     const auto system = opening.get();
     if (!system)
         return 0;
+    auto& manager = managerOf(*system);
     int failure = 0;
-    takeUp(*system, line, [&failure](const QString& fault) {
+    chooseDestination(*system, manager, line, [&failure](const QString& fault) {
         failure = refuse(fault);
         QCoreApplication::exit(failure); // where the window is there by then
     });
@@ -113,7 +117,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     TimerfdRunLoop runLoop;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
-    window.connectTo(controller);
+    window.connectTo(controller, manager);
     const DesktopRequests desktop(window, controller, service);
     // Whoever sends a signal answers no question about an unsaved list, as quit() would ask.
     const TerminationSignals signals([] { QCoreApplication::exit(); });
@@ -132,9 +136,11 @@ int runInTerminal(const CommandLine& line) {
     system->numberOfDestinations(); // nothing else is to be done meanwhile: it is waited for
     if (!stripes)
         return listDestinations(*system);
+    auto& manager = managerOf(*system);
     int failure = 0;
-    takeUp(*system, line, [&failure](const QString& fault) { failure = refuse(fault); });
-    return failure != 0 ? failure : stripeInTerminal(line, *system);
+    chooseDestination(*system, manager, line,
+                      [&failure](const QString& fault) { failure = refuse(fault); });
+    return failure != 0 ? failure : stripeInTerminal(line, *system, manager);
 }
 
 bool hasDisplay() {

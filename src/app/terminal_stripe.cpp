@@ -36,7 +36,7 @@ std::string codes(const Vexa_RemoteAppDelegate& controller) {
 /// The controller with a terminal for its window.
 class TerminalStripe {
 public:
-    TerminalStripe() {
+    explicit TerminalStripe(Vexa_MIDI_Manager& midiManager) : m_midiManager(midiManager) {
         m_controller.applicationDidFinishLaunching();
         QObject::connect(&m_controller.run(), &StripeRun::itemTaken, &m_controller,
                          [this] { showItem(m_controller.run().progress().item); });
@@ -72,7 +72,7 @@ public:
             Qt::QueuedConnection);
         // The list comes after all that was sent before it: by then the way to the generator is
         // open, and it starts when the clock does.
-        Vexa_MIDI_Manager::sharedMidiManager().destinationList();
+        m_midiManager.destinationList();
         m_controller.handleStripeMenuItems(transport::playing);
         const int result = QCoreApplication::exec();
         m_clock.setHeading({});
@@ -115,6 +115,7 @@ private:
         m_countdown.start(m_controller.delayInSeconds());
     }
 
+    Vexa_MIDI_Manager& m_midiManager;
     SilentOutlets m_outlets;
     TerminalClock m_clock;
     TerminalAlerts m_alerts;
@@ -125,15 +126,15 @@ private:
 
 } // namespace
 
-int stripeInTerminal(const CommandLine& line, MidiSystem& system) {
-    const auto destination = Vexa_MIDI_Manager::sharedMidiManager().dest();
+int stripeInTerminal(const CommandLine& line, MidiSystem& system, Vexa_MIDI_Manager& midiManager) {
+    const auto destination = midiManager.dest();
     const bool isExpected = destination || (line.midi && !line.midi->hasDestinations);
     if (!isExpected)
         complain(QStringLiteral("there is no MIDI destination: nothing will be sent"));
     else
         std::printf("Destination: %s\n",
                     destination ? printable(destinationName(system, destination)).c_str() : "none");
-    TerminalStripe stripe;
+    TerminalStripe stripe(midiManager);
     stripe.setUp(line);
     return stripe.run(isExpected ? 0 : noDestination);
 }

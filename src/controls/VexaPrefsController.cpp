@@ -56,12 +56,14 @@ void addCode(QComboBox& popup, std::string_view name, std::uint64_t code) {
 
 std::int64_t selectedTag(const QComboBox& popup) { return popup.currentData().toLongLong(); }
 
-Vexa_MIDI_Manager& midiManager() { return Vexa_MIDI_Manager::sharedMidiManager(); }
-
 } // namespace
 
-VexaPrefsController::VexaPrefsController(QWidget& window)
-    : m_prefsPanel(&window), m_ui(std::make_unique<Ui::PreferencesPanel>()) {
+VexaPrefsController::VexaPrefsController(QWidget& window, Vexa_RemoteAppDelegate& owner,
+                                         Vexa_MIDI_Manager& midiManager)
+    : m_prefsPanel(&window),
+      m_ui(std::make_unique<Ui::PreferencesPanel>()),
+      m_owner(owner),
+      m_midiManager(midiManager) {
     m_ui->setupUi(&m_prefsPanel);
     for (const auto& rate : frameRates)
         addCode(*m_ui->defaultFrameRatePopup, rate.name, rate.code);
@@ -100,37 +102,36 @@ void VexaPrefsController::showPreferences() {
 }
 
 void VexaPrefsController::okPrefsWindow() {
-    if (!m_owner->waitingForReelChange())
+    if (!m_owner.waitingForReelChange())
         m_prefsPanel.done(QDialog::Accepted);
 }
 
 void VexaPrefsController::fillPanel() {
-    const auto delay = saturated<std::int64_t>(m_owner->delayInSeconds());
+    const auto delay = saturated<std::int64_t>(m_owner.delayInSeconds());
     m_ui->delayField->setText(QString::number(delay));
     m_ui->delayField->selectAll();
     m_ui->delayField->setFocus();
-    m_ui->pauseForReelChangeCheck->setChecked(m_owner->pauseForReelChange());
+    m_ui->pauseForReelChangeCheck->setChecked(m_owner.pauseForReelChange());
     preparePopup(*m_ui->defaultFrameRatePopup,
-                 static_cast<std::int64_t>(m_owner->defaultFrameRate()));
-    preparePopup(*m_ui->defaultSyncTypePopup,
-                 static_cast<std::int64_t>(m_owner->defaultSyncType()));
+                 static_cast<std::int64_t>(m_owner.defaultFrameRate()));
+    preparePopup(*m_ui->defaultSyncTypePopup, static_cast<std::int64_t>(m_owner.defaultSyncType()));
     m_choice.reset();
-    m_names = midiManager().destinationList();
-    m_ids = midiManager().destinationIDs();
+    m_names = m_midiManager.destinationList();
+    m_ids = m_midiManager.destinationIDs();
     updateMidiPortPopup(*m_ui->midiOutPopup, m_names, indexOfChoice());
 }
 
 void VexaPrefsController::apply() {
-    midiManager().connectToDestinationAtIndex(m_ui->midiOutPopup->currentIndex());
-    midiManager().writePrefs();
-    m_owner->setDelayInSeconds(static_cast<double>(delayFieldValue()));
-    m_owner->setPauseForReelChange(m_ui->pauseForReelChangeCheck->checkState() == Qt::Checked);
-    m_owner->setDefaultFrameRate(
+    m_midiManager.connectToDestinationAtIndex(m_ui->midiOutPopup->currentIndex());
+    m_midiManager.writePrefs();
+    m_owner.setDelayInSeconds(static_cast<double>(delayFieldValue()));
+    m_owner.setPauseForReelChange(m_ui->pauseForReelChangeCheck->checkState() == Qt::Checked);
+    m_owner.setDefaultFrameRate(
         static_cast<std::uint64_t>(selectedTag(*m_ui->defaultFrameRatePopup)));
-    m_owner->setDefaultSyncType(
+    m_owner.setDefaultSyncType(
         static_cast<std::uint64_t>(selectedTag(*m_ui->defaultSyncTypePopup)));
-    m_owner->setFrameAndSyncFromDefaults();
-    m_owner->writePrefs();
+    m_owner.setFrameAndSyncFromDefaults();
+    m_owner.writePrefs();
 }
 
 void VexaPrefsController::preparePopup(QComboBox& popup, std::int64_t selectedItemTag) {
@@ -160,8 +161,8 @@ void VexaPrefsController::followDestinations() {
         return;
     if (const int shown = popup.currentIndex(); shown >= 0)
         m_choice = m_ids[static_cast<std::size_t>(shown)];
-    auto names = midiManager().destinationList();
-    auto ids = midiManager().destinationIDs();
+    auto names = m_midiManager.destinationList();
+    auto ids = m_midiManager.destinationIDs();
     if (names == m_names && ids == m_ids)
         return;
     m_names = std::move(names);
@@ -171,7 +172,7 @@ void VexaPrefsController::followDestinations() {
 
 std::int32_t VexaPrefsController::indexOfChoice() const {
     if (!m_choice)
-        return m_ids.empty() ? -1 : midiManager().indexOfDestination();
+        return m_ids.empty() ? -1 : m_midiManager.indexOfDestination();
     const auto found = std::ranges::find(m_ids, *m_choice);
     return found == m_ids.end() ? -1 : static_cast<std::int32_t>(found - m_ids.begin());
 }

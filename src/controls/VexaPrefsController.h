@@ -19,18 +19,18 @@ class PreferencesPanel;
 
 namespace vexa {
 
+class Vexa_MIDI_Manager;
 class Vexa_RemoteAppDelegate;
 
 /// The preferences panel. While it is shown, its list of MIDI destinations follows what is plugged
 /// in; the operator's choice stays with its device, and is none while that is away.
 class VexaPrefsController final : public PrefsPanel {
 public:
-    /// The panel stands over the window.
-    explicit VexaPrefsController(QWidget& window);
+    /// The panel stands over the window. The settings live in the owner, the choice of the
+    /// destination in the manager. All of them must outlive this.
+    VexaPrefsController(QWidget& window, Vexa_RemoteAppDelegate& owner,
+                        Vexa_MIDI_Manager& midiManager);
     ~VexaPrefsController() override;
-
-    /// Where the settings live. Call before the panel is first shown; the owner must outlive this.
-    void setOwner(Vexa_RemoteAppDelegate& owner) { m_owner = &owner; }
 
     /// Fills the panel from the owner and the MIDI manager, and applies and stores what the
     /// operator confirms, changed or not. Timers and messages go on meanwhile.
@@ -60,7 +60,8 @@ private:
 
     QDialog m_prefsPanel;
     std::unique_ptr<Ui::PreferencesPanel> m_ui;
-    Vexa_RemoteAppDelegate* m_owner = nullptr;
+    Vexa_RemoteAppDelegate& m_owner;
+    Vexa_MIDI_Manager& m_midiManager;
     std::vector<std::string> m_names; ///< of the destinations in the list
     std::vector<MidiUniqueId> m_ids;  ///< of the same
     /// The destination that is selected or, while there is none, was selected last.

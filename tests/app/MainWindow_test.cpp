@@ -26,7 +26,7 @@ struct Window : testing::Test {
     Window() {
         Vexa_MIDI_Manager::setMidiSystem(&midi);
         controller.applicationDidFinishLaunching();
-        window.connectTo(controller);
+        window.connectTo(controller, Vexa_MIDI_Manager::sharedMidiManager());
         window.show();
     }
     ~Window() override { Vexa_MIDI_Manager::setMidiSystem(nullptr); }

@@ -108,7 +108,7 @@ TEST(UserGuide, ListsTheShortcutsOfAllCommands) {
     MainWindow window;
     Vexa_RemoteAppDelegate controller(window.outlets(), runLoop);
     controller.applicationDidFinishLaunching();
-    window.connectTo(controller);
+    window.connectTo(controller, Vexa_MIDI_Manager::sharedMidiManager());
 
     std::set<Row> commands;
     for (const auto* menu : window.menuBar()->actions())

@@ -23,8 +23,6 @@ inline void PrintTo(const FakeMidiSystem::Sent& sent, std::ostream* out) {
 
 /// The panel, operated while it is shown. The one MIDI destination is the rig's, "Timecode Box".
 struct PreferencesTest : testing::Test {
-    PreferencesTest() { prefs.setOwner(rig.controller); }
-
     /// Shows the panel, and cancels it when it was operated and is still there.
     void show(const std::function<void()>& operate) {
         bool operated = false;
@@ -89,7 +87,7 @@ struct PreferencesTest : testing::Test {
     CleanDefaults clean;
     ControllerRig rig;
     QWidget window;
-    VexaPrefsController prefs{window};
+    VexaPrefsController prefs{window, rig.controller, Vexa_MIDI_Manager::sharedMidiManager()};
 };
 
 } // namespace vexa::test
