@@ -7,11 +7,11 @@
 namespace vexa {
 
 namespace {
-MidiChoice midiChoice(const std::string& name) {
+GeneratorMidi midiNamed(const std::string& name) {
     if (name == "alsa")
-        return MidiChoice::Alsa;
+        return GeneratorMidi::Alsa;
     if (name == "jack")
-        return MidiChoice::Jack;
+        return GeneratorMidi::Jack;
     throw std::invalid_argument("--midi takes alsa or jack, not '" + name + "'");
 }
 
@@ -26,8 +26,8 @@ double level(const std::string& text) {
 }
 } // namespace
 
-CommandLine readCommandLine(const std::vector<std::string>& arguments) {
-    CommandLine commandLine;
+GeneratorCommandLine readCommandLine(const std::vector<std::string>& arguments) {
+    GeneratorCommandLine commandLine;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         const auto equals = argument->find('=');
         const auto name = argument->substr(0, equals);
@@ -39,7 +39,7 @@ CommandLine readCommandLine(const std::vector<std::string>& arguments) {
             return *++argument;
         };
         if (name == "--midi")
-            commandLine.midi = midiChoice(value());
+            commandLine.midi = midiNamed(value());
         else if (name == "--log")
             commandLine.logFile = value();
         else if (name == "--level")
@@ -47,9 +47,9 @@ CommandLine readCommandLine(const std::vector<std::string>& arguments) {
         else if (name == "--connect")
             commandLine.output.connections.push_back(value());
         else if (*argument == "--help")
-            commandLine.action = CommandLine::Action::Help;
+            commandLine.action = GeneratorCommandLine::Action::Help;
         else if (*argument == "--version")
-            commandLine.action = CommandLine::Action::Version;
+            commandLine.action = GeneratorCommandLine::Action::Version;
         else
             throw std::invalid_argument("unknown argument '" + *argument + "'");
     }

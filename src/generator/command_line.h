@@ -8,21 +8,21 @@
 
 namespace vexa {
 
-enum class MidiChoice { Automatic, Alsa, Jack };
+enum class GeneratorMidi { Automatic, Alsa, Jack };
 
 /// What the program was asked to do.
-struct CommandLine {
+struct GeneratorCommandLine {
     enum class Action { Run, Help, Version };
 
     Action action = Action::Run;
-    MidiChoice midi = MidiChoice::Automatic;
+    GeneratorMidi midi = GeneratorMidi::Automatic;
     std::optional<std::string> logFile; ///< a path
     OutputOptions output;
 };
 
 /// Reads the arguments that follow the program's name; of an option given twice the last counts,
 /// but for connections, which add up. Throws std::invalid_argument with a message for the user.
-CommandLine readCommandLine(const std::vector<std::string>& arguments);
+GeneratorCommandLine readCommandLine(const std::vector<std::string>& arguments);
 
 /// What --help prints.
 std::string helpText();

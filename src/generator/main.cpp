@@ -36,22 +36,22 @@ int endSignals() {
     return signalfd(-1, &signals, SFD_CLOEXEC);
 }
 
-std::vector<System> systemsFor(MidiChoice choice, const OutputOptions& output) {
+std::vector<System> systemsFor(GeneratorMidi choice, const OutputOptions& output) {
     const System alsa{"ALSA", "the ALSA sequencer does not open",
                       [output] { return openAlsaUnit(output); }};
     const System jack{"JACK", "no JACK server is running",
                       [output] { return openJackUnit(output); }};
     switch (choice) {
-    case MidiChoice::Alsa:
+    case GeneratorMidi::Alsa:
         return {alsa};
-    case MidiChoice::Jack:
+    case GeneratorMidi::Jack:
         return {jack};
     default:
         return {alsa, jack};
     }
 }
 
-int run(const CommandLine& commandLine) {
+int run(const GeneratorCommandLine& commandLine) {
     std::ofstream copy; // swallows what it is given unless it is opened
     if (commandLine.logFile) {
         copy.open(*commandLine.logFile, std::ios::app);
@@ -76,13 +76,13 @@ int main(int argc, char* argv[]) {
     try {
         const auto commandLine = readCommandLine({argv + 1, argv + argc});
         switch (commandLine.action) {
-        case CommandLine::Action::Help:
+        case GeneratorCommandLine::Action::Help:
             std::cout << helpText();
             return EXIT_SUCCESS;
-        case CommandLine::Action::Version:
+        case GeneratorCommandLine::Action::Version:
             std::cout << "vexa-generator " VEXA_VERSION "\n";
             return EXIT_SUCCESS;
-        case CommandLine::Action::Run:
+        case GeneratorCommandLine::Action::Run:
             break;
         }
         return run(commandLine);

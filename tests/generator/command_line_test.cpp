@@ -11,15 +11,15 @@ namespace {
 
 TEST(CommandLine, RunsOnWhateverMidiThereIsByDefault) {
     const auto commandLine = readCommandLine({});
-    EXPECT_EQ(commandLine.action, CommandLine::Action::Run);
-    EXPECT_EQ(commandLine.midi, MidiChoice::Automatic);
+    EXPECT_EQ(commandLine.action, GeneratorCommandLine::Action::Run);
+    EXPECT_EQ(commandLine.midi, GeneratorMidi::Automatic);
     EXPECT_EQ(commandLine.logFile, std::nullopt);
 }
 
 TEST(CommandLine, TakesValuesInEitherForm) {
-    EXPECT_EQ(readCommandLine({"--midi", "alsa"}).midi, MidiChoice::Alsa);
+    EXPECT_EQ(readCommandLine({"--midi", "alsa"}).midi, GeneratorMidi::Alsa);
     const auto commandLine = readCommandLine({"--log=a file", "--midi=jack"});
-    EXPECT_EQ(commandLine.midi, MidiChoice::Jack);
+    EXPECT_EQ(commandLine.midi, GeneratorMidi::Jack);
     EXPECT_EQ(commandLine.logFile, "a file");
 }
 
@@ -33,9 +33,9 @@ TEST(CommandLine, TakesALevelAndConnections) {
 }
 
 TEST(CommandLine, HelpAndVersionAreActions) {
-    EXPECT_EQ(readCommandLine({"--help"}).action, CommandLine::Action::Help);
+    EXPECT_EQ(readCommandLine({"--help"}).action, GeneratorCommandLine::Action::Help);
     EXPECT_EQ(readCommandLine({"--midi", "jack", "--version"}).action,
-              CommandLine::Action::Version);
+              GeneratorCommandLine::Action::Version);
 }
 
 struct Mistake {
