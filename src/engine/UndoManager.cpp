@@ -41,13 +41,9 @@ private:
 };
 
 UndoManager::UndoManager(QObject* parent) : QObject(parent) {
-    connect(&m_stack, &QUndoStack::indexChanged, this, &UndoManager::changed);
     if (auto* application = QCoreApplication::instance())
         application->installEventFilter(this);
 }
-
-// A stack that goes down says that it is cleared; the owner of this is half gone by then.
-UndoManager::~UndoManager() { m_stack.disconnect(this); }
 
 UndoManager::Group& UndoManager::openGroup() {
     if (!m_open) {
@@ -64,7 +60,8 @@ void UndoManager::registerUndo(std::function<void()> inverse) {
 
 void UndoManager::setActionName(const QString& name) {
     openGroup().setText(name);
-    Q_EMIT changed();
+    if (m_replaying == Replaying::No)
+        Q_EMIT changed();
 }
 
 void UndoManager::undo() { replay(Replaying::Undo, &QUndoStack::undo); }

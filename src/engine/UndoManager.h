@@ -17,11 +17,11 @@ class UndoManager : public QObject {
 
 public:
     explicit UndoManager(QObject* parent = nullptr);
-    ~UndoManager() override;
 
     /// Records the call that takes back the edit just made.
     void registerUndo(std::function<void()> inverse);
-    /// Names the edit for the menu, in title case: "Change Start Time".
+    /// Names the edit for the menu, in title case: "Change Start Time". Call last: outside undo and
+    /// redo, which announce what they changed at their end, this announces the edit.
     void setActionName(const QString& name);
 
     void undo();
@@ -40,7 +40,7 @@ public:
     void endEvent() { m_open = nullptr; }
 
 Q_SIGNALS:
-    /// What can be undone or redone, or its name, is another.
+    /// What can be undone or redone, or its name, is another. Once for each edit, undo and redo.
     void changed();
 
 protected:

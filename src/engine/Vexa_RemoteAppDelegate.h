@@ -183,12 +183,13 @@ private:
     void showItem();
     void showEnd(StripeRun::End how);
     void changeReel(std::uint64_t reel);
+    void fitBatchControls();  // control_enabling.cpp
     void announceFrameRate(); // settings.cpp
     void showSettings(std::uint64_t start, std::uint64_t stop);
     void pushStopTimePastStart(); // settings_edits.cpp
     void registerEdit(const QString& actionName, std::function<void(const QString&)> inverse);
-    /// Makes the change and shows it. Rows that stay in the list stay selected, and the keyboard
-    /// stays with its row.
+    /// Makes the change and shows it; the edit that follows announces it. Rows that stay in the
+    /// list stay selected, and the keyboard stays with its row.
     void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
     bool mayReplaceList(); // document_commands.cpp

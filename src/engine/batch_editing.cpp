@@ -29,7 +29,7 @@ void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change
     table.reloadData();
     table.selectRows(list.rowsOfItems(selected));
     table.moveKeyboardTo(list.rowsOfItems(keyboard));
-    handleBatchControlEnabling();
+    fitBatchControls();
 }
 
 void Vexa_RemoteAppDelegate::handleAddToBatchListButton() {

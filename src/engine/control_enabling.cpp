@@ -5,6 +5,11 @@
 namespace vexa {
 
 void Vexa_RemoteAppDelegate::handleBatchControlEnabling() {
+    fitBatchControls();
+    Q_EMIT stateChanged();
+}
+
+void Vexa_RemoteAppDelegate::fitBatchControls() {
     const bool rowsSelected = m_outlets.batchTable->hasSelectedRows();
     const bool rows = m_batchStripeData.numItems() != 0;
     m_outlets.removeFromBatchButton->setHidden(!rowsSelected);
@@ -19,7 +24,6 @@ void Vexa_RemoteAppDelegate::handleBatchControlEnabling() {
         m_plan.useBatch = false;
         m_outlets.batchCheck->setState(false);
     }
-    Q_EMIT stateChanged();
 }
 
 void Vexa_RemoteAppDelegate::handleFrameRateEnabling() {

@@ -102,7 +102,7 @@ void Vexa_RemoteAppDelegate::openListWithURL(const QString& path) {
 
 void Vexa_RemoteAppDelegate::listReplaced() {
     m_outlets.batchTable->reloadData();
-    handleBatchControlEnabling();
+    fitBatchControls();
     setListTitle();
 }
 

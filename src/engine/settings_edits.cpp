@@ -60,8 +60,7 @@ void Vexa_RemoteAppDelegate::timeChanged(int tag, std::uint64_t entered) {
 void Vexa_RemoteAppDelegate::registerEdit(const QString& actionName,
                                           std::function<void(const QString&)> inverse) {
     m_undoManager.registerUndo([actionName, inverse = std::move(inverse)] { inverse(actionName); });
-    m_undoManager.setActionName(actionName);
-    Q_EMIT stateChanged();
+    m_undoManager.setActionName(actionName); // announces the change of state
 }
 
 void Vexa_RemoteAppDelegate::undo() {

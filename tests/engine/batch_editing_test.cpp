@@ -72,6 +72,20 @@ struct BatchEditing : testing::Test {
     UndoManager& undo = controller.undoManager();
 };
 
+TEST_F(BatchEditing, EachEditIsAnnouncedOnce) {
+    const QSignalSpy changes(&controller, &Vexa_RemoteAppDelegate::stateChanged);
+    addItem(1, "one");
+    EXPECT_EQ(changes.size(), 1);
+    undo.undo();
+    EXPECT_EQ(changes.size(), 2);
+    undo.redo();
+    EXPECT_EQ(changes.size(), 3);
+    select({0});
+    EXPECT_EQ(changes.size(), 4);
+    controller.handleRemoveFromBatchListButton();
+    EXPECT_EQ(changes.size(), 5);
+}
+
 TEST_F(BatchEditing, WithoutAStopTimeNoPanelOpens) {
     int opened = 0;
     rig.ui.addToPanel.answer = [&] { return ++opened, panelConfirmed; };

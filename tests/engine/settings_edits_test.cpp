@@ -1,5 +1,6 @@
 #include "support/ControllerRig.h"
 
+#include <QSignalSpy>
 #include <gmock/gmock.h>
 
 #include <random>
@@ -31,6 +32,26 @@ struct SettingsEdits : testing::Test {
     Vexa_RemoteAppDelegate& controller = rig.controller;
     UndoManager& undo = controller.undoManager();
 };
+
+TEST_F(SettingsEdits, EachIsAnnouncedOnce) {
+    const QSignalSpy changes(&controller, &Vexa_RemoteAppDelegate::stateChanged);
+    int expected = 0;
+    const auto expectOneMore = [&](const char* edit) {
+        EXPECT_EQ(changes.size(), ++expected) << edit;
+    };
+    controller.handleFrameRateMenuItems(rate::fps24);
+    expectOneMore("rate");
+    controller.handleSyncTypeMenuItems(sync::dtl);
+    expectOneMore("type");
+    enter(rig.ui.startTimeButton, "02:00:00:00");
+    expectOneMore("start");
+    controller.handleSetStopTimeMenu();
+    expectOneMore("stop");
+    undo.undo();
+    expectOneMore("undo");
+    undo.redo();
+    expectOneMore("redo");
+}
 
 TEST_F(SettingsEdits, AStartTimeIsTakenAndUndone) {
     enter(rig.ui.startTimeButton, "02:00:00:00");
