@@ -155,8 +155,11 @@ void VexaBatchTableView::storeColumnWidths() {
     // The last column has whatever width the others leave.
     for (int column = 0; column < m_header->count() - 1; ++column) {
         auto& stored = m_storedWidths[static_cast<std::size_t>(column)];
-        if (const int width = m_header->columnWidth(column); width != stored)
-            change.columnWidths[m_model.columnIdentifiers()[column]] = stored = width;
+        const int width = m_header->columnWidth(column);
+        if (width == stored)
+            continue;
+        stored = width;
+        change.columnWidths[m_model.columnIdentifiers()[column]] = width;
     }
     if (!change.columnWidths.empty())
         defaults::write(change);

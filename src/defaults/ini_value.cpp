@@ -43,7 +43,7 @@ private:
         QByteArray text;
         qsizetype kept = 0; // blanks at the end of what is not quoted do not count
         bool inQuotes = false;
-        for (; !m_rest.empty() && (inQuotes || m_rest.front() != ',');) {
+        while (!m_rest.empty() && (inQuotes || m_rest.front() != ',')) {
             const char c = m_rest.front();
             m_rest.remove_prefix(1);
             if (c == '"')

@@ -29,6 +29,8 @@ private:
 
     void process(jack_nframes_t samples) override;
     void order(Order order);
+    /// Whether m_next holds the order that is due next.
+    bool hasNext();
 
     const double m_level;
     unsigned m_xrunsBefore = 0; ///< the run
@@ -58,12 +60,18 @@ void JackLtc::order(Order order) {
     m_orders.push(order);
 }
 
+bool JackLtc::hasNext() {
+    if (!m_next)
+        m_next = m_orders.pop();
+    return m_next.has_value();
+}
+
 void JackLtc::process(jack_nframes_t samples) {
     auto* const buffer = static_cast<float*>(jack_port_get_buffer(ltcPort(), samples));
     const std::span<float> ltc(buffer, samples);
     const auto begin = jack_last_frame_time(client());
     std::size_t now = 0;
-    while (m_next || (m_next = m_orders.pop())) {
+    while (hasNext()) {
         // The server's count wraps around after a day.
         const auto offset = static_cast<std::int32_t>(m_next->sample - begin);
         if (offset >= static_cast<std::int32_t>(samples))

@@ -35,7 +35,8 @@ struct Recording {
 inline std::vector<std::string> linesOf(const std::string& file) {
     std::vector<std::string> lines;
     std::ifstream stream(file);
-    for (std::string line; std::getline(stream, line);)
+    std::string line;
+    while (std::getline(stream, line))
         lines.push_back(line);
     return lines;
 }
@@ -71,7 +72,8 @@ public:
         EXPECT_EQ(status, 0);
         Recording recording;
         std::ifstream ltc(m_folder + "/ltc", std::ios::binary);
-        for (float sample = 0; ltc.read(reinterpret_cast<char*>(&sample), sizeof sample);)
+        float sample = 0;
+        while (ltc.read(reinterpret_cast<char*>(&sample), sizeof sample))
             recording.ltc.push_back(sample);
         recording.mtc = linesOf(m_folder + "/mtc");
         recording.connected = linesOf(m_folder + "/connected");

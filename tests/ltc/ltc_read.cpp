@@ -12,7 +12,8 @@ int main(int argc, char* argv[]) {
     if (argc != 2)
         return EXIT_FAILURE;
     std::vector<float> samples;
-    for (std::int16_t sample = 0; std::cin.read(reinterpret_cast<char*>(&sample), sizeof sample);)
+    std::int16_t sample = 0;
+    while (std::cin.read(reinterpret_cast<char*>(&sample), sizeof sample))
         samples.push_back(static_cast<float>(sample) / 32768);
     const auto sampleRate = static_cast<std::uint32_t>(std::stoul(argv[1]));
     for (const auto& word : test::wordsIn(samples, sampleRate, frameRateForCode(rate::fps25)))

@@ -120,7 +120,8 @@ class MidiMonitor:
         tasks = pathlib.Path(f"/proc/{self._child.pid}/task")
         try:
             threads = os.listdir(tasks)
-            status = (tasks / threads[-1] / "status").read_text()
+            newest = max(threads, key=int)
+            status = (tasks / newest / "status").read_text()
         except OSError:  # it has given up
             return False
         waits = int(re.search(r"^voluntary_ctxt_switches:\s*(\d+)", status, re.MULTILINE)[1])
