@@ -16,7 +16,7 @@ void expect(bool holds) {
 }
 
 void check(const CommandLine& line) {
-    const bool stripes = line.mode == CommandLine::Mode::Stripe;
+    const bool stripes = line.mode == CommandLine::Mode::stripe;
     expect(!stripes || line.start || !line.file.isNull());
     expect(line.rows.empty() || (stripes && !line.file.isNull()));
     expect(!line.start || !line.stop || pack(*line.start) < pack(*line.stop));

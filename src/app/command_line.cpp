@@ -133,12 +133,12 @@ RowIndexes rowsFrom(const QString& text) {
 
 CommandLine::Mode modeOf(const QCommandLineParser& parser) {
     if (parser.isSet(helpOption))
-        return CommandLine::Mode::Help;
+        return CommandLine::Mode::help;
     if (parser.isSet(versionOption))
-        return CommandLine::Mode::Version;
+        return CommandLine::Mode::version;
     if (parser.isSet(destinationsOption))
-        return CommandLine::Mode::Destinations;
-    return parser.isSet(stripeOption) ? CommandLine::Mode::Stripe : CommandLine::Mode::Window;
+        return CommandLine::Mode::destinations;
+    return parser.isSet(stripeOption) ? CommandLine::Mode::stripe : CommandLine::Mode::window;
 }
 
 /// Desktops hand over a file as a path or as a URI.
@@ -151,7 +151,7 @@ QString localPath(const QString& argument) {
 }
 
 void checkCombination(const QCommandLineParser& parser, const CommandLine& line) {
-    const bool stripes = line.mode == CommandLine::Mode::Stripe;
+    const bool stripes = line.mode == CommandLine::Mode::stripe;
     if (stripes && line.file.isNull() && !line.start)
         throw Refusal{QStringLiteral("--stripe needs a --start time, or a batch list")};
     for (const auto& option : singleStripeOptions)

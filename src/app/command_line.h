@@ -16,9 +16,9 @@ struct MidiChoice;
 
 /// What the operator asked for on the command line.
 struct CommandLine {
-    enum class Mode { Window, Stripe, Destinations, Help, Version };
+    enum class Mode { window, stripe, destinations, help, version };
 
-    Mode mode = Mode::Window;
+    Mode mode = Mode::window;
     const MidiChoice* midi = nullptr;   ///< one of midiChoices(); null: by itself
     std::optional<QString> destination; ///< a position in the list, an ID, or part of one name
     std::optional<Timecode> start;

@@ -80,7 +80,7 @@ void chooseDestination(MidiSystem& system, Vexa_MIDI_Manager& manager, const Com
 /// where they were not meant to.
 bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVariantMap& tokens) {
     constexpr int patience = 5000; // ms
-    if (service.takeName() != BusName::Taken || line.destination || line.midi)
+    if (service.takeName() != BusName::taken || line.destination || line.midi)
         return false;
     if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
         return true;
@@ -129,7 +129,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
 }
 
 int runInTerminal(const CommandLine& line) {
-    const bool stripes = line.mode == CommandLine::Mode::Stripe;
+    const bool stripes = line.mode == CommandLine::Mode::stripe;
     if (const auto obstacle = stripes ? obstacleToStripe(line) : std::nullopt)
         return refuse(obstacle->message);
     const auto system = openMidiSystem(line.midi);
@@ -163,7 +163,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationVersion(QStringLiteral(VEXA_VERSION));
     QGuiApplication::setDesktopFileName(applicationId);
     int forQt = 1; // of the arguments, only the program's name: all others have been taken
-    if (line.mode == CommandLine::Mode::Window) {
+    if (line.mode == CommandLine::Mode::window) {
         if (QFileInfo(line.file).isDir())
             return refuse(QStringLiteral("\"%1\" is a folder").arg(line.file));
         if (!hasDisplay())
@@ -175,10 +175,10 @@ int main(int argc, char* argv[]) {
     }
     const QCoreApplication application(forQt, argv);
     switch (line.mode) {
-    case CommandLine::Mode::Help:
+    case CommandLine::Mode::help:
         std::fputs(qUtf8Printable(commandLineHelp()), stdout);
         return 0;
-    case CommandLine::Mode::Version:
+    case CommandLine::Mode::version:
         std::puts("vexa-remote " VEXA_VERSION);
         return 0;
     default:

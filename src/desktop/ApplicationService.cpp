@@ -21,13 +21,13 @@ QByteArray token(const QVariantMap& platformData, const QString& name) {
 
 BusName ApplicationService::takeName() {
     if (!m_bus.isConnected())
-        return BusName::NoBus;
+        return BusName::noBus;
     // The object first: whoever has been waiting for the name calls at once.
     m_bus.registerObject(applicationPath(), this, QDBusConnection::ExportAllSlots);
     const auto reply = m_bus.interface()->registerService(applicationId);
     if (!reply.isValid())
-        return BusName::NoBus;
-    return reply == QDBusConnectionInterface::ServiceRegistered ? BusName::Ours : BusName::Taken;
+        return BusName::noBus;
+    return reply == QDBusConnectionInterface::ServiceRegistered ? BusName::ours : BusName::taken;
 }
 
 void ApplicationService::Activate(const QVariantMap& platformData) {

@@ -8,7 +8,7 @@
 
 namespace vexa {
 
-enum class BusName { Ours, Taken, NoBus };
+enum class BusName { ours, taken, noBus };
 
 /// The program as other programs see it on the session bus: org.freedesktop.Application, as the
 /// Desktop Entry Specification has it.

@@ -60,20 +60,20 @@ void UndoManager::registerUndo(std::function<void()> inverse) {
 
 void UndoManager::setActionName(const QString& name) {
     openGroup().setText(name);
-    if (m_replaying == Replaying::No)
+    if (m_replaying == Replaying::no)
         Q_EMIT changed();
 }
 
-void UndoManager::undo() { replay(Replaying::Undo, &QUndoStack::undo); }
-void UndoManager::redo() { replay(Replaying::Redo, &QUndoStack::redo); }
+void UndoManager::undo() { replay(Replaying::undo, &QUndoStack::undo); }
+void UndoManager::redo() { replay(Replaying::redo, &QUndoStack::redo); }
 
 void UndoManager::replay(Replaying direction, void (QUndoStack::*step)()) {
-    if (m_replaying != Replaying::No)
+    if (m_replaying != Replaying::no)
         return;
     endEvent();
     m_replaying = direction;
     (m_stack.*step)();
-    m_replaying = Replaying::No;
+    m_replaying = Replaying::no;
     Q_EMIT changed();
 }
 
@@ -99,7 +99,7 @@ bool UndoManager::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::TouchEnd:
     case QEvent::Drop:
     case QEvent::MetaCall: // how a press by assistive technology comes in
-        if (m_replaying == Replaying::No)
+        if (m_replaying == Replaying::no)
             endEvent();
         break;
     default:

@@ -28,8 +28,8 @@ public:
     void redo();
     bool canUndo() const { return m_stack.canUndo(); }
     bool canRedo() const { return m_stack.canRedo(); }
-    bool isUndoing() const { return m_replaying == Replaying::Undo; }
-    bool isRedoing() const { return m_replaying == Replaying::Redo; }
+    bool isUndoing() const { return m_replaying == Replaying::undo; }
+    bool isRedoing() const { return m_replaying == Replaying::redo; }
     QString undoActionName() const { return m_stack.undoText(); }
     QString redoActionName() const { return m_stack.redoText(); }
     /// "Undo Change Start Time", or "Undo" when there is nothing to undo.
@@ -48,14 +48,14 @@ protected:
 
 private:
     class Group;
-    enum class Replaying { No, Undo, Redo };
+    enum class Replaying { no, undo, redo };
 
     Group& openGroup();
     void replay(Replaying direction, void (QUndoStack::*step)());
 
     QUndoStack m_stack;
     Group* m_open = nullptr;
-    Replaying m_replaying = Replaying::No;
+    Replaying m_replaying = Replaying::no;
 };
 
 } // namespace vexa

@@ -126,7 +126,7 @@ bool AlsaUnit::read(Listener& listener) {
     m_mtc->fill();
     if (m_ltc)
         readLtc(listener);
-    else if (timerHasFired && m_state.phase() != GeneratorState::Phase::Running)
+    else if (timerHasFired && m_state.phase() != GeneratorState::Phase::running)
         openLtc(listener);
     return readEvents(listener);
 }
@@ -143,7 +143,7 @@ void AlsaUnit::readLtc(Listener& listener) {
     if (m_ltc->read(listener))
         return;
     std::string text = "gone: JACK, and LTC with it";
-    if (m_state.phase() == GeneratorState::Phase::Running)
+    if (m_state.phase() == GeneratorState::Phase::running)
         text += " at " + timecodeText(m_ltc->signal().time);
     listener.noted(Clock::now(), text);
     m_ltc.reset();
@@ -180,13 +180,13 @@ Moment AlsaUnit::arrivalOf(const snd_seq_event_t& event) const {
 void AlsaUnit::take(const SysEx& message, Moment arrival, Listener& listener) {
     const auto frame = decodedFrame(message);
     Report report{arrival, message, m_state.take(frame), m_state, {}, 0};
-    if (m_time && m_state.phase() == GeneratorState::Phase::Stopped) {
+    if (m_time && m_state.phase() == GeneratorState::Phase::stopped) {
         report.stoppedAt = m_time->at(arrival + delay - m_started);
         report.xruns = signal().xruns;
     }
-    if (report.reply == Reply::DoneBySetupInStop)
+    if (report.reply == Reply::doneBySetupInStop)
         act(*m_state.setup(), arrival);
-    if (report.reply == Reply::Done || report.reply == Reply::DoneBySetupInStop)
+    if (report.reply == Reply::done || report.reply == Reply::doneBySetupInStop)
         std::visit([&](const auto& kind) { act(kind, arrival); }, frame);
     listener.happened(report);
 }

@@ -9,9 +9,9 @@ namespace vexa {
 namespace {
 GeneratorMidi midiNamed(const std::string& name) {
     if (name == "alsa")
-        return GeneratorMidi::Alsa;
+        return GeneratorMidi::alsa;
     if (name == "jack")
-        return GeneratorMidi::Jack;
+        return GeneratorMidi::jack;
     throw std::invalid_argument("--midi takes alsa or jack, not '" + name + "'");
 }
 
@@ -47,9 +47,9 @@ GeneratorCommandLine readCommandLine(const std::vector<std::string>& arguments) 
         else if (name == "--connect")
             commandLine.output.connections.push_back(value());
         else if (*argument == "--help")
-            commandLine.action = GeneratorCommandLine::Action::Help;
+            commandLine.action = GeneratorCommandLine::Action::help;
         else if (*argument == "--version")
-            commandLine.action = GeneratorCommandLine::Action::Version;
+            commandLine.action = GeneratorCommandLine::Action::version;
         else
             throw std::invalid_argument("unknown argument '" + *argument + "'");
     }

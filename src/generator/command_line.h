@@ -8,14 +8,14 @@
 
 namespace vexa {
 
-enum class GeneratorMidi { Automatic, Alsa, Jack };
+enum class GeneratorMidi { automatic, alsa, jack };
 
 /// What the program was asked to do.
 struct GeneratorCommandLine {
-    enum class Action { Run, Help, Version };
+    enum class Action { run, help, version };
 
-    Action action = Action::Run;
-    GeneratorMidi midi = GeneratorMidi::Automatic;
+    Action action = Action::run;
+    GeneratorMidi midi = GeneratorMidi::automatic;
     std::optional<std::string> logFile; ///< a path
     OutputOptions output;
 };

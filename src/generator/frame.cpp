@@ -35,13 +35,13 @@ std::optional<Fault> envelopeFault(const SysEx& message) {
     const auto& bytes = message.bytes;
     const auto sizeBeforeEnd = message.complete ? message.size - 1 : message.size;
     if (sizeBeforeEnd > 1 && bytes[1] != manufacturerId)
-        return Fault::Manufacturer;
+        return Fault::manufacturer;
     if (sizeBeforeEnd > 2 && bytes[2] != deviceId)
-        return Fault::Device;
+        return Fault::device;
     if (!message.complete)
-        return Fault::CutOff;
+        return Fault::cutOff;
     if (message.size != frameSize)
-        return Fault::Size;
+        return Fault::size;
     return std::nullopt;
 }
 
@@ -90,9 +90,9 @@ Frame decodedFrame(const SysEx& message) {
         return StopFrame{};
     const auto mode = modeForCode(code);
     if (!mode && code != device_mode::start)
-        return MalformedFrame{Fault::ModeCode};
+        return MalformedFrame{Fault::modeCode};
     if (!isValid(time, rateToCheckBy(mode)))
-        return MalformedFrame{Fault::Time};
+        return MalformedFrame{Fault::time};
     if (!mode)
         return StartFrame{time};
     return SetupFrame{time, *mode};
@@ -100,17 +100,17 @@ Frame decodedFrame(const SysEx& message) {
 
 std::string faultText(Fault fault, const SysEx& message) {
     switch (fault) {
-    case Fault::Manufacturer:
+    case Fault::manufacturer:
         return "manufacturer " + hexByte(message.bytes[1]) + ", not " + hexByte(manufacturerId);
-    case Fault::Device:
+    case Fault::device:
         return "device " + hexByte(message.bytes[2]) + ", not " + hexByte(deviceId);
-    case Fault::CutOff:
+    case Fault::cutOff:
         return "cut off after byte " + std::to_string(message.size);
-    case Fault::Size:
+    case Fault::size:
         return std::to_string(message.size) + " bytes, not " + std::to_string(frameSize);
-    case Fault::ModeCode:
+    case Fault::modeCode:
         return "unknown mode code " + hexByte(codeIn(message));
-    case Fault::Time:
+    case Fault::time:
         break;
     }
     return timeFaultText(timeIn(message), modeForCode(codeIn(message)));

@@ -43,7 +43,7 @@ struct StopFrame {
 };
 
 /// What keeps a message from being one of the device's.
-enum class Fault { Manufacturer, Device, CutOff, Size, ModeCode, Time };
+enum class Fault { manufacturer, device, cutOff, size, modeCode, time };
 
 /// None of the device's messages.
 struct MalformedFrame {

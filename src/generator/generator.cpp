@@ -18,16 +18,16 @@ Generator::Generator(std::uint32_t sampleRate, double level)
 Report Generator::take(const SysEx& message, MidiWriter& midi) {
     Report report;
     report.message = message;
-    const bool wasRunning = m_state.phase() == GeneratorState::Phase::Running;
+    const bool wasRunning = m_state.phase() == GeneratorState::Phase::running;
     const bool hadRate = m_state.setup() && m_state.setup()->mode.rate;
     const auto frame = decodedFrame(message);
     report.reply = m_state.take(frame);
-    if (report.reply == Reply::DoneBySetupInStop)
+    if (report.reply == Reply::doneBySetupInStop)
         announce(*m_state.setup(), midi);
-    if (report.reply == Reply::Done || report.reply == Reply::DoneBySetupInStop)
+    if (report.reply == Reply::done || report.reply == Reply::doneBySetupInStop)
         std::visit([&](const auto& kind) { act(kind, midi); }, frame);
     report.state = m_state;
-    if (wasRunning && hadRate && m_state.phase() == GeneratorState::Phase::Stopped)
+    if (wasRunning && hadRate && m_state.phase() == GeneratorState::Phase::stopped)
         report.stoppedAt = time();
     return report;
 }

@@ -15,31 +15,31 @@ Reply GeneratorState::take(const Frame& frame) {
 }
 
 Reply GeneratorState::act(const SetupFrame& setup) {
-    if (m_phase == Phase::Running)
-        return Reply::WhileRunning;
-    m_phase = Phase::SetUp;
+    if (m_phase == Phase::running)
+        return Reply::whileRunning;
+    m_phase = Phase::setUp;
     m_setup = setup;
-    return Reply::Done;
+    return Reply::done;
 }
 
 Reply GeneratorState::act(const StartFrame& start) {
-    if (m_phase == Phase::Running)
-        return Reply::WhileRunning;
-    const bool wasSetUp = m_phase == Phase::SetUp;
+    if (m_phase == Phase::running)
+        return Reply::whileRunning;
+    const bool wasSetUp = m_phase == Phase::setUp;
     if (!m_setup || (m_setup->time != start.time && !wasSetUp))
-        return Reply::WithoutSetup;
+        return Reply::withoutSetup;
     if (m_setup->time != start.time)
-        return Reply::AfterOtherSetup;
-    m_phase = Phase::Running;
-    return wasSetUp ? Reply::Done : Reply::DoneBySetupInStop;
+        return Reply::afterOtherSetup;
+    m_phase = Phase::running;
+    return wasSetUp ? Reply::done : Reply::doneBySetupInStop;
 }
 
 Reply GeneratorState::act(const StopFrame&) {
-    m_phase = Phase::Stopped;
+    m_phase = Phase::stopped;
     m_setup = setupInStop;
-    return Reply::Done;
+    return Reply::done;
 }
 
-Reply GeneratorState::act(const MalformedFrame&) { return Reply::Malformed; }
+Reply GeneratorState::act(const MalformedFrame&) { return Reply::malformed; }
 
 } // namespace vexa

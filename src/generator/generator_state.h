@@ -8,19 +8,19 @@ namespace vexa {
 
 /// What becomes of a frame.
 enum class Reply {
-    Done,
-    DoneBySetupInStop, ///< a start whose setup is the stop frame with the same bytes
-    Malformed,
-    WhileRunning,    ///< a setup or start that comes in mid-run
-    WithoutSetup,    ///< a start with nothing to run
-    AfterOtherSetup, ///< a start with another time than its setup
+    done,
+    doneBySetupInStop, ///< a start whose setup is the stop frame with the same bytes
+    malformed,
+    whileRunning,    ///< a setup or start that comes in mid-run
+    withoutSetup,    ///< a start with nothing to run
+    afterOtherSetup, ///< a start with another time than its setup
 };
 
 /// The rules of the generator: stopped, set up or running. A frame with anything wrong changes
 /// nothing. Starts out stopped. Real-time safe.
 class GeneratorState {
 public:
-    enum class Phase { Stopped, SetUp, Running };
+    enum class Phase { stopped, setUp, running };
 
     Reply take(const Frame& frame);
 
@@ -35,7 +35,7 @@ private:
     Reply act(const StopFrame& stop);
     Reply act(const MalformedFrame& malformed);
 
-    Phase m_phase = Phase::Stopped;
+    Phase m_phase = Phase::stopped;
     std::optional<SetupFrame> m_setup;
 };
 

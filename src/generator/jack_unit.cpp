@@ -107,7 +107,7 @@ void JackUnit::process(jack_nframes_t samples) {
 
 void JackUnit::tell(Report report, jack_time_t arrival) {
     report.arrival = onJackClock(arrival);
-    const bool runs = report.state.phase() == GeneratorState::Phase::Running;
+    const bool runs = report.state.phase() == GeneratorState::Phase::running;
     if (runs && !m_running)
         m_xrunsBefore = xruns();
     m_running = runs;
@@ -118,7 +118,7 @@ void JackUnit::tell(Report report, jack_time_t arrival) {
 }
 
 Report JackUnit::malformed(const SysEx& message) const {
-    return {{}, message, Reply::Malformed, m_generator.state(), {}, 0};
+    return {{}, message, Reply::malformed, m_generator.state(), {}, 0};
 }
 
 void JackUnit::endAtGap(jack_time_t time) {

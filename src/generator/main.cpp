@@ -42,9 +42,9 @@ std::vector<System> systemsFor(GeneratorMidi choice, const OutputOptions& output
     const System jack{"JACK", "no JACK server is running",
                       [output] { return openJackUnit(output); }};
     switch (choice) {
-    case GeneratorMidi::Alsa:
+    case GeneratorMidi::alsa:
         return {alsa};
-    case GeneratorMidi::Jack:
+    case GeneratorMidi::jack:
         return {jack};
     default:
         return {alsa, jack};
@@ -76,13 +76,13 @@ int main(int argc, char* argv[]) {
     try {
         const auto commandLine = readCommandLine({argv + 1, argv + argc});
         switch (commandLine.action) {
-        case GeneratorCommandLine::Action::Help:
+        case GeneratorCommandLine::Action::help:
             std::cout << helpText();
             return EXIT_SUCCESS;
-        case GeneratorCommandLine::Action::Version:
+        case GeneratorCommandLine::Action::version:
             std::cout << "vexa-generator " VEXA_VERSION "\n";
             return EXIT_SUCCESS;
-        case GeneratorCommandLine::Action::Run:
+        case GeneratorCommandLine::Action::run:
             break;
         }
         return run(commandLine);

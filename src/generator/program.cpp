@@ -41,7 +41,7 @@ void Program::runUntilReadable(int descriptor) {
         m_unit->finish(*this);
 }
 
-bool Program::isRunning() const { return m_state.phase() == GeneratorState::Phase::Running; }
+bool Program::isRunning() const { return m_state.phase() == GeneratorState::Phase::running; }
 
 int Program::timeout() const {
     if (m_log.showsStatus() && isRunning())

@@ -38,19 +38,19 @@ std::string meaning(const Report& report) {
         std::visit([&](const auto& kind) { return requestText(kind, report); }, frame);
     const auto& state = report.state;
     switch (report.reply) {
-    case Reply::Done:
-        if (state.phase() == GeneratorState::Phase::Running && !state.setup()->mode.rate)
+    case Reply::done:
+        if (state.phase() == GeneratorState::Phase::running && !state.setup()->mode.rate)
             return request + "; no signal: FSK has no form in software";
         return request;
-    case Reply::Malformed:
+    case Reply::malformed:
         return request;
-    case Reply::DoneBySetupInStop:
+    case Reply::doneBySetupInStop:
         return request + ", set up as " + modeText(state.setup()->mode) + " by the stop frame";
-    case Reply::WhileRunning:
+    case Reply::whileRunning:
         return "unexpected: " + request + " while running";
-    case Reply::WithoutSetup:
+    case Reply::withoutSetup:
         return "unexpected: " + request + " without a setup";
-    case Reply::AfterOtherSetup:
+    case Reply::afterOtherSetup:
         break;
     }
     return "unexpected: " + request + " after setup " + setupText(*state.setup());
@@ -63,11 +63,11 @@ std::string reportText(const Report& report) {
 
 std::string statusText(const GeneratorState& state, const SignalStatus& signal) {
     switch (state.phase()) {
-    case GeneratorState::Phase::Stopped:
+    case GeneratorState::Phase::stopped:
         return "stopped";
-    case GeneratorState::Phase::SetUp:
+    case GeneratorState::Phase::setUp:
         return "set up " + setupText(*state.setup());
-    case GeneratorState::Phase::Running:
+    case GeneratorState::Phase::running:
         break;
     }
     const auto& mode = state.setup()->mode;

@@ -13,7 +13,7 @@ namespace vexa {
 struct Report {
     Moment arrival;
     SysEx message;
-    Reply reply = Reply::Malformed;
+    Reply reply = Reply::malformed;
     GeneratorState state;              ///< after the message
     std::optional<Timecode> stoppedAt; ///< the number under way where the message ended a run
     unsigned xruns = 0;                ///< of that run

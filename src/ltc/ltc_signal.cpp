@@ -23,7 +23,7 @@ LtcSignal::LtcSignal(std::uint32_t sampleRate, double levelDbfs)
       m_edgeSamples(m_edge.samples(0)) {}
 
 void LtcSignal::start(const LtcRun& run) {
-    m_part = Part::LeadIn;
+    m_part = Part::leadIn;
     m_run = run;
     m_wordsToCome = run.words;
     m_time = run.first;
@@ -48,14 +48,14 @@ void LtcSignal::render(std::span<float> samples) {
 }
 
 void LtcSignal::beginStretch() {
-    if (m_part == Part::LeadIn && m_wordsToCome > 0) {
+    if (m_part == Part::leadIn && m_wordsToCome > 0) {
         beginEdge(m_amplitude);
         m_end = leadIn();
-        m_part = Part::Words;
-    } else if (m_part == Part::Words) {
+        m_part = Part::words;
+    } else if (m_part == Part::words) {
         if (m_halfBit == wordHalfBits && !beginWord())
-            m_part = Part::Rest;
-        const bool isOne = m_part == Part::Words && m_word[m_halfBit / 2];
+            m_part = Part::rest;
+        const bool isOne = m_part == Part::words && m_word[m_halfBit / 2];
         beginEdge(-m_to);
         advance(isOne ? 1 : 2);
     } else {

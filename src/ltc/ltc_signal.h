@@ -47,7 +47,7 @@ public:
     void render(std::span<float> samples);
 
 private:
-    enum class Part { LeadIn, Words, Rest };
+    enum class Part { leadIn, words, rest };
 
     void beginStretch();
     bool beginWord();
@@ -59,7 +59,7 @@ private:
     std::uint32_t m_sampleRate;
     float m_amplitude;
 
-    Part m_part = Part::Rest;
+    Part m_part = Part::rest;
     LtcRun m_run;
     std::uint64_t m_wordsToCome = 0;
     Timecode m_time;

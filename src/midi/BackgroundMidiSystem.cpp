@@ -178,7 +178,7 @@ std::optional<MidiObject> BackgroundMidiSystem::findByUniqueId(MidiUniqueId id) 
     auto found = onlyListed([id](const Endpoint& listed) { return listed.id == id; });
     if (!found)
         found = onlyListed([id](const Endpoint& listed) { return mayHaveBeen(id, listed.port); });
-    return found ? std::optional{MidiObject{found, MidiObjectType::Destination}} : std::nullopt;
+    return found ? std::optional{MidiObject{found, MidiObjectType::destination}} : std::nullopt;
 }
 
 template<typename Predicate>

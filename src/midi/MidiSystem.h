@@ -18,19 +18,19 @@ using MidiObjectRef = std::uint32_t;
 using MidiUniqueId = std::int32_t;
 
 enum class MidiObjectType : std::uint32_t {
-    Device = 0x00,
-    Entity = 0x01,
-    Source = 0x02,
-    Destination = 0x03,
-    ExternalDevice = 0x10,
-    ExternalEntity = 0x11,
-    ExternalSource = 0x12,
-    ExternalDestination = 0x13,
+    device = 0x00,
+    entity = 0x01,
+    source = 0x02,
+    destination = 0x03,
+    externalDevice = 0x10,
+    externalEntity = 0x11,
+    externalSource = 0x12,
+    externalDestination = 0x13,
 };
 
 struct MidiObject {
     MidiObjectRef ref = 0;
-    MidiObjectType type = MidiObjectType::Destination;
+    MidiObjectType type = MidiObjectType::destination;
 };
 
 /// What the program asks of a MIDI system, whichever it is. Objects form a tree: a device has

@@ -7,7 +7,7 @@ namespace {
 std::string nameOfConnected(MidiSystem& system, const MidiObject& object) {
     const auto type = static_cast<std::uint32_t>(object.type);
     const bool externalEndpoint =
-        (type | 1) == static_cast<std::uint32_t>(MidiObjectType::ExternalDestination);
+        (type | 1) == static_cast<std::uint32_t>(MidiObjectType::externalDestination);
     if (externalEndpoint)
         return createEndpointDisplayName(system, object.ref, true);
     return system.name(object.ref).value_or("");

@@ -25,7 +25,7 @@ CommandLine accepted(std::initializer_list<const char*> arguments) {
 
 TEST(CommandLine, WithoutArgumentsOpensTheWindow) {
     const auto line = accepted({});
-    EXPECT_EQ(line.mode, CommandLine::Mode::Window);
+    EXPECT_EQ(line.mode, CommandLine::Mode::window);
     EXPECT_EQ(line.midi, nullptr);
     EXPECT_FALSE(line.destination);
 }
@@ -34,7 +34,7 @@ TEST(CommandLine, ReadsAWholeStripe) {
     const auto line =
         accepted({"--stripe", "--start", "01:02:03:04", "--stop", "02:00:00:00", "--rate", "25 fps",
                   "--type", "DTL", "--destination", "Box", "--midi", "jack"});
-    EXPECT_EQ(line.mode, CommandLine::Mode::Stripe);
+    EXPECT_EQ(line.mode, CommandLine::Mode::stripe);
     EXPECT_EQ(line.start, (Timecode{1, 2, 3, 4}));
     EXPECT_EQ(line.stop, (Timecode{2, 0, 0, 0}));
     EXPECT_EQ(line.rate, rate::fps25);
@@ -62,15 +62,15 @@ TEST(CommandLine, ReadsAListAndItsRows) {
               QStringLiteral("/tmp/100% #.vexaB"));
     EXPECT_EQ(accepted({"file://localhost/tmp/a.vexaB"}).file, QStringLiteral("/tmp/a.vexaB"));
     const auto line = accepted({"--stripe", "a.vexaB", "--rows", "1,3-5,4"});
-    EXPECT_EQ(line.mode, CommandLine::Mode::Stripe);
+    EXPECT_EQ(line.mode, CommandLine::Mode::stripe);
     EXPECT_EQ(line.rows, (RowIndexes{0, 2, 3, 4}));
 }
 
 TEST(CommandLine, KnowsItsOtherModes) {
-    EXPECT_EQ(accepted({"--help"}).mode, CommandLine::Mode::Help);
-    EXPECT_EQ(accepted({"-h"}).mode, CommandLine::Mode::Help);
-    EXPECT_EQ(accepted({"--version"}).mode, CommandLine::Mode::Version);
-    EXPECT_EQ(accepted({"--destinations", "--midi", "alsa"}).mode, CommandLine::Mode::Destinations);
+    EXPECT_EQ(accepted({"--help"}).mode, CommandLine::Mode::help);
+    EXPECT_EQ(accepted({"-h"}).mode, CommandLine::Mode::help);
+    EXPECT_EQ(accepted({"--version"}).mode, CommandLine::Mode::version);
+    EXPECT_EQ(accepted({"--destinations", "--midi", "alsa"}).mode, CommandLine::Mode::destinations);
 }
 
 struct Wrong {

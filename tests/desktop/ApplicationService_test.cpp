@@ -24,15 +24,15 @@ TEST(ApplicationId, GivesThePathOnTheBus) {
 }
 
 TEST_F(Service, OnlyOneProgramHasTheName) {
-    EXPECT_EQ(service.takeName(), BusName::Ours);
+    EXPECT_EQ(service.takeName(), BusName::ours);
     ApplicationService second(bus.connection(u"second"_s));
-    EXPECT_EQ(second.takeName(), BusName::Taken);
+    EXPECT_EQ(second.takeName(), BusName::taken);
 }
 
 TEST_F(Service, WithoutABusThereIsNoName) {
     ApplicationService alone(
         QDBusConnection::connectToBus(u"unix:path=/nonexistent"_s, u"alone"_s));
-    EXPECT_EQ(alone.takeName(), BusName::NoBus);
+    EXPECT_EQ(alone.takeName(), BusName::noBus);
 }
 
 TEST_F(Service, OthersActivateItAndOpenFiles) {

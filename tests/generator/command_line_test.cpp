@@ -11,15 +11,15 @@ namespace {
 
 TEST(CommandLine, RunsOnWhateverMidiThereIsByDefault) {
     const auto commandLine = readCommandLine({});
-    EXPECT_EQ(commandLine.action, GeneratorCommandLine::Action::Run);
-    EXPECT_EQ(commandLine.midi, GeneratorMidi::Automatic);
+    EXPECT_EQ(commandLine.action, GeneratorCommandLine::Action::run);
+    EXPECT_EQ(commandLine.midi, GeneratorMidi::automatic);
     EXPECT_EQ(commandLine.logFile, std::nullopt);
 }
 
 TEST(CommandLine, TakesValuesInEitherForm) {
-    EXPECT_EQ(readCommandLine({"--midi", "alsa"}).midi, GeneratorMidi::Alsa);
+    EXPECT_EQ(readCommandLine({"--midi", "alsa"}).midi, GeneratorMidi::alsa);
     const auto commandLine = readCommandLine({"--log=a file", "--midi=jack"});
-    EXPECT_EQ(commandLine.midi, GeneratorMidi::Jack);
+    EXPECT_EQ(commandLine.midi, GeneratorMidi::jack);
     EXPECT_EQ(commandLine.logFile, "a file");
 }
 
@@ -33,9 +33,9 @@ TEST(CommandLine, TakesALevelAndConnections) {
 }
 
 TEST(CommandLine, HelpAndVersionAreActions) {
-    EXPECT_EQ(readCommandLine({"--help"}).action, GeneratorCommandLine::Action::Help);
+    EXPECT_EQ(readCommandLine({"--help"}).action, GeneratorCommandLine::Action::help);
     EXPECT_EQ(readCommandLine({"--midi", "jack", "--version"}).action,
-              GeneratorCommandLine::Action::Version);
+              GeneratorCommandLine::Action::version);
 }
 
 struct Mistake {

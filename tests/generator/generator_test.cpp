@@ -87,7 +87,7 @@ TEST_F(GeneratorTest, GivesLtcAloneForDtl) {
 
 TEST_F(GeneratorTest, GivesNothingForFsk) {
     send("F0 7D 42 01 00 00 00 08 F7");
-    EXPECT_EQ(send(start).reply, Reply::Done);
+    EXPECT_EQ(send(start).reply, Reply::done);
     run(10000);
     EXPECT_THAT(ltc, Each(0.0f));
     EXPECT_EQ(send(stop).stoppedAt, std::nullopt);
@@ -121,11 +121,11 @@ TEST_F(GeneratorTest, GoesOnAfterWhatItRefuses) {
     send(dtlSetup);
     send(start);
     run(1000);
-    EXPECT_EQ(send(mtcSetup).reply, Reply::WhileRunning);
+    EXPECT_EQ(send(mtcSetup).reply, Reply::whileRunning);
     run(1000);
-    EXPECT_EQ(send(start).reply, Reply::WhileRunning);
+    EXPECT_EQ(send(start).reply, Reply::whileRunning);
     run(1000);
-    EXPECT_EQ(send("F0 7D 42").reply, Reply::Malformed);
+    EXPECT_EQ(send("F0 7D 42").reply, Reply::malformed);
     run(3 * 1920);
     EXPECT_EQ(words(), (std::vector<ReadWord>{{{1, 0, 0, 0}, false},
                                               {{1, 0, 0, 1}, false},

@@ -99,7 +99,7 @@ TEST_F(JackUnitTest, TellsOfWhatItHadNoRoomFor) {
     EXPECT_THAT(heard.notes, ElementsAre("lost: messages came faster than they could be read"));
     send(*unit, {start});
     EXPECT_TRUE(unit->read(heard));
-    EXPECT_EQ(heard.reports.back().reply, Reply::Done) << "the setup before was not acted on";
+    EXPECT_EQ(heard.reports.back().reply, Reply::done) << "the setup before was not acted on";
     EXPECT_EQ(heard.notes.size(), 1u);
 }
 

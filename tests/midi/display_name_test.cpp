@@ -14,10 +14,10 @@ using Bytes = std::vector<std::uint8_t>;
 
 struct DisplayName : testing::Test {
     MidiObjectRef device(std::optional<std::string> name) {
-        return system.add({MidiObjectType::Device, std::move(name), {}, {}, 0});
+        return system.add({MidiObjectType::device, std::move(name), {}, {}, 0});
     }
     MidiObjectRef entity(std::optional<std::string> name, MidiObjectRef device) {
-        return system.add({MidiObjectType::Entity, std::move(name), {}, {}, device});
+        return system.add({MidiObjectType::entity, std::move(name), {}, {}, device});
     }
     std::string nameOf(MidiObjectRef endpoint, bool isExternal = false) {
         return createEndpointDisplayName(system, endpoint, isExternal);
@@ -89,7 +89,7 @@ struct DestinationName : DisplayName {
         return destinationName(system, port);
     }
     void addExternalDevice(const char* name, MidiUniqueId id) {
-        system.add({MidiObjectType::ExternalDevice, name, id, {}, 0});
+        system.add({MidiObjectType::externalDevice, name, id, {}, 0});
     }
 };
 
@@ -106,13 +106,13 @@ TEST_F(DestinationName, JoinsSeveralWithCommas) {
 
 TEST_F(DestinationName, SkipsWhatDoesNotResolveOrHasNoName) {
     addExternalDevice("Recorder", 1);
-    system.add({MidiObjectType::ExternalDevice, {}, 2, {}, 0});
+    system.add({MidiObjectType::externalDevice, {}, 2, {}, 0});
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 9, 0, 0, 0, 1, 0, 0, 0, 2}), "Recorder");
 }
 
 TEST_F(DestinationName, OfNothingButNamelessObjectsIsThePortsOwn) {
-    system.add({MidiObjectType::ExternalDevice, {}, 1, {}, 0});
-    system.add({MidiObjectType::ExternalDestination, {}, 2, {}, entity({}, device({}))});
+    system.add({MidiObjectType::externalDevice, {}, 1, {}, 0});
+    system.add({MidiObjectType::externalDestination, {}, 2, {}, entity({}, device({}))});
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 1, 0, 0, 0, 2}), "Hub Port 1");
 }
 
@@ -145,8 +145,8 @@ TEST_P(ExternalEndpoint, IsNamedAsExternal) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, ExternalEndpoint,
-                         testing::Values(MidiObjectType::ExternalSource,
-                                         MidiObjectType::ExternalDestination));
+                         testing::Values(MidiObjectType::externalSource,
+                                         MidiObjectType::externalDestination));
 
 class OtherObject : public DestinationName, public testing::WithParamInterface<MidiObjectType> {};
 
@@ -156,21 +156,21 @@ TEST_P(OtherObject, GoesByItsOwnName) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, OtherObject,
-                         testing::Values(MidiObjectType::Device, MidiObjectType::Entity,
-                                         MidiObjectType::Source, MidiObjectType::Destination,
-                                         MidiObjectType::ExternalDevice,
-                                         MidiObjectType::ExternalEntity));
+                         testing::Values(MidiObjectType::device, MidiObjectType::entity,
+                                         MidiObjectType::source, MidiObjectType::destination,
+                                         MidiObjectType::externalDevice,
+                                         MidiObjectType::externalEntity));
 
 TEST_F(DestinationName, InAStudioOfEveryKindOfObject) {
     const auto hub = device("Hub");
-    const auto synth = system.add({MidiObjectType::ExternalDevice, "Synth", 100, {}, 0});
-    const auto mixer = system.add({MidiObjectType::ExternalDevice, "Mixer", 200, {}, 0});
+    const auto synth = system.add({MidiObjectType::externalDevice, "Synth", 100, {}, 0});
+    const auto mixer = system.add({MidiObjectType::externalDevice, "Mixer", 200, {}, 0});
     const auto external = [&](MidiObjectRef parent) {
-        return system.add({MidiObjectType::ExternalEntity, "Group", {}, {}, parent});
+        return system.add({MidiObjectType::externalEntity, "Group", {}, {}, parent});
     };
-    system.add({MidiObjectType::ExternalDestination, "In", 101, {}, external(synth)});
-    system.add({MidiObjectType::ExternalSource, "Bus A", 201, {}, external(mixer)});
-    system.add({MidiObjectType::ExternalDestination, "Mixer", 202, {}, external(mixer)});
+    system.add({MidiObjectType::externalDestination, "In", 101, {}, external(synth)});
+    system.add({MidiObjectType::externalSource, "Bus A", 201, {}, external(mixer)});
+    system.add({MidiObjectType::externalDestination, "Mixer", 202, {}, external(mixer)});
 
     const auto addPort = [&](const char* name, MidiUniqueId id, Bytes connections) {
         const auto port = system.addDestination(name, id, entity("x", hub));

@@ -16,7 +16,7 @@ namespace vexa::test {
 class FakeMidiSystem final : public MidiSystem {
 public:
     struct Object {
-        MidiObjectType type = MidiObjectType::Destination;
+        MidiObjectType type = MidiObjectType::destination;
         std::optional<std::string> name;
         std::optional<MidiUniqueId> id;
         std::optional<std::vector<std::uint8_t>> connections;
@@ -39,7 +39,7 @@ public:
 
     MidiObjectRef addDestination(std::optional<std::string> name, MidiUniqueId id,
                                  MidiObjectRef entity = 0) {
-        const auto ref = add({MidiObjectType::Destination, std::move(name), id, {}, entity});
+        const auto ref = add({MidiObjectType::destination, std::move(name), id, {}, entity});
         m_destinations.push_back(ref);
         return ref;
     }
@@ -105,8 +105,8 @@ public:
     std::size_t numberOfEntities(MidiObjectRef device) override {
         return static_cast<std::size_t>(std::ranges::count_if(m_objects, [&](const auto& entry) {
             const auto& object = entry.second;
-            return object.parent == device && (object.type == MidiObjectType::Entity ||
-                                               object.type == MidiObjectType::ExternalEntity);
+            return object.parent == device && (object.type == MidiObjectType::entity ||
+                                               object.type == MidiObjectType::externalEntity);
         }));
     }
     void send(MidiObjectRef destination, std::span<const std::uint8_t> message) override {
