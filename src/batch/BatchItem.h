@@ -10,7 +10,7 @@ namespace vexa {
 
 class PropertyList;
 
-/// The keys of an item's fields: in the list file, and as the identifiers of the table's columns.
+/// Keys of an item's fields in the list file, and identifiers of the table's columns.
 namespace item_key {
 inline const QString reel = QStringLiteral("vexareel");
 inline const QString title = QStringLiteral("vexatitle");
@@ -21,7 +21,7 @@ inline const QString type = QStringLiteral("vexatype");
 inline const QString id = QStringLiteral("vexaid");
 } // namespace item_key
 
-/// One tape reel to stripe. No value is out of range: numbers come from files unchecked.
+/// One tape reel to stripe. Any number is allowed: files are not checked.
 struct BatchItem {
     std::uint64_t reel = 0;
     QString title;           ///< null when the item has none
@@ -31,21 +31,21 @@ struct BatchItem {
     std::uint64_t type = 0;  ///< sync-type code
     std::uint64_t id = 0;    ///< unique among the items made since the program started
 
-    /// The list file's element that the item was read from, kept only where the fields do not tell
-    /// all of it.
+    /// The list file's element that the item was read from. Kept only if the fields do not
+    /// represent all of it.
     std::shared_ptr<const PropertyList> original = nullptr;
 
-    /// Equal fields and, where kept, equal originals.
+    /// Compares the fields and, if kept, the originals.
     bool operator==(const BatchItem& other) const;
 };
 
-/// Items are shared: the list, the selection and the undo records hold the same objects. While an
-/// item is in the list only the list changes it.
+/// The list, the selection and the undo records share the same items. Only the list may change an
+/// item that is in it.
 using BatchItemRef = std::shared_ptr<BatchItem>;
 using BatchItems = std::vector<BatchItemRef>;
 
-/// The order of the list: reel, start, title, stop, id, each ascending. Titles compare literally,
-/// by UTF-16 code unit. Items that differ in none of these are equivalent.
+/// The order of the list: reel, start, title, stop, id, each ascending. Titles compare by UTF-16
+/// code unit. Items that are equal in all of these are equivalent.
 bool comesBefore(const BatchItemRef& a, const BatchItemRef& b);
 
 } // namespace vexa

@@ -67,9 +67,9 @@ void VexaBatchStripeData::addItems(BatchItems items) {
     ++m_revision;
 }
 
-/// The item itself, or a copy where the list holds it. The list must be in order.
+/// The item itself, or a copy if the list contains it. The list must be in order.
 BatchItemRef VexaBatchStripeData::ownRowFor(const BatchItemRef& item) const {
-    // Clang 14, which builds the fuzz targets, cannot search the range that std::ranges gives.
+    // Clang 14, which builds the fuzz targets, cannot search the range that std::ranges returns.
     const auto [first, last] =
         std::equal_range(m_batchList.begin(), m_batchList.end(), item, comesBefore);
     const bool isHeld = std::find(first, last, item) != last;
@@ -77,7 +77,7 @@ BatchItemRef VexaBatchStripeData::ownRowFor(const BatchItemRef& item) const {
 }
 
 void VexaBatchStripeData::removeItem(const BatchItemRef& item) {
-    // By a copy of the fields: the reference may be to a row that is removed.
+    // Compares with a copy, as the reference may be to a row that is removed.
     std::erase_if(m_batchList, [fields = *item](const auto& other) { return *other == fields; });
     ++m_revision;
 }

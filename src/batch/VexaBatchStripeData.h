@@ -15,25 +15,25 @@ namespace vexa {
 
 class Vexa_RemoteAppDelegate;
 
-/// Row numbers of the list, ascending.
+/// Row numbers, ascending.
 using RowIndexes = std::set<std::size_t>;
 
-/// The batch stripe list: its items in order, the ones selected for a run, and one cursor by which
-/// a run walks the list or the selection. It registers no undo and knows of no unsaved changes.
-/// Main thread only. No item given to it is null.
+/// The batch stripe list: its items in order, the items selected for a run, and the cursor that a
+/// run moves through either. It registers no undo and tracks no unsaved changes. Main thread only.
+/// Items passed to it must not be null.
 ///
-/// An object stands in one row only: adding one that the list holds puts in a copy. So a row is
-/// known by its object wherever it moves, even among rows that show the same.
+/// Each object has one row only: adding an object that is already in the list adds a copy. So an
+/// object identifies its row wherever it moves, even among rows that look alike.
 ///
-/// Adding puts the whole list into the order of comesBefore(); among equivalent items the new one
-/// comes last. Nothing else sorts: a replaced list stays as it is, and an edited title leaves its
-/// row in place, until the next addition.
+/// Adding an item sorts the whole list by comesBefore(); among equivalent items the new one comes
+/// last. Nothing else sorts: replacing the list or editing a title keeps the rows in place until
+/// the next addition.
 class VexaBatchStripeData {
 public:
-    /// The instance made last, null when there is none or when that one is gone.
+    /// The instance created last; null if there is none or it no longer exists.
     static VexaBatchStripeData* sharedBatchData();
 
-    /// Makes the new instance the shared one.
+    /// The new instance becomes the shared one.
     explicit VexaBatchStripeData(Vexa_RemoteAppDelegate* owner);
     ~VexaBatchStripeData();
     VexaBatchStripeData(const VexaBatchStripeData&) = delete;
@@ -45,60 +45,59 @@ public:
     const BatchItems& batchList() const { return m_batchList; }
     void setBatchList(BatchItems items) { replaceBatchList(std::move(items)); }
 
-    /// Hands out the next item id; every call gives another one, from 0 up. Neither clearing nor
-    /// replacing the list changes the count, so an id can equal that of an item out of a file.
+    /// Returns the next item ID; each call returns a new one, from 0 up. Clearing or replacing the
+    /// list does not reset the count, so an ID may equal one read from a file.
     std::uint64_t nextItemID() { return m_nextItemID++; }
     void setNextItemID(std::uint64_t id) { m_nextItemID = id; }
 
-    /// Adds an item made of these values and the next id. Checks nothing.
+    /// Adds an item with these values and the next ID. Checks nothing.
     BatchItemRef addItemWithReel(std::uint64_t reel, const QString& title,
                                  const StripeSettings& settings);
     void addItem(const BatchItemRef& item);
     void addItems(BatchItems items);
-    /// Removes every item whose fields all equal the given one's.
+    /// Removes every item that equals the given one in all fields.
     void removeItem(const BatchItemRef& item);
-    /// Removes the items of these rows and returns them, that of the highest row first. Rows that
-    /// do not exist are passed over.
+    /// Removes the items of these rows and returns them, highest row first. Ignores rows that do
+    /// not exist.
     BatchItems deleteIndexedItems(const RowIndexes& rows);
     void replaceBatchList(BatchItems items);
     void clearBatchList() { replaceBatchList({}); }
 
-    /// Selects the items of these rows. What becomes of the list later does not change the
-    /// selection.
+    /// Selects the items of these rows. Later changes to the list do not affect the selection.
     void setSelection(const RowIndexes& rows) { setSelectedItems(itemsOfRows(rows)); }
-    /// Empty when nothing is selected.
+    /// Empty if nothing is selected.
     const BatchItems& selectedItems() const { return m_selectedItems; }
     void setSelectedItems(BatchItems items) {
         m_selectedItems = std::move(items);
         ++m_revision;
     }
 
-    /// Another number whenever the items, their order or the selection have changed. Titles may
-    /// have been edited all the same.
+    /// A new number after each change to the items, their order or the selection. Edited titles do
+    /// not count.
     std::uint64_t revision() const { return m_revision; }
 
-    /// The items of these rows, in row order. Rows that do not exist are passed over.
+    /// The items of these rows, in row order. Ignores rows that do not exist.
     BatchItems itemsOfRows(const RowIndexes& rows) const;
-    /// Where these very objects stand; those that the list does not hold are passed over.
+    /// The rows of these objects. Ignores objects that are not in the list.
     RowIndexes rowsOfItems(const BatchItems& items) const;
 
     std::uint64_t numItems() const { return m_batchList.size(); }
     std::uint64_t numSelectedItems() const { return m_selectedItems.size(); }
 
-    /// The cursor: a row of the list or of the selection, whichever is being walked.
+    /// The cursor: an index into the list or the selection, whichever the run uses.
     std::uint64_t curItem() const { return m_curItem; }
     void setCurItem(std::uint64_t row) { m_curItem = row; }
-    /// These move the cursor, to the first row or on by one, and return the item there; null past
-    /// the end.
+    /// These move the cursor to the first row, or forward by one, and return the item there; null
+    /// past the end.
     BatchItemRef firstItem();
     BatchItemRef nextItem();
     BatchItemRef firstSelectedItem();
     BatchItemRef nextSelectedItem();
-    /// Whether the next step of the cursor finds an item.
+    /// Whether the cursor's next step reaches an item.
     bool areMoreItemsAvailable() const { return m_curItem + 1 < numItems(); }
     bool areMoreSelectedItemsAvailable() const { return m_curItem + 1 < numSelectedItems(); }
 
-    /// The fields of an item; 0, or a null string, of a null item.
+    /// The fields of an item; 0, or a null string, for a null item.
     static std::uint64_t reelOfItem(const BatchItemRef& item);
     static QString titleOfItem(const BatchItemRef& item);
     static std::uint64_t startOfItem(const BatchItemRef& item);
@@ -107,15 +106,15 @@ public:
     static std::uint64_t typeOfItem(const BatchItemRef& item);
     static std::uint64_t idOfItem(const BatchItemRef& item);
 
-    /// The list as a table: columns are item keys, rows are below numberOfRowsInTableView().
+    /// The list as a table. Columns are item keys; rows are below numberOfRowsInTableView().
     std::size_t numberOfRowsInTableView() const { return m_batchList.size(); }
-    /// A cell's text: times as "hh:mm:ss:ff", rate and type by name, other fields as they are.
+    /// A cell's text: times as "hh:mm:ss:ff", rate and type by name, other fields as stored.
     QString objectValueForTableColumn(QStringView column, std::size_t row) const;
     /// Titles only.
     static bool shouldEditTableColumn(QStringView column) { return column == item_key::title; }
-    /// Changes a title; other columns are left alone.
+    /// Changes a title. Ignores other columns.
     void setObjectValue(const QString& value, QStringView column, std::size_t row);
-    /// "hh:mm:ss:ff" of a packed timecode, whose upper 32 bits count for nothing.
+    /// "hh:mm:ss:ff" of a packed timecode. Ignores its upper 32 bits.
     static QString timecodeStringFromBCDNumber(std::uint64_t number);
 
 private:
@@ -128,7 +127,7 @@ private:
     std::uint64_t m_curItem = 0;
     std::uint64_t m_nextItemID = 0;
     std::uint64_t m_revision = 0;
-    bool m_knownInOrder = true; ///< what makes adding to a long list quick
+    bool m_knownInOrder = true; ///< makes adding to a long list fast
 };
 
 } // namespace vexa

@@ -30,7 +30,7 @@ QString textIn(const PropertyList& element, QStringView key) {
     return {};
 }
 
-/// A negative number wraps around, a fraction is cut off.
+/// Negative numbers wrap around; fractions are truncated.
 std::uint64_t numberIn(const PropertyList& element, QStringView key) {
     const PropertyList* value = find(element, key);
     if (!value)
@@ -69,7 +69,7 @@ PropertyList elementFromItem(const BatchItem& item) {
             return element;
         }
     }
-    // Keys made once, which all elements share.
+    // Created once and shared by all elements.
     static const PropertyListKey id(item_key::id), rate(item_key::rate), reel(item_key::reel),
         start(item_key::start), stop(item_key::stop), title(item_key::title), type(item_key::type);
     return PropertyList(PropertyList::Dictionary({{id, PropertyList(item.id)},

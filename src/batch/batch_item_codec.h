@@ -8,19 +8,19 @@
 
 namespace vexa {
 
-/// An item as list files hold it: a dictionary of exactly the seven item keys, the title a string,
-/// the others integers from 0 on.
+/// An item in a list file is a dictionary of exactly the seven item keys: a string for the title,
+/// non-negative integers for the others.
 ///
-/// Any other element becomes an item as well, and turns back into what it was. Its fields are then
-/// the best that can be made of it: a number may be written as a string, a title as a number, and
-/// what is missing or means nothing is 0 or no title.
+/// Any other element becomes an item too, and is written back unchanged. Its fields are a best
+/// guess: numbers may come from strings and titles from numbers. Missing or meaningless values
+/// become 0 or no title.
 BatchItemRef itemFromElement(PropertyList element);
 
-/// The inverse. A title that was changed since takes its place in the element; an element that is
-/// no dictionary, and so has no place for one, is then replaced by the dictionary of the fields.
+/// The inverse. A title changed since then replaces the one in the element. An element that is no
+/// dictionary cannot hold a title, so a dictionary of the fields replaces it.
 PropertyList elementFromItem(const BatchItem& item);
 
-/// The value of a key in the item's element: a string as it is, a number in digits, else null.
+/// The value of a key in the item's element: a string, or a number in digits; otherwise null.
 QString storedText(const BatchItem& item, QStringView key);
 
 } // namespace vexa

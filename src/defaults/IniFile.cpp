@@ -11,8 +11,7 @@ namespace {
 
 constexpr auto general = "General";
 
-/// Takes a text apart into its lines, without comments. A line goes on behind its end within quotes
-/// and after a backslash.
+/// Splits a text into lines, without comments. Quotes and backslashes escape the end of a line.
 class LineReader {
 public:
     explicit LineReader(std::string_view text) : m_rest(text) {}
@@ -41,7 +40,7 @@ private:
             if (m_rest[length] == '"')
                 inQuotes = !inQuotes;
             else if (m_rest[length] == '\\')
-                ++length; // whatever it escapes
+                ++length; // skips the escaped character
             ++length;
         }
         return std::min(length, m_rest.size());
@@ -50,7 +49,7 @@ private:
     std::string_view m_rest;
 };
 
-/// "General" in any case stands for itself.
+/// The name "General" is not case-sensitive.
 QByteArray sectionNamed(const QByteArray& name) {
     return name.compare(general, Qt::CaseInsensitive) == 0 ? QByteArray(general) : name;
 }

@@ -9,18 +9,19 @@
 
 namespace vexa {
 
-/// The contents of an INI file, as QSettings reads and writes it. What nobody asks for is kept as
-/// it was written; only comments and broken lines are lost.
+/// The contents of an INI file in the format of QSettings. Unknown entries are kept as written;
+/// only comments and broken lines are lost. QSettings itself would wait half a minute for another
+/// program's lock, and would replace the file even if the disk was too full for all of it.
 class IniFile {
 public:
     explicit IniFile(const QByteArray& text);
     QByteArray text() const;
 
-    /// Whether some line was none of an INI file.
+    /// Whether some line is not in that format.
     bool isBroken() const { return m_isBroken; }
 
-    /// The value of "section/key", or of a key alone in the section "General": a list that commas
-    /// part. Nothing when the key is absent.
+    /// The comma-separated values under "section/key"; a key without a section is in "General".
+    /// Nothing if the key is absent.
     std::optional<QStringList> value(const QByteArray& key) const;
     void setValue(const QByteArray& key, const QStringList& value);
 

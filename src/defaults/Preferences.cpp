@@ -38,7 +38,7 @@ double leadingNumber(const QString& text) {
     if (bytes.startsWith("t") || bytes.startsWith("y"))
         return 1;
     double value = 0;
-    std::from_chars(bytes.begin(), bytes.end(), value); // whatever the locale's decimal point
+    std::from_chars(bytes.begin(), bytes.end(), value); // independent of the locale's decimal point
     return std::isfinite(value) ? value : 0;
 }
 
@@ -49,7 +49,7 @@ std::int64_t leadingInteger(const QString& text) {
     if (const auto whole = text.toULongLong(&isWhole); isWhole)
         return static_cast<std::int64_t>(whole);
     const double real = leadingNumber(text);
-    constexpr double limit = 9.2e18; // what a double can hold of 64 bits without overflowing them
+    constexpr double limit = 9.2e18; // a double up to here fits into 64 bits
     return std::abs(real) < limit ? static_cast<std::int64_t>(real) : 0;
 }
 

@@ -10,8 +10,8 @@ namespace vexa {
 
 class IniFile;
 
-/// The settings that outlive a run; or a change of some of them. What is absent was never set, or
-/// does not change.
+/// The settings that outlive a run, or a change to some of them. Absent settings were never set, or
+/// do not change.
 struct Preferences {
     std::optional<double> delayInSeconds{};          ///< between the items of a batch run
     std::optional<std::uint64_t> defaultFrameRate{}; ///< frame-rate code
@@ -27,15 +27,15 @@ struct Preferences {
     bool operator==(const Preferences&) const = default;
 };
 
-/// What the file holds, whatever the kind of its values. A number is the one that its text begins
-/// with ("7 seconds" and "7,9" are 7); "true" and "yes" are 1, all else is 0. Integers are cut off
-/// towards zero; those of 64 bits, signed or not, pass unharmed.
+/// The settings in the file, whatever the type of its values. A text counts as the number that it
+/// begins with ("7 seconds" and "7,9" are 7), "true" and "yes" as 1, any other as 0. Integers
+/// truncate towards zero; all 64-bit integers, signed or not, are preserved.
 Preferences preferencesIn(const IniFile& file);
 
-/// Makes the change in the file, and touches no other key.
+/// Makes the change in the file. Other keys do not change.
 void enter(const Preferences& change, IniFile& file);
 
-/// Makes one change of two; the later one prevails.
+/// Merges a later change into a change; the later values win.
 void append(Preferences& change, const Preferences& later);
 
 } // namespace vexa

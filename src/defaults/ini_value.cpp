@@ -21,7 +21,7 @@ int digitValue(char c, int base) {
     return digit < base ? digit : -1;
 }
 
-/// Takes a value apart, from its front to its end.
+/// Splits a value from front to back.
 class ValueReader {
 public:
     explicit ValueReader(std::string_view value) : m_rest(value) {}
@@ -36,12 +36,12 @@ public:
     }
 
 private:
-    /// Up to the next comma outside quotes.
+    /// Reads up to the next comma outside quotes.
     QString nextText() {
         while (!m_rest.empty() && isSpace(m_rest.front()))
             m_rest.remove_prefix(1);
         QByteArray text;
-        qsizetype kept = 0; // blanks at the end of what is not quoted do not count
+        qsizetype kept = 0; // the length without unquoted blanks at the end
         bool inQuotes = false;
         while (!m_rest.empty() && (inQuotes || m_rest.front() != ',')) {
             const char c = m_rest.front();
@@ -59,7 +59,7 @@ private:
         return QString::fromUtf8(text.startsWith("@@") ? text.sliced(1) : text);
     }
 
-    /// What stands after a backslash.
+    /// Reads the rest of an escape, after the backslash.
     QByteArray escapedCharacter() {
         if (m_rest.empty())
             return {};
@@ -73,7 +73,7 @@ private:
         return known == std::string_view::npos ? QByteArray() : QByteArray(1, escaped[known]);
     }
 
-    /// A character by its number, which all the digits that follow belong to.
+    /// Reads a character code, which ends at the first other character.
     QByteArray number(int base) {
         char16_t character = 0;
         while (!m_rest.empty() && digitValue(m_rest.front(), base) >= 0) {

@@ -5,10 +5,10 @@
 
 namespace vexa {
 
-/// The texts of a value in an INI file, which commas part: quotes and escapes resolved.
+/// The comma-separated texts of a value in an INI file, with quotes and escapes resolved.
 QStringList iniTexts(const QByteArray& value);
 
-/// The texts as one value; each of any characters.
+/// The inverse. The texts may contain any characters.
 QByteArray iniValue(const QStringList& texts);
 
 } // namespace vexa

@@ -19,8 +19,8 @@ namespace vexa::defaults {
 
 namespace {
 
-constexpr qsizetype longest = 1 << 20; ///< more than that would keep the window waiting
-constexpr mode_t ownerOnly = 0600;     ///< the recent files are nobody else's business
+constexpr qsizetype longest = 1 << 20; ///< a longer file would delay the window
+constexpr mode_t ownerOnly = 0600;     ///< the recent files are private
 
 QString settingsFile() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -34,7 +34,7 @@ bool putAside(const QString& file) {
     return QFile::rename(file, copyOf(file));
 }
 
-/// What a change starts from; nothing where the file must stay as it is.
+/// The contents to change; nothing if the file must not change.
 std::optional<QByteArray> contentToChange(const QString& name) {
     const QFileInfo file(name);
     if (!file.exists())
@@ -45,20 +45,20 @@ std::optional<QByteArray> contentToChange(const QString& name) {
     return isTooLong && putAside(name) ? std::optional(QByteArray()) : std::nullopt;
 }
 
-/// False when another program holds the lock and does not let go of it. Where there can be no lock,
-/// there will be no new file either.
+/// False if another program keeps the lock. True if there can be no lock, as then the folder takes
+/// no new file either.
 bool tryLock(QLockFile& lock) {
     using namespace std::chrono_literals;
     const QDeadlineTimer deadline(500ms);
     while (!lock.tryLock() && lock.error() == QLockFile::LockFailedError) {
         if (deadline.hasExpired())
             return false;
-        QThread::msleep(5); // QLockFile's own patience looks ten times a second, then less often
+        QThread::msleep(5); // QLockFile itself tries ten times a second, then less often
     }
     return true;
 }
 
-/// Takes the file from all but its owner, before there is more in it.
+/// Removes the permissions of everybody but the owner.
 void makePrivate(const QString& file) {
     constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner;
     QFile::setPermissions(file, QFile::permissions(file) & owner);

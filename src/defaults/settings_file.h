@@ -4,10 +4,10 @@
 
 namespace vexa::defaults {
 
-/// What is in the file of settings now. Any thread.
+/// The settings in the file now. Any thread.
 Preferences readSettingsFile();
 
-/// Makes the change in the file before it returns; see write(). Any thread.
+/// Makes the change in the file before it returns, as write() describes. Any thread.
 void changeSettingsFile(const Preferences& change);
 
 } // namespace vexa::defaults

@@ -6,7 +6,7 @@
 namespace vexa::defaults {
 
 Preferences read() {
-    // In this order: what is written in between is found in the file.
+    // Before the file is read: a change written in between is then found in the file.
     const auto* background = BackgroundWrites::current();
     const auto unwritten = background ? background->unwritten() : Preferences();
     auto result = readSettingsFile();

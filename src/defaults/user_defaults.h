@@ -4,21 +4,21 @@
 
 namespace vexa {
 
-/// The settings of the user who runs the program: an INI file below $XDG_CONFIG_HOME, which only
-/// its owner may read. It is read whole and, in one step, replaced whole.
+/// The user's settings, in an INI file in $XDG_CONFIG_HOME that only its owner may read. Every
+/// write replaces the whole file atomically. Main thread only.
 ///
-/// A file that cannot be read counts as empty, and one that cannot be written keeps what it held;
-/// so does what is no regular file. What can be read of a broken file is kept, and the whole is
-/// copied to a file of its name and "~". A file of more than a mebibyte counts as empty, and the
-/// next write moves it there. Main thread only.
+/// A file that cannot be read counts as empty. A file that cannot be written, or is no regular
+/// file, does not change. A write to a broken file keeps its readable part and first copies the
+/// original, with "~" added to the name. A file of more than a mebibyte counts as empty, and the
+/// next write moves it to that name.
 namespace defaults {
 
-/// What was written last, on disk or not, over what is in the file.
+/// The settings in the file, with changes that are not on disk yet.
 Preferences read();
 
-/// Makes the change in the file, whatever other programs write meanwhile. It is on disk when the
-/// call returns, unless there are BackgroundWrites. Where another program holds the file for longer
-/// than half a second, nothing is written.
+/// Makes the change in the file and keeps what other programs write there. The change is on disk
+/// when this returns, unless a BackgroundWrites exists. Writes nothing if another program holds
+/// the lock for half a second.
 void write(const Preferences& change);
 
 } // namespace defaults

@@ -13,11 +13,11 @@ namespace vexa {
 
 namespace {
 
-/// Folders to search, from the program's one on: "" and, for Brazil, "pt_BR.lproj/", "pt.lproj/".
+/// The resource folders in search order: "", then, for Brazil, "pt_BR.lproj/" and "pt.lproj/".
 QStringList resourceFolders() {
     QStringList folders{QString()};
     for (const auto& language : QLocale().uiLanguages() + QStringList(QStringLiteral("en"))) {
-        const auto name = QLocale(language).name(); // "pt" by itself is that of Brazil
+        const auto name = QLocale(language).name(); // "pt" alone means Brazil
         for (const auto& part : {name, name.section(QLatin1Char('_'), 0, 0)})
             folders += part + QStringLiteral(".lproj/");
     }

@@ -6,31 +6,31 @@ namespace vexa {
 
 class VexaBatchStripeData;
 
-/// The list as a document: the file it is tied to, its name, and whether it has unsaved changes.
-/// Nothing here asks or shows. Main thread only.
+/// The list as a document: its file, its title, and whether it has unsaved changes. Asks nothing
+/// and shows nothing. Main thread only.
 class ListDocument {
 public:
     /// The list must outlive this.
     explicit ListDocument(VexaBatchStripeData& list) : m_list(list) {}
 
-    /// The list has changed since it was opened, saved or cleared.
+    /// Whether the list has changed since it was opened, saved or cleared.
     bool dirty() const { return m_dirty; }
     void setDirty() { m_dirty = true; }
-    /// The list is tied to a file.
+    /// Whether the list has a file.
     bool previouslySaved() const { return m_previouslySaved; }
-    /// That file's path; null when there is none.
+    /// The file's path; null if there is no file.
     const QString& url() const { return m_url; }
-    /// The name at the last retitle(): that of the file up to its first full stop.
+    /// The file's name at the last retitle(), up to its first full stop.
     const QString& fileTitle() const { return m_fileTitle; }
     void retitle();
 
-    /// An empty list without a file.
+    /// Empties the list and detaches it from its file.
     void clear();
-    /// Takes the list of a file. One that cannot be read gives an empty list, which is tied to it
-    /// all the same.
+    /// Reads the list from a file and attaches it to that file. An unreadable file gives an empty
+    /// list.
     void open(const QString& path);
-    /// Writes the list to a file and ties it to that, whether or not it could be written; false
-    /// when it could not. The name stays as it was.
+    /// Writes the list to a file and attaches it to that file, even if writing fails; then returns
+    /// false. The title does not change.
     bool save(const QString& path);
 
 private:

@@ -8,14 +8,14 @@ namespace vexa {
 
 namespace {
 
-/// Some file managers name the machine: file://studio/reels.vexaB
+/// Some file managers include the host: file://studio/reels.vexaB
 bool isThisMachine(const QString& host) {
     return host.isEmpty() || host == QLatin1String("localhost") ||
            host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
 }
 
-/// Null when there is none that the system takes, or one that no QString can stand for: a name may
-/// be any bytes.
+/// Null if the path is too long, or has bytes that a QString cannot represent: file names may
+/// contain any bytes.
 QString pathOf(const QUrl& uri) {
     const auto bytes = QByteArray::fromPercentEncoding(uri.path(QUrl::FullyEncoded).toLatin1());
     if (bytes.size() >= PATH_MAX || bytes.contains('\0'))

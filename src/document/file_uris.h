@@ -8,15 +8,14 @@
 
 namespace vexa {
 
-/// The file's URI as a text of ASCII letters. A relative path starts at the current directory.
+/// The file's URI in ASCII. A relative path starts at the current directory.
 QString fileUri(const QString& path);
 
-/// No longer text can be the URI of a file: each byte of a path takes up to three letters, and so
-/// may each of a machine's name.
+/// The longest possible file URI: each byte of a path or host name takes up to three characters.
 inline constexpr qsizetype longestFileUri = 3 * (PATH_MAX + HOST_NAME_MAX) + 10;
 
-/// The path of the first of them that is a file of this machine, under a name in UTF-8; null when
-/// none is. The program shows one list at a time, so that there is no use for the others.
+/// The path of the first URI that names a local file in UTF-8; null if none does. The program shows
+/// one list at a time, so it ignores the others.
 QString firstLocalFile(const QList<QUrl>& uris);
 
 } // namespace vexa

@@ -17,7 +17,7 @@ namespace {
 
 const QString listKey = QStringLiteral("vexabatchlist");
 
-constexpr std::size_t valuesInAnItem = 3; ///< that take as much memory as an item by itself
+constexpr std::size_t valuesInAnItem = 3; ///< values that take as much memory as an item itself
 
 std::optional<PropertyList> readFile(const QString& path, MemoryBudget& budget) {
     const auto bytes = readRegularFile(path, property_list::maximumInput);

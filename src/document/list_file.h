@@ -6,14 +6,14 @@
 
 namespace vexa {
 
-/// A list file is a property list: a dictionary whose one key, "vexabatchlist", has the array of
-/// the items in row order. It is written as XML and read as XML or binary.
+/// A list file is a property list: a dictionary whose only key, "vexabatchlist", holds the array of
+/// items in row order. It is written as XML, and read as XML or binary.
 
-/// The items of the file, in the order of the file. There are none when it cannot be read, is no
-/// property list, has no such array, or asks for more memory than a MemoryBudget has.
+/// The items of the file, in its order. Empty if the file cannot be read, is no property list, has
+/// no such array, or exceeds the MemoryBudget.
 BatchItems readListFile(const QString& path);
 
-/// Replaces the file in one step. Returns false when it could not; then it is as it was.
+/// Replaces the file atomically. On failure, returns false and leaves it unchanged.
 bool writeListFile(const QString& path, const BatchItems& items);
 
 } // namespace vexa

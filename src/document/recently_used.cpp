@@ -26,9 +26,9 @@ struct FreeText {
 };
 using Text = std::unique_ptr<char, FreeText>;
 
-/// Null when there is something, but no file of bookmarks of a sensible length.
+/// Null if the file exists but is no bookmark file of reasonable size.
 Bookmarks readBookmarks(const QString& listFile) {
-    constexpr qsizetype limit = 16 << 20; // far longer than any desktop lets it grow
+    constexpr qsizetype limit = 16 << 20; // far larger than desktops let it grow
     Bookmarks bookmarks(g_bookmark_file_new());
     if (!QFile::exists(listFile))
         return bookmarks;
@@ -62,7 +62,7 @@ bool addToRecentlyUsed(const QStringList& paths, const QString& listFile) {
         add(*bookmarks, path);
     gsize size = 0;
     const Text text(g_bookmark_file_to_data(bookmarks.get(), &size, nullptr));
-    constexpr mode_t privately = 0600; // what one works on is nobody else's business
+    constexpr mode_t privately = 0600; // recent work is private
     return text && QDir().mkpath(QFileInfo(listFile).path()) &&
            replaceFile(listFile, QByteArray::fromRawData(text.get(), static_cast<qsizetype>(size)),
                        privately);

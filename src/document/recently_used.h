@@ -5,13 +5,13 @@
 
 namespace vexa {
 
-/// The list of files used last that the programs of a desktop share: the XML file
-/// recently-used.xbel of the Desktop Bookmark Specification, below $XDG_DATA_HOME.
+/// The list of recent files that desktop programs share: recently-used.xbel of the Desktop Bookmark
+/// Specification, in $XDG_DATA_HOME.
 QString recentlyUsedFile();
 
-/// Enters batch list files, given by absolute paths, into such a list as used now by this program.
-/// What others hold there stays. Returns false, and leaves the file as it is, when it cannot be
-/// read as such a list or not be written. May be called on any thread, on one at a time.
+/// Adds batch list files, by absolute path, to such a list, as used now by this program. Keeps all
+/// other entries. If the list cannot be read or written, returns false and leaves it unchanged.
+/// Any thread, but one at a time.
 bool addToRecentlyUsed(const QStringList& paths, const QString& listFile);
 
 } // namespace vexa

@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// The way to the generator over MIDI, by the shared manager, which it makes on first use.
+/// Controls the generator over MIDI. Uses the shared manager, which exists from the first use on.
 class MidiGeneratorLink final : public GeneratorLink {
 public:
     void stop() override;

@@ -8,18 +8,18 @@ namespace vexa {
 
 class RadioMatrix;
 
-/// Shows the pause between two items: the pause and the play cell of the transport take turns.
+/// Shows the pause between two items by lighting the pause and the play cell in turn.
 class TransportBlink {
 public:
     /// Both must outlive this.
     TransportBlink(RunLoop& runLoop, RadioMatrix& transport)
         : m_runLoop(runLoop), m_transport(transport) {}
 
-    /// Begins, with the pause cell, in half a second.
+    /// Starts with the pause cell, half a second from now.
     void start();
-    /// Ends, with the play cell.
+    /// Stops with the play cell lit.
     void stop();
-    /// Ends and leaves the cells as they are.
+    /// Stops and leaves the cells as they are.
     void cancel() { m_timer.reset(); }
 
 private:
@@ -28,7 +28,7 @@ private:
     RunLoop& m_runLoop;
     RadioMatrix& m_transport;
     std::unique_ptr<RunLoopTimer> m_timer;
-    bool m_blinkState = false; ///< the pause cell shows
+    bool m_blinkState = false; ///< the pause cell is lit
 };
 
 } // namespace vexa

@@ -20,7 +20,7 @@ public:
     void undo() override { replay(); }
 
     void redo() override {
-        // The stack redoes a command as it is pushed; the edit itself has been made by then.
+        // Pushing a command makes the stack redo it, but the edit has already been made.
         if (std::exchange(m_pushed, true))
             replay();
     }
@@ -88,7 +88,7 @@ QString UndoManager::redoMenuItemTitle() const {
 bool UndoManager::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress:
-    case QEvent::KeyRelease: // a button is pressed by the release of Space
+    case QEvent::KeyRelease: // releasing Space presses a button
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
     case QEvent::InputMethod:
@@ -98,7 +98,7 @@ bool UndoManager::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::TouchBegin:
     case QEvent::TouchEnd:
     case QEvent::Drop:
-    case QEvent::MetaCall: // how a press by assistive technology comes in
+    case QEvent::MetaCall: // how assistive technology presses a control
         if (m_replaying == Replaying::no)
             endEvent();
         break;

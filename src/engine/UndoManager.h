@@ -8,20 +8,21 @@
 
 namespace vexa {
 
-/// Undo by recorded inverse calls. What one user event registers forms one group, undone and
-/// redone as a whole; what a group registers while it is undone becomes its redo, and the other
-/// way round. Groups end with the event: before the next input event or queued call is handled,
-/// even one that has been waiting, and at the latest when the event loop takes over again.
+/// Undo by recorded inverse calls. All calls of one user event form a group, which is undone and
+/// redone as a whole. What a group registers during its undo becomes its redo, and vice versa.
+///
+/// A group ends before the next input event or queued call is handled, even one already waiting,
+/// and at the latest when control returns to the event loop.
 class UndoManager : public QObject {
     Q_OBJECT
 
 public:
     explicit UndoManager(QObject* parent = nullptr);
 
-    /// Records the call that takes back the edit just made.
+    /// Records the call that reverses the edit just made.
     void registerUndo(std::function<void()> inverse);
-    /// Names the edit for the menu, in title case: "Change Start Time". Call last: outside undo and
-    /// redo, which announce what they changed at their end, this announces the edit.
+    /// Names the edit for the menu, in title case: "Change Start Time". Call this last, because it
+    /// announces the edit. Undo and redo announce theirs when they finish.
     void setActionName(const QString& name);
 
     void undo();
@@ -36,11 +37,11 @@ public:
     QString undoMenuItemTitle() const;
     QString redoMenuItemTitle() const;
 
-    /// Ends the open group, if any: what comes next belongs to another event.
+    /// Ends the open group, if any. Later calls belong to another event.
     void endEvent() { m_open = nullptr; }
 
 Q_SIGNALS:
-    /// What can be undone or redone, or its name, is another. Once for each edit, undo and redo.
+    /// The undo or redo command has changed. Emitted once per edit, undo and redo.
     void changed();
 
 protected:

@@ -6,15 +6,15 @@ class AddToPanel;
 class Vexa_RemoteAppDelegate;
 struct StripeSettings;
 
-/// Asks for the reel and the title of a new batch item, whose other fields are given.
+/// Asks for the reel and the title of a new batch item; the caller gives its other fields.
 class VexaAddToBatchController {
 public:
     /// Both must outlive this.
     VexaAddToBatchController(Vexa_RemoteAppDelegate& owner, AddToPanel& addToPanel)
         : m_owner(owner), m_addToPanel(addToPanel) {}
 
-    /// Shows the panel and returns when it is closed. A confirmed item goes to the owner, as
-    /// "untitled" when it was given no title. The hours of the start time are proposed as the reel.
+    /// Shows the panel until it is closed, and adds a confirmed item to the owner's list. An item
+    /// without a title becomes "untitled". The panel proposes the hours of the start time as reel.
     void showAddToBatchPanelWithStart(const StripeSettings& settings);
 
 private:

@@ -20,10 +20,9 @@
 
 namespace vexa {
 
-/// The application's one controller: where the outlets meet the run, the list and the undo. It
-/// forwards what the operator does and shows what comes of it. It sees the window, or whatever
-/// stands in its place, through its outlets. Main thread only. The name of the file that holds an
-/// operation stands above its group.
+/// The application's controller. It forwards the operator's actions to the run, the list and the
+/// undo manager, and shows the results through its outlets, which stand for a window or a terminal.
+/// Operations are grouped by source file; its name heads each group. Main thread only.
 class Vexa_RemoteAppDelegate : public QObject {
     Q_OBJECT
 
@@ -33,42 +32,42 @@ public:
     ~Vexa_RemoteAppDelegate() override;
 
     // start_up.cpp
-    /// Brings everything into its first state; call once, when the outlets are ready.
+    /// Sets the initial state. Call once, when the outlets are ready.
     void applicationDidFinishLaunching();
 
     // control_enabling.cpp
-    /// Fits the batch controls to the list and the selected rows; without rows, batch striping
-    /// goes off.
+    /// Enables the batch controls that the list and the selection allow. An empty list turns batch
+    /// striping off.
     void handleBatchControlEnabling();
-    /// FSK carries no frame rate: with it, no rate can be chosen and none shows.
+    /// FSK has no frame rate: while it is chosen, the rate radios are off and disabled.
     void handleFrameRateEnabling();
 
     // transport.cpp
     void handleTransportButtons() { setTransportState(m_outlets.transportMatrix->selectedTag()); }
     void handleStripeMenuItems(std::uint64_t tag);
-    /// Any code: 1 starts a run, 0 and 2 end or interrupt it, others are only noted.
+    /// Takes any code: 1 starts a run, 0 stops it, 2 pauses it; others are only recorded.
     void setTransportState(std::uint64_t state);
-    /// Shows a state that the program entered by itself.
+    /// Shows a state without entering it.
     void setTransportButton(std::uint64_t tag) {
         m_outlets.transportMatrix->selectCellWithTag(tag);
     }
 
     // settings.cpp
-    /// Takes any code; announces it by vexaratechg() while the transport is stopped.
+    /// Takes any code. While the transport is stopped, emits vexaratechg().
     void setFrameRate(std::uint64_t code);
     void setFrameAndSyncFromDefaults();
     void saveCurrentSettings() { m_plan.saved = m_plan.settings; }
-    /// Back to the settings last saved, or to zeros when none were since launch.
+    /// Restores the settings last saved; zeros if none were saved since launch.
     void restoreCurrentSettings();
     bool readPrefs();
     void writePrefs();
     void handlePrefsMenu() { m_outlets.prefsController->showPreferences(); }
 
-    // settings_edits.cpp: each edit can be undone, also one that changes nothing
+    // settings_edits.cpp: every edit can be undone, even one that changes nothing
     void handleStartTimeButton();
     void handleStopTimeButton();
-    /// A time was entered in the display with that tag. Keeps the stop time after the start time,
-    /// by five seconds where it was not.
+    /// A time was entered in the display with that tag. A stop time that is not after the start
+    /// time becomes five seconds after it.
     void timeChanged(int tag, std::uint64_t entered);
     void handleStopTimeCheck();
     void handleSetStopTimeMenu();
@@ -84,25 +83,25 @@ public:
     void undo();
     void redo();
 
-    // batch_editing.cpp: each edit can be undone, but for the menu's choice of the mode
-    /// Opens the panel for a new item of the current settings, where a stop time is set.
+    // batch_editing.cpp: every edit can be undone, except choosing the mode from the menu
+    /// Opens the panel for a new item with the current settings, if a stop time is set.
     void handleAddToBatchListButton();
     void handleRemoveFromBatchListButton();
     /// The delete key was pressed in the table.
     void handleDeleteRows() { handleRemoveFromBatchListButton(); }
     void handleBatchCheck();
-    /// Choosing what to stripe turns batch striping on; undoing the choice leaves it on.
+    /// Choosing the mode turns batch striping on. Undoing the choice leaves it on.
     void handleBatchRadios();
-    /// Any tag; those without a meaning do nothing.
+    /// Takes any tag; unknown ones do nothing.
     void handleBatchListMenuItems(std::uint64_t tag);
-    /// A row was clicked, which by itself does nothing.
+    /// A click on a row does nothing by itself.
     void handleBatchTableEdit() {}
     void tableViewSelectionDidChange() { handleBatchControlEnabling(); }
     void addItemToBatchList(std::uint64_t reel, const QString& title,
                             const StripeSettings& settings);
     void addItemToBatchList(const BatchItemRef& item, const QString& actionName);
     void removeItemFromBatchList(const BatchItemRef& item, const QString& actionName);
-    /// Puts the items back while undoing, and deletes the rows otherwise.
+    /// During undo, puts the items back; otherwise deletes the rows.
     void undoRedoRemoveFromBatchList(const BatchItems& items, const RowIndexes& rows,
                                      const QString& actionName);
     void undoRedoUseBatchStriping(bool useBatch, const QString& actionName);
@@ -114,17 +113,17 @@ public:
     void saveDocument();
     void saveDocumentAs();
     void revertDocumentToSaved();
-    /// A file that the desktop or the command line hands over. True also when nothing was opened,
-    /// as while striping.
+    /// Opens a file from the desktop or the command line. Returns true even if nothing was opened,
+    /// as during a run.
     bool openFile(const QString& path);
-    /// Whether the window may close: asks to save a changed list first.
+    /// Whether the window may close. Asks to save unsaved changes first.
     bool windowShouldClose();
-    /// Whether to go ahead with what would lose changes; asks when there are any.
+    /// Whether unsaved changes may be lost. Asks to save them, if there are any.
     bool saveFirst();
     bool askRevert();
     void openListWithURL(const QString& path);
     void saveDocumentWithURL(const QString& path);
-    /// Names the list in the window's title after its file, up to the name's first full stop.
+    /// Shows the file's name, up to its first full stop, in the window's title.
     void setListTitle();
 
     void setUseBatch(bool useBatch) { m_plan.useBatch = useBatch; }
@@ -147,11 +146,11 @@ public:
     double frameInterval() const { return frameRateForCode(frameRate()).frameInterval; }
     std::uint64_t syncType() const { return m_plan.settings.syncType; }
     bool useBatch() const { return m_plan.useBatch; }
-    /// As it was before the last click on the batch radios.
+    /// useBatch() before the last click on the batch radios.
     bool previousUseBatch() const { return m_previousUseBatch; }
     std::uint64_t batchMode() const { return m_plan.batchMode; }
     std::uint64_t itemsToStripe() const { return m_run.progress().itemsToStripe; }
-    /// Each item of a run counts as the first.
+    /// Always 0: each item of a run counts as the first.
     std::uint64_t currentStripeItem() const { return 0; }
     std::uint64_t currentReel() const { return m_run.progress().reel; }
     bool waitingForReelChange() const { return m_run.progress().phase == Phase::awaitingReel; }
@@ -168,13 +167,13 @@ public:
     const Outlets& outlets() const { return m_outlets; }
     UndoManager& undoManager() { return m_undoManager; }
     const UndoManager& undoManager() const { return m_undoManager; }
-    /// What a run is doing, for whoever wants to be told.
+    /// The run, for observers of its signals and progress.
     const StripeRun& run() const { return m_run; }
 
 Q_SIGNALS:
-    /// The frame rate was set while the transport is stopped: shown times follow it.
+    /// The frame rate was set while the transport was stopped, and the displays have adopted it.
     void vexaratechg();
-    /// Something changed on which it depends what can be done now.
+    /// Commands may have become available or unavailable.
     void stateChanged();
 
 private:
@@ -188,8 +187,8 @@ private:
     void showSettings(std::uint64_t start, std::uint64_t stop);
     void pushStopTimePastStart(); // settings_edits.cpp
     void registerEdit(const QString& actionName, std::function<void(const QString&)> inverse);
-    /// Makes the change and shows it; the edit that follows announces it. Rows that stay in the
-    /// list stay selected, and the keyboard stays with its row.
+    /// Changes the list and shows the result. Remaining rows keep the selection and the keyboard
+    /// focus. The caller announces the change.
     void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
     bool mayReplaceList(); // document_commands.cpp
@@ -208,9 +207,9 @@ private:
     TransportBlink m_blink;
     std::uint64_t m_transportState = transport::stopped;
     std::uint64_t m_prevTransportState = transport::stopped;
-    bool m_prevStopTimeSet = false; ///< the flag before the edit in progress
+    bool m_prevStopTimeSet = false; ///< the flag before the current edit
     bool m_previousUseBatch = false;
-    bool m_asking = false; ///< a question about the list is up
+    bool m_asking = false; ///< a question about the list is open
     std::uint64_t m_defaultFrameRate = 0;
     std::uint64_t m_defaultSyncType = 0;
 };

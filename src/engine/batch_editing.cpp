@@ -58,7 +58,7 @@ void Vexa_RemoteAppDelegate::addItemToBatchList(const BatchItemRef& item,
                                                 const QString& actionName) {
     changeBatchList([&] { m_batchStripeData.addItem(item); });
     m_outlets.batchTable->scrollToItem(item);
-    // An addition again, not the removal: undoing a redone addition puts in a second copy.
+    // Registers an addition, not a removal: undoing a redone addition adds a second copy.
     registerEdit(actionName, [this, item](const QString& name) { addItemToBatchList(item, name); });
 }
 
@@ -66,7 +66,7 @@ void Vexa_RemoteAppDelegate::handleRemoveFromBatchListButton() {
     const auto rows = m_outlets.batchTable->selectedRowIndexes();
     if (rows.empty())
         return;
-    BatchItems items; // not empty: every row of the table is one of the list
+    BatchItems items; // never empty: every row of the table is in the list
     changeBatchList([&] { items = m_batchStripeData.deleteIndexedItems(rows); });
     m_outlets.batchTable->moveKeyboardTo(rows);
     registerRemoval(std::move(items), rows, QStringLiteral("Delete Selected Rows"));
@@ -79,7 +79,7 @@ void Vexa_RemoteAppDelegate::undoRedoRemoveFromBatchList(const BatchItems& items
     if (m_undoManager.isUndoing()) {
         changeBatchList([&] { m_batchStripeData.addItems(items); });
         table.moveKeyboardTo(m_batchStripeData.rowsOfItems(items));
-        table.scrollToItem(items.back()); // the one of the lowest row
+        table.scrollToItem(items.back()); // the item of the lowest row
     } else {
         changeBatchList([&] { m_batchStripeData.deleteIndexedItems(rows); });
         table.moveKeyboardTo(rows);

@@ -11,45 +11,45 @@ namespace vexa {
 
 struct FrameRate;
 
-// The controls that the controller sees: those of a window, or a terminal in their place. Setting
-// a control from here never triggers its action.
+// The controls as the controller sees them, in a window or a terminal. Setting a control through
+// these interfaces never triggers its action.
 
 /// Shows a time.
 class TimecodeDisplay {
 public:
     virtual ~TimecodeDisplay() = default;
-    /// Packed timecode; what it holds above its 32 bits is cut off.
+    /// Packed timecode; bits above the low 32 are ignored.
     virtual void setBcdValue(std::uint64_t value) = 0;
-    /// The rate by which times count from now on. What is shown stays.
+    /// Sets the rate for future times. The shown time does not change.
     virtual void setFrameRate(const FrameRate& rate) = 0;
-    /// Brings the shown time into line with the rate: frames beyond it carry into the seconds.
+    /// Makes the shown time valid at the rate: excess frames carry into the seconds.
     virtual void frameRateChanged() = 0;
 };
 
-/// A time display that can be typed into.
+/// A time display that accepts typed times.
 class TimecodeEntry : public TimecodeDisplay {
 public:
-    /// Begins (1) or ends (0) an entry. What was typed is committed by the end, unless it is no
-    /// time at the rate: then the entry goes on.
+    /// Begins (1) or ends (0) an entry. Ending it commits the typed time; a time that is invalid
+    /// at the rate keeps the entry open.
     virtual void setState(int state) = 0;
     virtual int state() const = 0;
 };
 
-/// Tags by which the displays are told apart.
+/// Tags that identify the displays.
 namespace time_tag {
 inline constexpr int start = 0;
 inline constexpr int stop = 1;
 inline constexpr int current = 2;
 } // namespace time_tag
 
-/// Radio cells in a group, each with a tag.
+/// A group of radio cells, each with a tag.
 class RadioMatrix {
 public:
     virtual ~RadioMatrix() = default;
-    /// Selects the cell and switches it on; with no such cell, nothing changes.
+    /// Selects the cell and switches it on. Does nothing if there is no such cell.
     virtual void selectCellWithTag(std::uint64_t tag) = 0;
     virtual std::uint64_t selectedTag() const = 0;
-    /// Leaves no cell on.
+    /// Switches the selected cell off, so that none is on.
     virtual void switchSelectedCellOff() = 0;
     virtual void setMatrixEnabled(bool enabled) = 0;
     virtual void setCellEnabled(std::uint64_t tag, bool enabled) = 0;
@@ -78,34 +78,34 @@ public:
     virtual void setTitle(const QString& title) = 0;
 };
 
-/// How far a batch run has come with an item.
+/// How far a batch run has got with an item.
 enum class StripeMark { none, underWay, finished };
 
-/// The batch list on screen.
+/// The table that shows the batch list.
 class BatchTable {
 public:
     virtual ~BatchTable() = default;
-    /// Shows the list as it now is. No row is selected, and the keyboard is at none.
+    /// Shows the current list. Afterwards no row is selected or has the keyboard focus.
     virtual void reloadData() = 0;
-    /// Takes the title that is being typed, if any, and ends its editor.
+    /// Commits the title that is being typed, if any, and closes its editor.
     virtual void commitEditing() = 0;
     virtual bool hasSelectedRows() const = 0;
     virtual RowIndexes selectedRowIndexes() const = 0;
-    /// Selects these rows and no others.
+    /// Selects exactly these rows.
     virtual void selectRows(const RowIndexes& rows) = 0;
-    /// The row that the keyboard is at, if it is at one.
+    /// The row with the keyboard focus, if any.
     virtual RowIndexes keyboardRow() const = 0;
-    /// Puts the keyboard at the first of these rows, or at the list's last where that is less;
-    /// without rows, it stays. Neither selects nor scrolls.
+    /// Moves the keyboard focus to the first of these rows, or to the last row of a shorter list.
+    /// Does nothing without rows. Neither selects nor scrolls.
     virtual void moveKeyboardTo(const RowIndexes& rows) = 0;
-    /// What the columns show, from the left: keys of an item's fields.
+    /// The item keys that the columns show, from left to right.
     virtual void setColumnIdentifiers(const QStringList& identifiers) = 0;
-    /// Replaces the platform's header by the list's own.
+    /// Replaces the platform's header with the table's own.
     virtual void installHeader() = 0;
     virtual void setIntercellSpacing(double width, double height) = 0;
-    /// Brings the item's row into view, if the list holds it. The selection stays.
+    /// Scrolls to the item's row, if it is in the list. The selection does not change.
     virtual void scrollToItem(const BatchItemRef& item) = 0;
-    /// Marks an item's row, and brings it into view when it comes under way. The selection stays.
+    /// Marks an item's row. A row under way scrolls into view; the selection does not change.
     virtual void markItem(const BatchItemRef& item, StripeMark mark) = 0;
     virtual void clearMarks() = 0;
 };

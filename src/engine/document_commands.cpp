@@ -16,8 +16,8 @@ Alert question(const QString& text, bool previouslySaved, const QString& fileTit
 
 } // namespace
 
-/// One question at a time: the session may end, or the window be closed, while one is up. The
-/// second counts as unanswered.
+/// Asks one question at a time. The session may end, or the window may close, while one is open;
+/// a second question then counts as unanswered.
 int Vexa_RemoteAppDelegate::ask(const Alert& question) {
     if (std::exchange(m_asking, true))
         return alertUnanswered;
@@ -38,7 +38,7 @@ bool Vexa_RemoteAppDelegate::saveFirst() {
     if (!dirty())
         return true;
     const int answer = askToSave();
-    // "Save" goes ahead whatever became of the saving.
+    // "Save" proceeds even if saving failed.
     if (answer == alertFirstButton)
         saveDocument();
     return answer != alertThirdButton && answer != alertUnanswered;
@@ -51,7 +51,7 @@ bool Vexa_RemoteAppDelegate::windowShouldClose() {
     const int answer = askToSave();
     if (answer == alertFirstButton) {
         saveDocument();
-        return !dirty(); // a save panel that was cancelled keeps the window open
+        return !dirty(); // cancelling the save panel keeps the window open
     }
     return answer == alertSecondButton;
 }
@@ -66,7 +66,7 @@ bool Vexa_RemoteAppDelegate::askRevert() {
     return answer != alertSecondButton && answer != alertUnanswered;
 }
 
-/// Asks to save first. While the question is up, a run can begin, and its list is not taken away.
+/// Asks to save first. A run that starts during the question keeps its list.
 bool Vexa_RemoteAppDelegate::mayReplaceList() {
     return saveFirst() && m_transportState == transport::stopped;
 }

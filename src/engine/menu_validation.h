@@ -9,7 +9,7 @@ namespace vexa {
 
 class Vexa_RemoteAppDelegate;
 
-/// What a menu item does; items that do the same differ by their tags.
+/// What a menu item does. Items with the same action differ by their tags.
 enum class MenuAction {
     handlePrefsMenu,
     handleFrameRateMenuItems, ///< tag: frame-rate code
@@ -24,7 +24,7 @@ enum class MenuAction {
     saveDocument,
     saveDocumentAs,
     revertDocumentToSaved,
-    other, ///< tag: unavailableWhileStriping, or never available
+    other, ///< available only with the tag unavailableWhileStriping
 };
 
 namespace batch_menu {
@@ -34,10 +34,10 @@ inline constexpr std::uint64_t useBatch = 2;
 inline constexpr std::uint64_t add = 3;
 } // namespace batch_menu
 
-/// Marks items of other actions that are available while the transport is stopped.
+/// Tag of items with other actions that are available while the transport is stopped.
 inline constexpr std::uint64_t unavailableWhileStriping = 10000;
 
-/// How an item is to show now. What is absent stays as it was.
+/// How an item should appear now. Absent values leave it unchanged.
 struct MenuItemState {
     bool enabled = false;
     std::optional<bool> marked;

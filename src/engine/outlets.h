@@ -7,8 +7,8 @@
 
 namespace vexa {
 
-/// A place for an outlet that is never empty: a set of outlets that leaves one out does not
-/// compile.
+/// A pointer to an outlet that is never null. Leaving one out of a set of outlets is a compile
+/// error.
 template<class Kind>
 class Outlet {
 public:
@@ -21,7 +21,7 @@ private:
     Kind* m_outlet;
 };
 
-/// All of them; each outlives the controller.
+/// All outlets of the controller, which must outlive it.
 struct Outlets {
     Outlet<WindowTitle> window;
     Outlet<RadioMatrix> transportMatrix;

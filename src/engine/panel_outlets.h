@@ -8,19 +8,19 @@
 
 namespace vexa {
 
-// What the controller asks the operator by, each by itself over the window.
+// The panels that the controller opens, each modal to the window.
 
 /// Asks for the reel and the title of a new item of the list.
 class AddToPanel {
 public:
     virtual ~AddToPanel() = default;
     virtual void setReel(std::uint64_t reel) = 0;
-    /// 0 when what stands in the field is no number.
+    /// 0 if the field holds no number.
     virtual std::uint64_t reel() const = 0;
-    /// The title stays from one time to the next.
+    /// The title is kept from one showing to the next.
     virtual QString title() const = 0;
     virtual void setTitlePlaceholder(const QString& text) = 0;
-    /// Shows the panel over all else; returns one of the codes below when it has been closed.
+    /// Shows the modal panel and returns one of the codes below when it closes.
     virtual int runModal() = 0;
 };
 
@@ -32,34 +32,34 @@ struct Alert {
     QString message;
     QString information;
     std::vector<QString> buttons;
-    /// The operator did not ask for it, and may be at the machine or in the middle of typing.
+    /// The operator did not ask for the alert, and may be away or typing.
     bool comesUnasked = false;
 };
 
-/// What an alert ends with: this for its first button, one more for each further one; 0 when it
-/// was taken down without an answer, as when the program is told to end.
+/// Results of an alert, one per button in order; 0 if it closed without an answer, as when the
+/// program is asked to quit.
 inline constexpr int alertUnanswered = 0;
 inline constexpr int alertFirstButton = 1000;
 inline constexpr int alertSecondButton = 1001;
 inline constexpr int alertThirdButton = 1002;
 
-/// Asks the operator and returns when answered.
+/// Shows the alert and returns the operator's answer.
 class Alerts {
 public:
     virtual ~Alerts() = default;
     virtual int runModal(const Alert& alert) = 0;
 };
 
-/// Lets the operator choose a batch list file, and returns when chosen. Nothing when cancelled.
+/// Lets the operator choose a batch list file. Returns nothing when cancelled.
 class FilePanels {
 public:
     virtual ~FilePanels() = default;
     virtual std::optional<QString> runOpenPanel() = 0;
-    /// name: what the panel proposes.
+    /// name: the file name that the panel proposes.
     virtual std::optional<QString> runSavePanel(const QString& name) = 0;
 };
 
-/// The files that were opened last, in the menu and on the desktop.
+/// The recent files, in the menu and on the desktop.
 class RecentDocuments {
 public:
     virtual ~RecentDocuments() = default;
@@ -70,7 +70,7 @@ public:
 class PrefsPanel {
 public:
     virtual ~PrefsPanel() = default;
-    /// Returns when the panel has been closed, and what was confirmed there is in force.
+    /// Returns when the panel is closed and any confirmed changes are in effect.
     virtual void showPreferences() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// An open file, or -1; closed at the end.
+/// Owns an open file, or -1.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}

@@ -20,17 +20,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where a path leads to over symbolic links, whether or not there is a file.
+/// The path with symbolic links followed. The target need not exist.
 fs::path targetOf(fs::path path) {
-    constexpr int mostLinks = 40; // as in the system
+    constexpr int mostLinks = 40; // the system's own limit
     std::error_code error;
     for (int links = 0; links < mostLinks && fs::is_symlink(path, error); ++links)
         path = path.parent_path() / fs::read_symlink(path, error);
     return path;
 }
 
-/// A file that is to take the place of another in the same folder. Its name has nothing of the
-/// other's, which may be as long as names can be. It is removed unless it takes the place.
+/// A file that replaces another in the same folder, or is removed. Its name is not derived from the
+/// other's, which may already be as long as the system allows.
 class Successor {
 public:
     Successor(int folder, mode_t mode)
@@ -65,11 +65,11 @@ private:
 };
 
 void keepAttributes(const struct stat& status, int before, int after) {
-    // Only root gives files away; a group that one is a member of can be kept all the same.
+    // Only root may change the owner, but others may keep a group that they are members of.
     static_cast<void>(fchown(after, status.st_uid, status.st_gid) == 0 ||
                       fchown(after, static_cast<uid_t>(-1), status.st_gid) == 0);
     fchmod(after, status.st_mode & 07777);
-    copyExtendedAttributes(before, after); // the last, since an access list sets permissions, too
+    copyExtendedAttributes(before, after); // last, as an access list sets permissions too
 }
 
 } // namespace
@@ -77,7 +77,7 @@ void keepAttributes(const struct stat& status, int before, int after) {
 bool replaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode) {
     const auto target = targetOf(QFile::encodeName(path).toStdString());
     const auto name = target.filename().string();
-    // Reached by its folder: together they may be just as long as a path can be.
+    // Opened relative to its folder: the path may already be as long as the system allows.
     const FileDescriptor folder(open(target.has_parent_path() ? target.parent_path().c_str() : ".",
                                      O_PATH | O_DIRECTORY | O_CLOEXEC));
     struct stat status{};

@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto accessList = "system.posix_acl_access";
 
-/// The other ones are the system's own, some of them computed from what the file holds.
+/// All others are the system's own; some are computed from the contents.
 bool isForUsers(std::string_view name) { return name.starts_with("user.") || name == accessList; }
 
 } // namespace
@@ -21,7 +21,7 @@ bool isForUsers(std::string_view name) { return name.starts_with("user.") || nam
 void copyExtendedAttributes(int from, int to) {
     std::vector<char> names(XATTR_LIST_MAX);
     std::vector<char> value(XATTR_SIZE_MAX);
-    fremovexattr(to, accessList); // folders may hand one down
+    fremovexattr(to, accessList); // may be inherited from the folder
     const auto length = flistxattr(from, names.data(), names.size());
     for (const char* name = names.data(); name < names.data() + length;
          name += std::strlen(name) + 1) {

@@ -2,8 +2,8 @@
 
 namespace vexa {
 
-/// Gives one open file the access control list of the other, and the attributes that programs
-/// attach to files for their users, such as tags and comments, as far as the system allows.
+/// Copies the access control list from one open file to another, and users' attributes such as tags
+/// and comments, where the system allows.
 void copyExtendedAttributes(int from, int to);
 
 } // namespace vexa

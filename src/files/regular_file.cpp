@@ -17,8 +17,8 @@ std::optional<QByteArray> readRegularFile(const QString& path, qsizetype limit) 
     if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > limit)
         return std::nullopt;
 
-    // Regular files of the process file system say that they are empty, and may be endless: the
-    // size is no guide. Memory counts only once it is written to.
+    // Files in /proc claim to be empty and may be endless, so the size is no guide. Memory costs
+    // nothing until it is written to.
     QByteArray bytes(limit + 1, Qt::Uninitialized);
     qsizetype size = 0;
     while (size <= limit) {

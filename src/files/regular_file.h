@@ -7,8 +7,8 @@
 
 namespace vexa {
 
-/// The bytes of a regular file that holds no more than `limit` of them. Nothing for a longer file,
-/// or for one whose reading could block or never end, such as a pipe or a device.
+/// The contents of a regular file of at most `limit` bytes. Nothing for a longer file, or for one
+/// that could block or never end, such as a pipe or a device.
 std::optional<QByteArray> readRegularFile(const QString& path, qsizetype limit);
 
 } // namespace vexa

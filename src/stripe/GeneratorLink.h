@@ -4,12 +4,12 @@
 
 namespace vexa {
 
-/// The way to the generator. Nothing comes back: what cannot be sent is lost.
+/// Controls the generator. Nothing comes back: a message that cannot be sent is lost.
 class GeneratorLink {
 public:
     virtual ~GeneratorLink() = default;
     virtual void stop() = 0;
-    /// Sets the generator up for these settings and starts it; it knows no stop time.
+    /// Sets up the generator with these settings and starts it. It knows no stop time.
     virtual void run(const StripeSettings& settings) = 0;
 };
 

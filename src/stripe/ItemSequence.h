@@ -8,18 +8,18 @@
 
 namespace vexa {
 
-/// The items of a batch run in their order: all, or the selection that the list was given.
-/// Which of the two is asked anew at each step, and both share the list's one cursor.
+/// The items of a batch run in order: all of the list, or its selection. The mode is read again at
+/// each step, and both modes share the list's cursor.
 class ItemSequence {
 public:
     /// Both must outlive this.
     ItemSequence(VexaBatchStripeData& list, const StripePlan& plan) : m_list(list), m_plan(plan) {}
 
     std::uint64_t count() const;
-    /// Null when there is none.
+    /// Null if there is none.
     BatchItemRef first();
     BatchItemRef next();
-    /// Whether next() will find an item.
+    /// Whether next() would return an item.
     bool hasMore() const;
 
     /// In the order of the run.

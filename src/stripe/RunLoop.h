@@ -6,28 +6,28 @@
 
 namespace vexa {
 
-/// A timer on the main thread's event loop. Destroying it stops it, also from its own action.
+/// A timer on the main thread's event loop. Destroying it stops it, even from its own action.
 class RunLoopTimer {
 public:
     virtual ~RunLoopTimer() = default;
 
-    /// False once it was invalidated or, for a single shot, once it has fired.
+    /// False after invalidation, or after a single shot has fired.
     virtual bool isValid() const = 0;
     virtual void invalidate() = 0;
     /// Until it fires next; 0 where that is due, or will not come.
     virtual std::chrono::duration<double> timeLeft() const = 0;
 };
 
-/// Where timers come from: the event loop in the program, a hand in tests.
+/// Creates timers: on the event loop in the program, fired by hand in tests.
 class RunLoop {
 public:
     virtual ~RunLoop() = default;
 
     using Seconds = std::chrono::duration<double>;
 
-    /// Starts a timer at once. The first action comes one interval from now and never within this
-    /// call; an interval of 0 or less means the next pass of the loop. A repeating timer keeps to
-    /// the grid of its interval; firings that were missed are not made up for.
+    /// Starts a timer, which fires one interval from now and never within this call. An interval of
+    /// 0 or less means the next pass of the loop. A repeating timer keeps to the grid of its
+    /// interval and does not catch up on missed firings.
     virtual std::unique_ptr<RunLoopTimer> scheduleTimer(Seconds interval, bool repeats,
                                                         std::function<void()> action) = 0;
 };

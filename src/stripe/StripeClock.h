@@ -10,26 +10,26 @@
 
 namespace vexa {
 
-/// The clock of a run: it counts one frame a tick and follows nothing else, neither the time of
-/// day nor the generator. A tick that comes late is one frame all the same.
+/// The clock of a run. It counts one frame per tick, even if the tick is late, and follows neither
+/// the time of day nor the generator.
 class StripeClock {
 public:
-    /// Counts at the frame rate of the settings, which, like the run loop, must outlive this.
+    /// Counts at the frame rate of the settings. These and the run loop must outlive this.
     StripeClock(RunLoop& runLoop, const StripeSettings& settings, std::function<void()> ticked)
         : m_runLoop(runLoop), m_settings(settings), m_ticked(std::move(ticked)) {}
 
-    /// Packed timecode; as it was set until the first tick, cut to 32 bits from then on.
+    /// Packed timecode; as set until the first tick, truncated to 32 bits after it.
     std::uint64_t now() const { return m_now; }
     void set(std::uint64_t time) { m_now = time; }
 
-    /// Ticks from now on, at the rate's interval. A rate that is chosen later changes how frames
-    /// are carried, not how often the clock ticks.
+    /// Starts ticking at the current rate's interval. A later change of rate affects how frames
+    /// carry, not how often the clock ticks.
     void start();
     void stop() { m_timer.reset(); }
-    /// Since it was started last.
+    /// Whether it has ticked since it was last started.
     bool hasTicked() const { return m_hasTicked; }
 
-    /// Of the interval that it ticks at, or would from start() on.
+    /// The rate whose interval it ticks at, or would tick at after start().
     const FrameRate& tickingRate() const {
         return m_timer ? *m_tickingRate : frameRateForCode(m_settings.frameRate);
     }
@@ -42,7 +42,7 @@ private:
     const std::function<void()> m_ticked;
     std::uint64_t m_now = 0;
     bool m_hasTicked = false;
-    const FrameRate* m_tickingRate = nullptr; ///< while there is a timer
+    const FrameRate* m_tickingRate = nullptr; ///< only valid with a timer
     std::unique_ptr<RunLoopTimer> m_timer;
 };
 

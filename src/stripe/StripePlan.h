@@ -8,12 +8,12 @@
 
 namespace vexa {
 
-/// Which items a batch run stripes; also the tags of the radio cells.
+/// Which items a batch run stripes. Also the tags of the radio cells.
 inline constexpr std::uint64_t batchModeAll = 0;
 inline constexpr std::uint64_t batchModeSelected = 1;
 
-/// What the operator has asked for. A run looks at it anew at every step: what is changed in
-/// mid-run counts from the next step on.
+/// What the operator has asked for. A run reads it at every step, so changes during a run take
+/// effect at the next step.
 struct StripePlan {
     StripeSettings settings;  ///< a batch run puts the rate and sync type of its items here
     StripeSettings saved;     ///< the settings before the last batch run; zeros before the first

@@ -12,21 +12,20 @@
 
 namespace vexa {
 
-/// A run, from Play to its end: a single stripe, or the items of the batch list one after another.
-/// It sends the messages, keeps the clock and walks the list; whoever shows it, or asks for a reel,
-/// listens. Messages leave before anyone is told, and what progress() and currentTime() say is
-/// complete by then. Main thread only.
+/// A run, from Play to its end: a single stripe, or the items of the batch list in turn. It sends
+/// the messages, runs the clock and steps through the list. Whoever shows a run or asks for reels
+/// listens to its signals; by then the messages are sent and progress() and currentTime() are up
+/// to date. Main thread only.
 class StripeRun : public QObject {
     Q_OBJECT
 
 public:
-    /// Where Play takes the time of a single stripe from.
+    /// Where Play takes the start of a single stripe from.
     enum class From { startTime, clock };
     enum class End {
-        /// The clock reached the stop time of the stripe or of the last item. The generator is
-        /// told to stop twice.
+        /// The clock reached the stop time of the stripe or of the last item. Sends stop twice.
         stopTimeReached,
-        noItemLeft, ///< the list has become shorter during the pause
+        noItemLeft, ///< the list became shorter during the pause
     };
 
     /// All must outlive this.
@@ -35,41 +34,41 @@ public:
     const Progress& progress() const { return m_progress; }
     /// Packed timecode.
     std::uint64_t currentTime() const { return m_clock.now(); }
-    /// The rate that the clock ticks at, or will when it goes on.
+    /// The rate that the clock ticks at, or would tick at if started now.
     const FrameRate& tickingRate() const { return m_clock.tickingRate(); }
-    /// Whether a frame was counted that reaches the stop time: what is under way ends with it, once
-    /// ticked() has been told.
+    /// Whether the clock has counted to the stop time. Then the current stripe ends after ticked().
     bool hasReachedStop() const {
         return m_clock.hasTicked() && m_clock.now() >= m_progress.currentStop;
     }
-    /// Of the pause between two items, which goes on also where Play breaks into it; else nothing.
+    /// Time until the pause between two items ends, even if Play interrupts it; nothing outside
+    /// one.
     std::optional<RunLoop::Seconds> pauseLeft() const;
-    /// The item whose reel is to be loaded; else null.
+    /// The item that waits for its reel; null if none does.
     const BatchItemRef& awaited() const { return m_awaited; }
     const ItemSequence& items() const { return m_items; }
     const StripePlan& plan() const { return m_plan; }
 
-    /// A batch run always begins with its first item, also after a pause. A pause between items
-    /// that is under way goes on, and takes up the item after that one when it ends.
+    /// A batch run always begins with its first item, even after a pause. A pause between items
+    /// continues, and is followed by the item after that one.
     void play(From from);
     void pause() { interrupt(Phase::paused); }
     void stop() { interrupt(Phase::stopped); }
-    /// Takes up the item whose reel was awaited. Without one, nothing happens.
+    /// Starts the item whose reel was awaited, if any.
     void reelLoaded();
 
 Q_SIGNALS:
     void itemLeft(const vexa::BatchItemRef& item, bool finished);
-    /// Another item of the batch run is under way; its rate and sync type are the plan's now.
+    /// Another item of the batch run has started. Its rate and sync type are now the plan's.
     void itemTaken();
-    /// After the two above, where they go with it.
+    /// Follows the two signals above if they belong to the same change.
     void phaseChanged();
-    /// The clock has counted a frame.
+    /// The clock counted a frame.
     void ticked();
-    /// The time between two items is over, whether or not another item was found.
+    /// The pause between two items is over, whether or not there is another item.
     void pauseEnded();
-    /// Nothing goes on before reelLoaded(), or stop().
+    /// The run waits for reelLoaded() or stop().
     void reelNeeded(std::uint64_t reel);
-    /// The run came to its end by itself.
+    /// The run ended by itself.
     void ended(vexa::StripeRun::End how);
 
 private:
@@ -96,7 +95,7 @@ private:
     StripeClock m_clock;
     ItemSequence m_items;
     Progress m_progress;
-    BatchItemRef m_awaited;
+    BatchItemRef m_awaited; ///< starts when its reel is loaded
     std::unique_ptr<RunLoopTimer> m_pauseTimer;
 };
 

@@ -34,7 +34,7 @@ struct Order {
 
 class BatchItemOrder : public testing::TestWithParam<Order> {};
 
-// In each pair, the fields that rank below the one in question say the opposite.
+// In each pair, the lower-ranking fields are in the opposite order.
 TEST_P(BatchItemOrder, PutsTheFirstBeforeTheSecond) {
     const auto first = item(GetParam().first);
     const auto second = item(GetParam().second);

@@ -13,7 +13,7 @@ using namespace vexa;
 
 namespace {
 
-/// The list as the plainest code would keep it, for objects that it does not hold yet.
+/// A reference implementation of the list, for objects that it does not contain yet.
 struct PlainList {
     BatchItems items;
 
@@ -21,7 +21,7 @@ struct PlainList {
         items.insert(items.end(), more.begin(), more.end());
         std::ranges::stable_sort(items, comesBefore);
     }
-    /// The object that a list of one row more holds besides these; null when it holds none.
+    /// The object that a list with one more row has in addition; null if there is none.
     BatchItemRef newObjectIn(const BatchItems& list) const {
         const std::set<BatchItemRef> known(items.begin(), items.end());
         const auto found =
@@ -46,7 +46,7 @@ protected:
     std::size_t upTo(std::size_t most) {
         return std::uniform_int_distribution<std::size_t>(0, most)(m_random);
     }
-    /// Few different values, so that equal items are many.
+    /// Few different values, so that many items are equal.
     BatchItemRef someItem() {
         return std::make_shared<BatchItem>(
             BatchItem{upTo(2), someTitle(), upTo(1), upTo(1), upTo(3), upTo(2), upTo(1)});

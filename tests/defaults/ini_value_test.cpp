@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The reader that files of this kind are made for.
+/// Values to compare with what QSettings reads.
 struct IniValue : testing::TestWithParam<const char*> {
     QString path() const { return folder.filePath(u"values.ini"_s); }
 

@@ -40,7 +40,7 @@ struct UserDefaults : testing::Test {
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    /// Whether group and others have no part in the file.
+    /// Whether group and others have no permissions.
     static bool isPrivate(const QString& name) {
         const auto theirs = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
                             QFile::WriteOther | QFile::ExeGroup | QFile::ExeOther;

@@ -21,7 +21,7 @@ struct BundleFolder : testing::Test {
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
     }
-    /// Where the guide was found, from the folder on.
+    /// The path of the guide, relative to the folder.
     std::string found(const char* name = "guide") const {
         const auto path = bundle.pathForResource(QString::fromUtf8(name), u"html"_s);
         return path ? QDir(folder.path()).relativeFilePath(*path).toStdString() : "nowhere";

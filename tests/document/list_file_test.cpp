@@ -141,7 +141,7 @@ TEST_F(ListFile, GivesOddItemsTheRowsThatCanBeMadeOfThem) {
     EXPECT_EQ(cell(item_key::title, 5), "ordinary");
 }
 
-// A binary file may hold what XML has no place for.
+// A binary file may contain values that XML cannot represent.
 TEST_F(ListFile, KeepsTheNumberOfADateThatIsNone) {
     BinaryFile binary;
     binary.objects = {"\xD1\1\2",
@@ -177,7 +177,7 @@ TEST_F(ListFile, HasNoItemsWhereReadingWouldNeverEnd) {
 TEST_F(ListFile, TakesNoMoreThanAGibibyteWhateverItNames) {
     if (!isMemoryOurs)
         GTEST_SKIP() << "a sanitizer takes memory of its own";
-    // One byte for each row of the list, and every row the same element.
+    // One byte per row, and the same element in every row.
     constexpr std::uint64_t rows = 8'300'000;
     for (const std::string element : {"\xD0", "\xD1\1\1", "\x09", "\x50"}) {
         BinaryFile binary{{}, 4, 1};
@@ -215,7 +215,7 @@ protected:
         const auto bits = std::uniform_int_distribution<unsigned>(0, 63)(m_random);
         return std::uniform_int_distribution<std::uint64_t>()(m_random) >> bits;
     }
-    /// Any characters, the control characters of XML 1.0 and pairs of surrogates among them.
+    /// Random characters, including control characters of XML 1.0 and surrogate pairs.
     QString title() {
         QString text;
         for (auto left = number() % 30; left > 0; --left) {

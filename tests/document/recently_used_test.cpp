@@ -14,7 +14,7 @@ using testing::Not;
 
 namespace {
 
-/// What another program has written: a file of its own, and one of ours that it has opened too.
+/// Entries of another program: its own file, and one of ours that it has opened too.
 const char* const othersBookmarks =
     R"(<?xml version="1.0" encoding="UTF-8"?>
 <xbel version="1.0"

@@ -9,7 +9,7 @@ using namespace vexa;
 namespace {
 
 struct Undo : testing::Test {
-    /// An edit as the controller makes them: it registers itself as its own inverse.
+    /// An edit like the controller's: it registers itself as its own inverse.
     void set(int& variable, int value, const QString& name = QStringLiteral("Change")) {
         const int old = variable;
         variable = value;
@@ -84,7 +84,7 @@ TEST_P(QueuedKeys, AreEventsOfTheirOwn) {
         std::function<void()> onKey;
     } typist;
     typist.onKey = [this] { set(a, a + 1); };
-    // Both are delivered in one pass, before anything that was posted in between.
+    // Both are delivered in one pass, before anything posted in between.
     for (const auto type : {GetParam().first, GetParam().second})
         QCoreApplication::postEvent(&typist, new QKeyEvent(type, Qt::Key_1, Qt::NoModifier),
                                     Qt::HighEventPriority);

@@ -22,13 +22,13 @@ struct BatchEditing : testing::Test {
                 return item;
         return nullptr;
     }
-    /// Three items on reels 1 to 3, in a list that counts as unchanged.
+    /// Adds three items, on reels 1 to 3, to a list without unsaved changes.
     void fill() {
         for (const char* title : {"one", "two", "three"})
             list().addItemWithReel(list().numItems() + 1, QString::fromLatin1(title), {0, 1, 2, 0});
         controller.handleBatchControlEnabling();
     }
-    /// A list counts as saved also when it cannot be written.
+    /// A list counts as saved even if it cannot be written.
     void countAsSaved() { controller.saveDocumentWithURL(QStringLiteral("/nowhere/list.vexaB")); }
     void select(const RowIndexes& rows) {
         rig.ui.batchTable.selectRows(rows);

@@ -94,7 +94,7 @@ TEST_F(BatchRun, ThePlayAndPauseCellsBlinkInThePauseBeginningWithPause) {
 }
 
 TEST_F(BatchRun, EveryPauseBeginsItsBlinkingWithPause) {
-    controller.setDelayInSeconds(0.7); // one blink, which leaves the other cell due
+    controller.setDelayInSeconds(0.7); // one blink: the other cell is next
     addThreeItems(1, 1, 1);
     rig.press(transport::playing);
     for (int item = 0; item < 2; ++item) {

@@ -16,8 +16,8 @@ struct BatchControls {
     bool selectedCellEnabled;
     bool checkEnabled;
     bool removeHidden;
-    std::uint64_t batchMode; ///< of 1 before
-    bool useBatch;           ///< of true before
+    std::uint64_t batchMode; ///< was 1 before
+    bool useBatch;           ///< was true before
 };
 
 class BatchControlEnabling : public testing::TestWithParam<BatchControls> {};
@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BatchControls{true, false, true, false, true, true, batchModeAll, true},
                     BatchControls{false, false, false, false, false, true, batchModeAll, false}));
 
-/// Ways in which a sync type becomes the current one, without rate 25 fps being given up.
+/// Ways to change the sync type that keep the rate of 25 fps.
 using TypeChange = void (*)(ControllerRig&, std::uint64_t type);
 
 void fromTheMenu(ControllerRig& rig, std::uint64_t type) {

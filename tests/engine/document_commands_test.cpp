@@ -18,7 +18,7 @@ constexpr int save = alertFirstButton;
 constexpr int dontSave = alertSecondButton;
 constexpr int cancel = alertThirdButton;
 
-/// Panels that answer as told, and note what they proposed.
+/// Panels that return scripted answers and record what they proposed.
 struct ScriptedPanels final : FilePanels {
     std::optional<QString> runOpenPanel() override {
         if (whileShown)

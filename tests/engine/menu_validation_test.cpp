@@ -20,7 +20,7 @@ struct MenuValidation : testing::Test {
 
 using enum MenuAction;
 
-// States that the table below tells apart. Each begins at launch: 30 fps, MTC, an empty list.
+// The states of the table below. Each starts as at launch: 30 fps, MTC, an empty list.
 
 void atLaunch(ControllerRig&) {}
 void at25AndDtl(ControllerRig& rig) {

@@ -115,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Push{rate::fps25, "01:00:00:13", "01:00:05:13"},
                     Push{rate::fps30Drop, "01:00:00:00", "01:00:05:00"},
                     Push{rate::fps30Drop, "00:00:55:01", "00:01:00:03"},
-                    // Past midnight the pushed stop time is before the start time.
+                    // Past midnight, the adjusted stop time is before the start time.
                     Push{rate::fps30, "23:59:58:00", "00:00:03:00"}));
 
 TEST_F(SettingsEdits, TheStopTimeCheckPushesShowsAndHides) {
@@ -232,7 +232,7 @@ TEST_F(SettingsEdits, NoneOfThemMarksTheListAsChanged) {
     EXPECT_FALSE(controller.dirty());
 }
 
-/// What the edits change, as a plain value.
+/// The state that the edits change.
 struct Settings {
     std::uint64_t start, stop, rate, type;
     bool stopSet;
@@ -248,7 +248,7 @@ TEST_F(SettingsEdits, HundredsOfMixedEditsUndoAndRedoExactly) {
     const auto below = [&](unsigned limit) { return random() % limit; };
     std::vector<Settings> states{now()};
     for (int i = 0; i < 400; ++i) {
-        // Stop times stay after start times, where undo restores every flag as it was.
+        // Stop times stay after start times, so undo restores every flag.
         const Timecode start{below(10), below(60), below(60), below(24)};
         const Timecode stop{10 + below(10), below(60), below(60), below(24)};
         switch (below(5)) {

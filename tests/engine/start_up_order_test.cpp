@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 namespace {
 
-// Outlets that note what they are told, all in one list.
+// Outlets that record all calls in one log.
 
 struct Log {
     std::vector<std::string> entries;

@@ -84,7 +84,7 @@ TEST_F(ReplaceFile, KeepsThePermissionsOfAnOldFileWhateverTheUmask) {
     umask(before);
 }
 
-// Only root can make a file that belongs to someone else; for others, this is their own.
+// Only root can create a file of another owner; for others, it is their own.
 TEST_F(ReplaceFile, KeepsTheOwnerAndGroupOfAnOldFile) {
     ASSERT_TRUE(replaceFile(path(), "old"));
     const bool root = geteuid() == 0;
@@ -128,8 +128,7 @@ TEST_F(ReplaceFile, ANewFileCanBePrivate) {
     EXPECT_EQ(status().st_mode & 07777, 0600u);
 }
 
-// The longest name that the system takes leaves no room for anything added to it, and the longest
-// path none for a longer name.
+// Nothing can be added to the longest name that the system allows, nor to the longest path.
 TEST_F(ReplaceFile, TakesNamesAndPathsOfAnyLengthThatTheSystemTakes) {
     for (const qsizetype length : {248, 249, 255}) {
         const QString name(length, u'n');
@@ -160,7 +159,7 @@ TEST_F(ReplaceFile, AFileThatMayOnlyBeReadStays) {
     EXPECT_EQ(read(path()), "old");
 }
 
-// Nodes of the test's own: a pipe, and where root runs it, a device like the null device.
+// The test makes its own nodes: a pipe and, as root, a device like the null device.
 TEST_F(ReplaceFile, WhatIsNoRegularFileStaysAlsoBehindALink) {
     struct Node {
         mode_t type;
@@ -202,12 +201,12 @@ TEST_P(ReplaceFileOnAFullDisk, FailsAndLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(read(path()), QByteArray(GetParam(), 'x'));
 }
 
-// Sizes on both sides of the buffer that the file is written through.
+// Sizes around that of the write buffer.
 INSTANTIATE_TEST_SUITE_P(Sizes, ReplaceFileOnAFullDisk,
                          testing::Values(1, 1000, 16384, 16385, 1000000));
 
-// The saving process is ended by its own alarm, which strikes at some moment of some save; until
-// then, and after, a reader finds one of the two texts.
+// An alarm kills the saving process at a random moment. Before and after, a reader finds one of the
+// two texts.
 TEST_F(ReplaceFile, IsOldOrNewWheneverASavingProcessIsKilled) {
     const QByteArray texts[] = {QByteArray(300000, 'a'), QByteArray(400000, 'b')};
     ASSERT_TRUE(replaceFile(path(), texts[0]));

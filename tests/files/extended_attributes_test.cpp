@@ -14,7 +14,7 @@
 using namespace vexa;
 using namespace Qt::StringLiterals;
 
-/// What a file keeps when it is replaced.
+/// What a replaced file keeps.
 namespace {
 
 class ExtendedAttributes : public testing::Test {

@@ -47,7 +47,7 @@ TEST_F(RegularFile, NothingIsReadOfAnythingElse) {
     EXPECT_EQ(readRegularFile(path, 100), std::nullopt);
 }
 
-// In the process file system, regular files may say that they hold nothing and yet never end.
+// Regular files in /proc may claim to be empty and yet never end.
 TEST_F(RegularFile, WhatItSaysOfItsSizeIsNotTrusted) {
     const QString endless = u"/proc/self/pagemap"_s;
     struct stat status{};

@@ -16,7 +16,7 @@ inline std::string text(std::uint64_t time) {
     return timecodeText(unpack(static_cast<PackedTimecode>(time)));
 }
 
-/// Notes what a run has the generator do: "stop", "run 01:00:00:00 rate 1 type 0".
+/// Records the generator's orders: "stop", "run 01:00:00:00 rate 1 type 0".
 class NotingLink final : public GeneratorLink {
 public:
     void stop() override { m_sent.emplace_back("stop"); }
@@ -31,7 +31,7 @@ private:
     std::vector<std::string> m_sent;
 };
 
-/// A run over a list of its own, whose time passes by hand.
+/// A run with its own list and manually advanced time.
 struct StripeRig {
     StripeRig() {
         plan.delayInSeconds = 5;

@@ -97,7 +97,7 @@ TEST_F(Run, AStopTimeSwitchedOnInMidRunCounts) {
     setStripe("01:00:00:00", nullptr, rate::fps25);
     run.play(From::startTime);
     tick(3);
-    plan.stopTimeSet = true; // at the stop time that was taken at the start: 00:00:00:00
+    plan.stopTimeSet = true; // the run took its stop time at the start: 00:00:00:00
     tick();
     EXPECT_EQ(run.progress().phase, Phase::stopped);
 }
@@ -226,7 +226,7 @@ TEST_F(Run, TheSelectionIsAskedForAnewAtEachItem) {
     tick(3);
     endPause();
     EXPECT_EQ(run.progress().item, list.batchList()[2]);
-    plan.batchMode = batchModeAll; // the cursor, at 1, is an index into all of them now
+    plan.batchMode = batchModeAll; // the cursor, 1, is now an index into all items
     tick(3);
     endPause();
     EXPECT_EQ(run.progress().itemsToStripe, 3u);
