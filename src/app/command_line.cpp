@@ -18,18 +18,47 @@ struct Refusal {
 };
 
 /// "alsa, jack or none"
-QString midiNames() {
-    QStringList names;
-    for (const auto& choice : midiChoices())
-        names +=
-            QString::fromLatin1(choice.name.data(), static_cast<qsizetype>(choice.name.size()));
+QString oneOf(QStringList names) {
     const auto last = names.takeLast();
     return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
 }
 
-const QCommandLineOption midiOption{QStringLiteral("midi"),
-                                    QStringLiteral("MIDI system to use: %1.").arg(midiNames()),
-                                    QStringLiteral("system")};
+QString fromUtf8(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QStringList midiNames() {
+    QStringList names;
+    for (const auto& choice : midiChoices())
+        names += fromUtf8(choice.name);
+    return names;
+}
+
+/// By code, like the names of the sync types.
+QStringList rateNames() {
+    QStringList names;
+    for (const auto& rate : frameRates)
+        names += fromUtf8(rate.name);
+    return names;
+}
+
+QStringList typeNames() {
+    QStringList names;
+    for (std::uint64_t code = 0; code < sync::count; ++code)
+        names += fromUtf8(syncTypeName(code));
+    return names;
+}
+
+/// Names with blanks in them are quoted in a shell.
+QStringList quoted(QStringList names) {
+    for (auto& name : names)
+        name = QLatin1Char('"') + name + QLatin1Char('"');
+    return names;
+}
+
+const QCommandLineOption midiOption{
+    QStringLiteral("midi"), QStringLiteral("MIDI system to use: %1.").arg(oneOf(midiNames())),
+    QStringLiteral("system")};
 const QCommandLineOption destinationOption{
     QStringLiteral("destination"),
     QStringLiteral("Destination: its position in the list, its ID, or any part of its name."),
@@ -45,11 +74,11 @@ const QCommandLineOption stopOption{QStringLiteral("stop"),
                                     QStringLiteral("Stop time; without one, the stripe runs on."),
                                     QStringLiteral("time")};
 const QCommandLineOption rateOption{
-    QStringLiteral("rate"),
-    QStringLiteral("Frame rate: \"24 fps\", \"25 fps\", \"30 fps\" or \"30 df\"."),
+    QStringLiteral("rate"), QStringLiteral("Frame rate: %1.").arg(oneOf(quoted(rateNames()))),
     QStringLiteral("rate")};
-const QCommandLineOption typeOption{
-    QStringLiteral("type"), QStringLiteral("Sync type: MTC, DTL or FSK."), QStringLiteral("type")};
+const QCommandLineOption typeOption{QStringLiteral("type"),
+                                    QStringLiteral("Sync type: %1.").arg(oneOf(typeNames())),
+                                    QStringLiteral("type")};
 const QCommandLineOption rowsOption{QStringLiteral("rows"),
                                     QStringLiteral("Rows of the list to stripe, such as 1,3-5."),
                                     QStringLiteral("rows")};
@@ -77,23 +106,17 @@ QString nameOf(const QCommandLineOption& option) {
 
 /// Codes are chosen by the names the operator reads; blanks and the case of letters are free, and
 /// so is a unit at the end.
-template<typename NameOfCode>
-std::uint64_t codeNamed(const QCommandLineOption& option, const QString& name, std::uint64_t codes,
-                        NameOfCode nameOfCode) {
-    const auto plain = [](QString text) {
-        text = text.remove(QLatin1Char(' ')).toLower();
-        return text.endsWith(QLatin1String("fps")) ? text.chopped(3) : text;
+std::uint64_t codeNamed(const QCommandLineOption& option, const QString& name,
+                        const QStringList& names) {
+    const auto plain = [](QString known) {
+        known = known.remove(QLatin1Char(' ')).toLower();
+        return known.endsWith(QLatin1String("fps")) ? known.chopped(3) : known;
     };
-    QStringList choices;
-    for (std::uint64_t code = 0; code < codes; ++code) {
-        const std::string_view known = nameOfCode(code);
-        choices += QString::fromUtf8(known.data(), static_cast<qsizetype>(known.size()));
-        if (plain(choices.constLast()) == plain(name))
-            return code;
-    }
-    const auto last = choices.takeLast();
-    throw Refusal{QStringLiteral("%1 takes %2 or %3, not \"%4\"")
-                      .arg(nameOf(option), choices.join(QStringLiteral(", ")), last, name)};
+    const auto found = std::ranges::find(names, plain(name), plain);
+    if (found != names.end())
+        return static_cast<std::uint64_t>(found - names.begin());
+    throw Refusal{
+        QStringLiteral("%1 takes %2, not \"%3\"").arg(nameOf(option), oneOf(names), name)};
 }
 
 Timecode timeFrom(const QCommandLineOption& option, const QString& text) {
@@ -109,7 +132,7 @@ const MidiChoice* midiNamed(const QString& name) {
     const auto found = std::ranges::find(choices, name.toStdString(), &MidiChoice::name);
     if (found != choices.end())
         return &*found;
-    throw Refusal{QStringLiteral("--midi takes %1, not \"%2\"").arg(midiNames(), name)};
+    throw Refusal{QStringLiteral("--midi takes %1, not \"%2\"").arg(oneOf(midiNames()), name)};
 }
 
 /// "1,3-5": numbers as the operator counts them, in any order.
@@ -180,10 +203,9 @@ CommandLine interpreted(const QCommandLineParser& parser) {
     if (parser.isSet(stopOption))
         line.stop = timeFrom(stopOption, parser.value(stopOption));
     if (parser.isSet(rateOption))
-        line.rate = codeNamed(rateOption, parser.value(rateOption), rate::count,
-                              [](std::uint64_t code) { return frameRateForCode(code).name; });
+        line.rate = codeNamed(rateOption, parser.value(rateOption), rateNames());
     if (parser.isSet(typeOption))
-        line.type = codeNamed(typeOption, parser.value(typeOption), sync::count, syncTypeName);
+        line.type = codeNamed(typeOption, parser.value(typeOption), typeNames());
     if (parser.isSet(rowsOption))
         line.rows = rowsFrom(parser.value(rowsOption));
     checkCombination(parser, line);

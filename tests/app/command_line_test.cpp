@@ -1,10 +1,12 @@
 #include "app/command_line.h"
 #include "app/midi_choice.h"
+#include "timecode/frame_rate.h"
 #include "timecode/sync_type.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 using namespace vexa;
+using testing::HasSubstr;
 
 namespace {
 
@@ -128,5 +130,13 @@ INSTANTIATE_TEST_SUITE_P(
               "--type takes MTC, DTL or FSK, not \"LTC\""},
         Wrong{{"--start", "01:00:00:00"}, "--start goes with --stripe"},
         Wrong{{"--rate", "25 fps"}, "--rate goes with --stripe"}));
+
+TEST(CommandLineHelp, NamesEveryRateAndType) {
+    const auto help = commandLineHelp().simplified().toStdString();
+    for (const auto& rate : frameRates)
+        EXPECT_THAT(help, HasSubstr('"' + std::string(rate.name) + '"'));
+    for (std::uint64_t code = 0; code < sync::count; ++code)
+        EXPECT_THAT(help, HasSubstr(std::string(syncTypeName(code))));
+}
 
 } // namespace
