@@ -55,8 +55,8 @@ private:
 class ImmediateDriver final : public MidiDriver {
 public:
     std::vector<MidiPort> ports() override { return {{"port", "0", "Port", {}, {}}}; }
-    void send(const std::string&, std::span<const std::uint8_t>) override {}
-    void maintain() override {}
+    bool send(const std::string&, std::span<const std::uint8_t>) override { return true; }
+    bool maintain() override { return true; }
 };
 
 /// Notes when each message has been handed over by a driver, and how long that took.
@@ -67,13 +67,14 @@ public:
         : m_driver(std::move(driver)), m_handedOver(handedOver), m_sendTimes(sendTimes) {}
 
     std::vector<MidiPort> ports() override { return m_driver->ports(); }
-    void send(const std::string& identity, std::span<const std::uint8_t> message) override {
+    bool send(const std::string& identity, std::span<const std::uint8_t> message) override {
         const auto begin = Clock::now();
-        m_driver->send(identity, message);
+        const bool handedOver = m_driver->send(identity, message);
         m_sendTimes.push_back(Microseconds(Clock::now() - begin).count());
         m_handedOver.note();
+        return handedOver;
     }
-    void maintain() override { m_driver->maintain(); }
+    bool maintain() override { return m_driver->maintain(); }
 
 private:
     std::unique_ptr<MidiDriver> m_driver;

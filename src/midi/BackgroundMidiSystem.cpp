@@ -47,14 +47,20 @@ public:
         m_changed.notify_all();
     }
 
-    /// Once the tasks before are done, has the listener's thread call that. Both must be there
-    /// until finish() is called.
-    void tell(QObject& listener, std::function<void()> then) {
-        post([this, &listener, then = std::move(then)](MidiDriver&) {
-            const std::lock_guard lock{m_mutex};
-            if (!m_finishing)
-                QMetaObject::invokeMethod(&listener, then, Qt::QueuedConnection);
-        });
+    /// Has the listener's thread call that. Both must be there until finish() is called.
+    void tell(QObject& listener, const std::function<void()>& then) {
+        const std::lock_guard lock{m_mutex};
+        if (!m_finishing)
+            QMetaObject::invokeMethod(&listener, then, Qt::QueuedConnection);
+    }
+
+    // The following two on the worker's thread only.
+    /// From now on tells of each destination that has gone or is back.
+    void setSeen(std::function<void(MidiObjectRef, bool)> seen) { m_seen = std::move(seen); }
+    void note(MidiObjectRef destination, bool isThere) {
+        const Look look{destination, isThere};
+        if (std::exchange(m_lastLook, look) != look && m_seen)
+            m_seen(destination, isThere);
     }
 
     /// Lets the thread end once its tasks are done, and waits a while for that.
@@ -81,13 +87,28 @@ private:
         std::unique_lock lock{m_mutex};
         const auto due = [this] { return !m_tasks.empty() || m_finishing; };
         if (!m_changed.wait_for(lock, maintenanceInterval, due))
-            return [](MidiDriver& driver) { driver.maintain(); };
+            return [this](MidiDriver& driver) { maintain(driver); };
         if (m_tasks.empty())
             return {};
         auto task = std::move(m_tasks.front());
         m_tasks.pop_front();
         return task;
     }
+
+    void maintain(MidiDriver& driver) {
+        const bool isThere = driver.maintain();
+        if (m_lastLook.destination)
+            note(m_lastLook.destination, isThere);
+    }
+
+    /// At the destination of the last message.
+    struct Look {
+        MidiObjectRef destination = 0;
+        bool isThere = false;
+        bool operator==(const Look&) const = default;
+    };
+    Look m_lastLook;
+    std::function<void(MidiObjectRef, bool)> m_seen;
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
@@ -111,15 +132,23 @@ void BackgroundMidiSystem::askForPorts() {
 }
 
 void BackgroundMidiSystem::whenReached(std::function<void()> then) {
-    if (!m_isReached && !m_listener)
+    const bool isFirst = m_waiting.empty();
+    if (!m_isReached && isFirst)
         m_isReached = takeAnswerWithin(0s);
     if (m_isReached)
         return then();
     m_waiting.push_back(std::move(then));
-    if (m_listener)
+    if (!isFirst)
         return;
-    m_listener = std::make_unique<QObject>();
-    m_worker->tell(*m_listener, [this] { callWaiting(); });
+    m_worker->post([this, worker = m_worker.get(), &toTell = listener()](MidiDriver&) {
+        worker->tell(toTell, [this] { callWaiting(); });
+    });
+}
+
+QObject& BackgroundMidiSystem::listener() {
+    if (!m_listener)
+        m_listener = std::make_unique<QObject>();
+    return *m_listener;
 }
 
 void BackgroundMidiSystem::callWaiting() {
@@ -135,7 +164,7 @@ void BackgroundMidiSystem::readPorts() {
             return;
         askForPorts();
         takeAnswerWithin(answerTime);
-    } else if (!m_listener) {
+    } else if (m_waiting.empty()) {
         takeAnswerWithin(openingTime);
         m_isReached = true;
     }
@@ -231,13 +260,27 @@ std::size_t BackgroundMidiSystem::numberOfEntities(MidiObjectRef device) {
     }));
 }
 
-void BackgroundMidiSystem::send(MidiObjectRef destination, std::span<const std::uint8_t> message) {
+void BackgroundMidiSystem::send(MidiObjectRef destination, std::span<const std::uint8_t> message,
+                                Delivered then) {
     const auto* found = endpoint(destination);
     if (!found)
         return;
-    m_worker->post([identity = found->port.identity,
+    m_worker->post([worker = m_worker.get(), &toTell = listener(), destination,
+                    then = std::move(then), identity = found->port.identity,
                     bytes = std::vector(message.begin(), message.end())](MidiDriver& driver) {
-        driver.send(identity, bytes);
+        const bool handedOver = driver.send(identity, bytes);
+        const MidiDelivery delivery{handedOver, std::chrono::steady_clock::now()};
+        if (then)
+            worker->tell(toTell, [then, delivery] { then(delivery); });
+        worker->note(destination, handedOver);
+    });
+}
+
+void BackgroundMidiSystem::whenSeen(Seen seen) {
+    m_worker->post([worker = m_worker.get(), &toTell = listener(), seen](MidiDriver&) {
+        worker->setSeen([worker, &toTell, seen](MidiObjectRef destination, bool isThere) {
+            worker->tell(toTell, [seen, destination, isThere] { seen(destination, isThere); });
+        });
     });
 }
 

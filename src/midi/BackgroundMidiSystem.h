@@ -42,7 +42,10 @@ public:
     MidiObjectRef entityOfEndpoint(MidiObjectRef endpoint) override;
     MidiObjectRef deviceOfEntity(MidiObjectRef entity) override;
     std::size_t numberOfEntities(MidiObjectRef device) override;
-    void send(MidiObjectRef destination, std::span<const std::uint8_t> message) override;
+    void send(MidiObjectRef destination, std::span<const std::uint8_t> message,
+              Delivered then = {}) override;
+    /// It looks whenever something is sent, and every two seconds else. Needs an event loop.
+    void whenSeen(Seen seen) override;
 
 private:
     struct Endpoint {
@@ -52,6 +55,7 @@ private:
     class Worker;
 
     void askForPorts();
+    QObject& listener();
     bool takeAnswerWithin(std::chrono::milliseconds time);
     void readPorts();
     void callWaiting();
@@ -63,7 +67,7 @@ private:
     std::future<std::vector<MidiPort>> m_answer; ///< to the last reading that was asked for
     bool m_isReached = false; ///< the first reading is there, or was waited for in vain
     std::vector<std::function<void()>> m_waiting; ///< for the first reading
-    std::unique_ptr<QObject> m_listener;          ///< through which they are told
+    std::unique_ptr<QObject> m_listener;          ///< through which the caller's thread is told
     std::map<std::string, MidiObjectRef> m_refs;  ///< by identity
     std::set<MidiUniqueId> m_ids;                 ///< of the endpoints
     std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1

@@ -41,12 +41,13 @@ public:
     virtual std::vector<MidiPort> ports() = 0;
 
     /// Sends a whole message to the port of that identity, wherever the port is by now; drops it
-    /// when the port is not there.
-    virtual void send(const std::string& identity, std::span<const std::uint8_t> message) = 0;
+    /// when the port is not there. Whether it was handed over.
+    virtual bool send(const std::string& identity, std::span<const std::uint8_t> message) = 0;
 
     /// Called every few seconds while nothing is to be sent: the moment to win back what was
-    /// lost, so that the next message finds the way open.
-    virtual void maintain() = 0;
+    /// lost, so that the next message finds the way open. Whether it is, for the port that the last
+    /// one was for.
+    virtual bool maintain() = 0;
 };
 
 } // namespace vexa

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -33,6 +34,12 @@ struct MidiObject {
     MidiObjectType type = MidiObjectType::destination;
 };
 
+/// What became of a message.
+struct MidiDelivery {
+    bool handedOver = false; ///< to a destination that was there
+    std::chrono::steady_clock::time_point at{};
+};
+
 /// What the program asks of a MIDI system, whichever it is. Objects form a tree: a device has
 /// entities, an entity has endpoints; an endpoint of a program has neither. A property or object
 /// that is absent, or a reference that names nothing, gives nothing, never an error. Called on
@@ -64,9 +71,17 @@ public:
     virtual MidiObjectRef deviceOfEntity(MidiObjectRef entity) = 0;
     virtual std::size_t numberOfEntities(MidiObjectRef device) = 0;
 
+    using Delivered = std::function<void(const MidiDelivery&)>;
     /// Takes one whole message and returns. Messages reach a destination in the order of the
-    /// calls; to one that is not there, they are lost.
-    virtual void send(MidiObjectRef destination, std::span<const std::uint8_t> message) = 0;
+    /// calls; to one that is not there, they are lost. What became of it is told on the thread of
+    /// the calls, some time later; of a message to what never was a destination, nothing.
+    virtual void send(MidiObjectRef destination, std::span<const std::uint8_t> message,
+                      Delivered then = {}) = 0;
+
+    using Seen = std::function<void(MidiObjectRef destination, bool isThere)>;
+    /// Tells when the destination of the last message is seen to have gone or to be back, likewise.
+    /// There is one listener at most.
+    virtual void whenSeen(Seen) {}
 };
 
 } // namespace vexa

@@ -4,6 +4,8 @@
 #include "midi/device_messages.h"
 #include "midi/display_name.h"
 
+#include <QPointer>
+
 #include <algorithm>
 
 namespace vexa {
@@ -11,6 +13,9 @@ namespace vexa {
 namespace {
 MidiSystem* currentSystem = nullptr;
 std::unique_ptr<Vexa_MIDI_Manager> sharedManager;
+
+using Message = DestinationStatus::Message;
+using Presence = DestinationStatus::Presence;
 } // namespace
 
 void Vexa_MIDI_Manager::setMidiSystem(MidiSystem* system) {
@@ -26,6 +31,13 @@ Vexa_MIDI_Manager& Vexa_MIDI_Manager::sharedMidiManager() {
     return *sharedManager;
 }
 
+Vexa_MIDI_Manager::Vexa_MIDI_Manager(MidiSystem& system) : m_system(system) {
+    m_system.whenSeen([self = QPointer(this)](MidiObjectRef dest, bool isThere) {
+        if (self)
+            self->notePresence(dest, isThere);
+    });
+}
+
 void Vexa_MIDI_Manager::restoreDestination() {
     const bool isRemembered = readPrefs();
     m_system.whenReached([this, isRemembered] { chooseDestination(isRemembered); });
@@ -35,7 +47,7 @@ void Vexa_MIDI_Manager::chooseDestination(bool isRemembered) {
     if (isRemembered) {
         const auto remembered = m_system.findByUniqueId(m_destID);
         if (remembered) {
-            m_dest = remembered->ref;
+            setDest(remembered->ref);
             m_destID = m_system.uniqueId(m_dest).value_or(m_destID);
         }
         sendStopMessage();
@@ -44,26 +56,64 @@ void Vexa_MIDI_Manager::chooseDestination(bool isRemembered) {
     }
     // Not written to the defaults: the remembered device is chosen again once it is back.
     m_destID = 0;
-    if (m_system.numberOfDestinations() == 0)
-        return;
-    m_dest = m_system.destination(0);
+    const bool isAny = m_system.numberOfDestinations() != 0;
+    setDest(isAny ? m_system.destination(0) : 0);
     m_destID = m_system.uniqueId(m_dest).value_or(0);
+}
+
+void Vexa_MIDI_Manager::setDest(MidiObjectRef dest) {
+    m_dest = dest;
+    if (dest)
+        setStatus({Presence::there, destinationName(m_system, dest), {}});
+    else
+        setStatus({Presence::none, {}, {}});
 }
 
 void Vexa_MIDI_Manager::sendSetupMessageStart(std::uint64_t start, std::uint64_t frameRate,
                                               std::uint64_t type) {
     const auto time = static_cast<PackedTimecode>(start);
-    sendMessage(setupMessage(time, frameRate, type));
-    sendMessage(startMessage(time));
+    sendMessage(setupMessage(time, frameRate, type), {{Message::setup, time}});
+    sendMessage(startMessage(time), {{Message::start, time}});
 }
 
-void Vexa_MIDI_Manager::sendStopMessage() { sendMessage(stopMessage()); }
+void Vexa_MIDI_Manager::sendStopMessage() { sendMessage(stopMessage(), {{Message::stop}}); }
 
-void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes) {
+void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes,
+                                    const std::optional<DestinationStatus::Sent>& as) {
     // To whom is known once the system has been reached; until then messages keep their order.
-    m_system.whenReached([this, message = std::vector(bytes.begin(), bytes.end())] {
-        m_system.send(m_dest, message);
+    m_system.whenReached([this, as, message = std::vector(bytes.begin(), bytes.end())] {
+        m_system.send(m_dest, message,
+                      [self = QPointer(this), dest = m_dest, as](const MidiDelivery& delivery) {
+                          if (self)
+                              self->noteDelivery(dest, delivery, as);
+                      });
     });
+}
+
+void Vexa_MIDI_Manager::noteDelivery(MidiObjectRef dest, const MidiDelivery& delivery,
+                                     const std::optional<DestinationStatus::Sent>& as) {
+    notePresence(dest, delivery.handedOver);
+    if (dest != m_dest || !delivery.handedOver || !as)
+        return;
+    auto status = m_status;
+    status.sent = as;
+    status.sent->at = delivery.at;
+    setStatus(std::move(status));
+}
+
+void Vexa_MIDI_Manager::notePresence(MidiObjectRef dest, bool isThere) {
+    if (dest != m_dest)
+        return; // it was chosen before the present one
+    auto status = m_status;
+    status.presence = isThere ? Presence::there : Presence::away;
+    setStatus(std::move(status));
+}
+
+void Vexa_MIDI_Manager::setStatus(DestinationStatus status) {
+    if (status == m_status)
+        return;
+    m_status = std::move(status);
+    Q_EMIT statusChanged();
 }
 
 std::vector<std::string> Vexa_MIDI_Manager::destinationList() { return destinationNames(m_system); }
@@ -76,7 +126,7 @@ std::vector<MidiUniqueId> Vexa_MIDI_Manager::destinationIDs() {
 }
 
 void Vexa_MIDI_Manager::connectToDestinationAtIndex(std::int64_t index) {
-    m_dest = index < 0 ? 0 : m_system.destination(static_cast<std::size_t>(index));
+    setDest(index < 0 ? 0 : m_system.destination(static_cast<std::size_t>(index)));
     m_destID = m_system.uniqueId(m_dest).value_or(m_destID);
     sendStopMessage();
 }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "midi/DestinationStatus.h"
 #include "midi/MidiSystem.h"
 #include "timecode/timecode.h"
 
+#include <QObject>
+
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,7 +18,9 @@ namespace vexa {
 /// The link to the generator: builds its messages and sends them to the one chosen destination.
 /// No failure is ever reported: a message to a destination that is missing is lost. Main thread
 /// only.
-class Vexa_MIDI_Manager {
+class Vexa_MIDI_Manager : public QObject {
+    Q_OBJECT
+
 public:
     /// The MIDI system to use. The shared manager of an earlier system is forgotten with it; the
     /// new one is made on first use. The system must outlive its use here; the earlier one must
@@ -33,7 +39,9 @@ public:
     /// devices that want a start of their own.
     void sendStartMessage() {}
     void sendStopMessage();
-    void sendMessage(std::span<const std::uint8_t> bytes);
+    /// as: what it counts as in the status, but for its moment. Without, it is not told of there.
+    void sendMessage(std::span<const std::uint8_t> bytes,
+                     const std::optional<DestinationStatus::Sent>& as = {});
 
     /// A name for each destination that there is now, in the system's order; names may be empty or
     /// alike. Positions below are those of this list until it is asked for again, whatever is
@@ -51,23 +59,36 @@ public:
     void writePrefs();
 
     MidiObjectRef dest() const { return m_dest; }
-    void setDest(MidiObjectRef dest) { m_dest = dest; }
+    void setDest(MidiObjectRef dest);
     MidiUniqueId destID() const { return m_destID; }
     void setDestID(MidiUniqueId id) { m_destID = id; }
+
+    /// Of the destination: whether it is there, and what was sent last. It tells and changes
+    /// nothing.
+    const DestinationStatus& status() const { return m_status; }
 
     static std::uint64_t bcdToHour(PackedTimecode value) { return unpack(value).hours; }
     static std::uint64_t bcdToMinute(PackedTimecode value) { return unpack(value).minutes; }
     static std::uint64_t bcdToSecond(PackedTimecode value) { return unpack(value).seconds; }
     static std::uint64_t bcdToFrame(PackedTimecode value) { return unpack(value).frames; }
 
+Q_SIGNALS:
+    /// Not of the time that passes.
+    void statusChanged();
+
 private:
-    explicit Vexa_MIDI_Manager(MidiSystem& system) : m_system(system) {}
+    explicit Vexa_MIDI_Manager(MidiSystem& system);
     void restoreDestination();
     void chooseDestination(bool isRemembered);
+    void setStatus(DestinationStatus status);
+    void noteDelivery(MidiObjectRef dest, const MidiDelivery& delivery,
+                      const std::optional<DestinationStatus::Sent>& as);
+    void notePresence(MidiObjectRef dest, bool isThere);
 
     MidiSystem& m_system;
     MidiObjectRef m_dest = 0;
     MidiUniqueId m_destID = 0;
+    DestinationStatus m_status;
 };
 
 } // namespace vexa

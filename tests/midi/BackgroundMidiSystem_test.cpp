@@ -45,15 +45,25 @@ public:
         m_world.changed.wait(lock, [this] { return !m_world.held; });
         return m_world.ports;
     }
-    void send(const std::string& identity, std::span<const std::uint8_t> message) override {
+    bool send(const std::string& identity, std::span<const std::uint8_t> message) override {
         std::unique_lock lock{m_world.mutex};
         m_world.changed.wait(lock, [this] { return !m_world.held; });
         m_world.sent.push_back(identity + ": " + std::to_string(message.front()));
+        m_wanted = identity;
+        return isThere();
     }
-    void maintain() override {}
+    bool maintain() override {
+        const std::lock_guard lock{m_world.mutex};
+        return isThere();
+    }
 
 private:
+    bool isThere() const {
+        return std::ranges::count(m_world.ports, m_wanted, &MidiPort::identity) > 0;
+    }
+
     World& m_world;
+    std::string m_wanted;
 };
 
 struct BackgroundMidi : testing::Test {
@@ -128,6 +138,75 @@ TEST_F(BackgroundMidi, APortThatComesBackElsewhereIsTheSameObject) {
     ASSERT_TRUE(system->findByUniqueId(id));
     EXPECT_EQ(system->findByUniqueId(id)->ref, port);
     EXPECT_EQ(system->destination(2), port);
+}
+
+/// What is told of messages and of the destination, in the order of its coming.
+struct BackgroundReports : BackgroundMidi {
+    BackgroundReports() {
+        system->numberOfDestinations();
+        system->whenSeen([this](MidiObjectRef destination, bool isThere) {
+            told.push_back(nameOf(destination) + (isThere ? " is there" : " is away"));
+        });
+    }
+
+    std::string nameOf(MidiObjectRef destination) { return system->name(destination).value(); }
+    void send(MidiObjectRef destination) {
+        const std::uint8_t byte = 1;
+        system->send(destination, std::span(&byte, 1), [this, destination](const auto& delivery) {
+            told.push_back(nameOf(destination) + (delivery.handedOver ? " took it" : " lost it"));
+            at = delivery.at;
+        });
+    }
+    void setPorts(std::vector<MidiPort> ports) {
+        const std::lock_guard lock{world.mutex};
+        world.ports = std::move(ports);
+    }
+    std::vector<std::string> next(std::size_t count) {
+        while (told.size() < count)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return std::exchange(told, {});
+    }
+
+    std::vector<std::string> told;
+    std::chrono::steady_clock::time_point at;
+};
+
+TEST_F(BackgroundReports, WhatBecameOfAMessageIsToldAndWhetherItsDestinationIsThere) {
+    const auto port = system->destination(0);
+    const auto before = std::chrono::steady_clock::now();
+    send(port);
+    EXPECT_THAT(next(2), ElementsAre("MIDI 1 took it", "MIDI 1 is there"));
+    EXPECT_GE(at, before);
+    EXPECT_LE(at, std::chrono::steady_clock::now());
+    send(port);
+    EXPECT_THAT(next(1), ElementsAre("MIDI 1 took it"));
+    setPorts({});
+    send(port);
+    EXPECT_THAT(next(2), ElementsAre("MIDI 1 lost it", "MIDI 1 is away"));
+}
+
+TEST_F(BackgroundReports, ADestinationThatGoesAndComesIsSeenWhileNothingIsSent) {
+    send(system->destination(1));
+    next(2);
+    const auto ports = world.ports;
+    setPorts({});
+    EXPECT_THAT(next(1), ElementsAre("MIDI 2 is away"));
+    setPorts(ports);
+    EXPECT_THAT(next(1), ElementsAre("MIDI 2 is there"));
+}
+
+TEST_F(BackgroundReports, OfWhatNeverWasADestinationNothingIsTold) {
+    const std::uint8_t byte = 1;
+    system->send(0, std::span(&byte, 1), [this](const auto&) { told.emplace_back("told"); });
+    send(system->destination(0)); // of which is told later
+    EXPECT_THAT(next(2), ElementsAre("MIDI 1 took it", "MIDI 1 is there"));
+}
+
+TEST_F(BackgroundReports, ASystemThatEndsTellsNothingMore) {
+    send(system->destination(0));
+    system.reset();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(told, IsEmpty());
 }
 
 /// A port of an interface whose maker gave all of them one serial number.

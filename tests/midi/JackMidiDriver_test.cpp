@@ -4,6 +4,8 @@
 #include "support/CleanDefaults.h"
 #include "support/JackServer.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <gmock/gmock.h>
 
 #include <fcntl.h>
@@ -19,6 +21,8 @@ using namespace vexa;
 using namespace vexa::test;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -102,6 +106,19 @@ public:
             listWhere([&](const auto& names) { return std::ranges::count(names, name) > 0; });
         manager().connectToDestinationAtIndex(std::ranges::find(list, name) - list.begin());
         manager().writePrefs();
+    }
+
+    /// Waits until the status of the destination reads so, whatever the age of the last message.
+    static std::string statusOnce(const std::string& beginning) {
+        std::string text;
+        const auto isThere = [&] {
+            text = statusText(manager().status(), std::chrono::steady_clock::now());
+            return text.starts_with(beginning);
+        };
+        const QDeadlineTimer deadline(60s);
+        while (!isThere() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        return text;
     }
 
 private:
@@ -192,6 +209,34 @@ TEST_F(JackMidi, AReceiverThatComesBackGetsTheNextMessageAndNoOtherEverDoes) {
     }
     EXPECT_THAT(alpha.leave(), IsEmpty());
     EXPECT_THAT(gamma->leave(), IsEmpty());
+}
+
+TEST_F(JackMidi, TheStatusTellsOfSentWhatTheReceiverSawAndOfNothingElse) {
+    auto beta = std::make_unique<Receiver>("beta");
+    const Program program;
+    Program::choose("beta:in");
+    EXPECT_EQ(beta->next(), stopFrame);
+    EXPECT_THAT(Program::statusOnce("beta:in · stop"), StartsWith("beta:in · stop · "));
+    Program::manager().sendSetupMessageStart(0x01020304, 1, 0);
+    EXPECT_EQ(beta->next(), "F0 7D 42 01 02 03 04 01 F7");
+    EXPECT_EQ(beta->next(), "F0 7D 42 01 02 03 04 7F F7");
+    EXPECT_THAT(Program::statusOnce("beta:in · start"), StartsWith("beta:in · start 01:02:03:04"));
+
+    EXPECT_THAT(beta->leave(), IsEmpty());
+    EXPECT_EQ(Program::statusOnce("beta:in is"), "beta:in is not there");
+    Program::manager().sendStopMessage();
+    Program::awaitList({}); // which comes after the message
+    beta = std::make_unique<Receiver>("beta");
+    EXPECT_THAT(Program::statusOnce("beta:in ·"), StartsWith("beta:in · start 01:02:03:04 · "))
+        << "the stop was lost";
+    Program::manager().sendSetupMessageStart(0x05060708, 1, 0);
+    EXPECT_EQ(beta->next(), "F0 7D 42 05 06 07 08 01 F7");
+    EXPECT_EQ(beta->next(), "F0 7D 42 05 06 07 08 7F F7");
+    EXPECT_THAT(Program::statusOnce("beta:in · start 05"),
+                StartsWith("beta:in · start 05:06:07:08"));
+
+    server.stop(SIGKILL);
+    EXPECT_EQ(Program::statusOnce("beta:in is"), "beta:in is not there");
 }
 
 class JackMidiServerLoss : public JackMidi, public testing::WithParamInterface<int> {};

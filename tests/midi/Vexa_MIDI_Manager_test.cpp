@@ -12,6 +12,7 @@ using namespace vexa;
 using namespace vexa::test;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using namespace std::chrono_literals;
 
 namespace vexa::test {
 void PrintTo(const FakeMidiSystem::Sent& sent, std::ostream* out) {
@@ -188,6 +189,83 @@ TEST_F(Manager, SplitsPackedTimes) {
     EXPECT_EQ(Vexa_MIDI_Manager::bcdToMinute(0x173B3A1D), 59u);
     EXPECT_EQ(Vexa_MIDI_Manager::bcdToSecond(0x173B3A1D), 58u);
     EXPECT_EQ(Vexa_MIDI_Manager::bcdToFrame(0x173B3A1D), 29u);
+}
+
+struct Status : Manager {
+    /// As it is told two seconds from now.
+    static std::string text() {
+        return statusText(shared().status(), std::chrono::steady_clock::now() + 2500ms);
+    }
+};
+
+TEST_F(Status, ToldOfADestinationIsItsNameAndWhatWasSentThereLast) {
+    const auto device = system.add({MidiObjectType::Device, "Timecode Box", {}, {}});
+    const auto entity = system.add({MidiObjectType::Entity, {}, {}, {}, device});
+    system.addDestination("MIDI 1", 11, entity);
+    EXPECT_EQ(text(), "Timecode Box MIDI 1");
+    shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::mtc);
+    EXPECT_EQ(text(), "Timecode Box MIDI 1 · start 01:00:00:00 · 2 s ago");
+    shared().sendStopMessage();
+    EXPECT_EQ(text(), "Timecode Box MIDI 1 · stop · 2 s ago");
+    EXPECT_EQ(system.takeSent().size(), 3u) << "telling sends nothing";
+}
+
+TEST_F(Status, WhatIsLostWasNotSent) {
+    const auto box = system.addDestination("Box", 11);
+    shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::mtc);
+    system.unplug(box);
+    EXPECT_EQ(text(), "Box is not there");
+    shared().sendStopMessage();
+    EXPECT_EQ(text(), "Box is not there");
+    system.plugIn(box, 0);
+    EXPECT_EQ(text(), "Box · start 01:00:00:00 · 2 s ago") << "the stop was lost";
+    shared().sendStopMessage();
+    EXPECT_EQ(text(), "Box · stop · 2 s ago");
+}
+
+TEST_F(Status, AMessageThatIsLostIsEnoughToTell) {
+    const auto box = system.addDestination("Box", 11);
+    EXPECT_EQ(text(), "Box");
+    system.unplug(box); // unseen: nothing was sent there so far
+    EXPECT_EQ(text(), "Box");
+    shared().sendStopMessage();
+    EXPECT_EQ(text(), "Box is not there");
+}
+
+TEST_F(Status, IsUnknownUntilTheSystemIsReached) {
+    system.beOutOfReach();
+    EXPECT_EQ(text(), "");
+    system.reach();
+    EXPECT_EQ(text(), "no destination");
+    shared().sendStopMessage();
+    EXPECT_EQ(text(), "no destination");
+}
+
+TEST_F(Status, IsThatOfTheDestinationChosenLast) {
+    const auto first = system.addDestination("A", 11);
+    system.addDestination("B", 12);
+    shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::mtc);
+    shared().destinationList();
+    shared().connectToDestinationAtIndex(1);
+    EXPECT_EQ(text(), "B · stop · 2 s ago");
+    system.unplug(first);
+    EXPECT_EQ(text(), "B · stop · 2 s ago");
+    shared().connectToDestinationAtIndex(-1);
+    EXPECT_EQ(text(), "no destination");
+}
+
+TEST_F(Status, ChangesAreTold) {
+    const auto box = system.addDestination("Box", 11);
+    int told = 0;
+    QObject::connect(&shared(), &Vexa_MIDI_Manager::statusChanged, &shared(), [&] { ++told; });
+    shared().sendStopMessage();
+    EXPECT_EQ(told, 1);
+    system.unplug(box);
+    EXPECT_EQ(told, 2);
+    shared().sendStopMessage();
+    EXPECT_EQ(told, 2) << "it is known not to be there";
+    system.plugIn(box, 0);
+    EXPECT_EQ(told, 3);
 }
 
 } // namespace

@@ -48,10 +48,12 @@ public:
     void unplug(MidiObjectRef ref) {
         object(ref).isThere = false;
         std::erase(m_destinations, ref);
+        see(ref);
     }
     void plugIn(MidiObjectRef ref, std::size_t position) {
         object(ref).isThere = true;
         m_destinations.insert(m_destinations.begin() + static_cast<std::ptrdiff_t>(position), ref);
+        see(ref);
     }
 
     Object& object(MidiObjectRef ref) { return m_objects.at(ref); }
@@ -109,7 +111,9 @@ public:
                                                object.type == MidiObjectType::externalEntity);
         }));
     }
-    void send(MidiObjectRef destination, std::span<const std::uint8_t> message) override {
+    void whenSeen(Seen seen) override { m_seen = std::move(seen); }
+    void send(MidiObjectRef destination, std::span<const std::uint8_t> message,
+              Delivered then = {}) override {
         std::string bytes;
         for (const auto byte : message) {
             char text[4];
@@ -119,11 +123,18 @@ public:
         m_sent.push_back({destination, bytes});
         if (whenSent)
             whenSent(m_sent.back());
+        if (then && m_objects.contains(destination))
+            then({object(destination).isThere, std::chrono::steady_clock::now()});
     }
 
     std::function<void(const Sent&)> whenSent;
 
 private:
+    void see(MidiObjectRef destination) {
+        const bool isLast = !m_sent.empty() && m_sent.back().destination == destination;
+        if (isLast && m_seen)
+            m_seen(destination, object(destination).isThere);
+    }
     Object lookUp(MidiObjectRef ref) const {
         const auto found = m_objects.find(ref);
         return found == m_objects.end() ? Object{} : found->second;
@@ -136,6 +147,7 @@ private:
     std::vector<MidiObjectRef> m_destinations; ///< those that are there
     std::vector<MidiObjectRef> m_listed;       ///< those that were at the last reading
     std::vector<Sent> m_sent;
+    Seen m_seen;
 };
 
 } // namespace vexa::test

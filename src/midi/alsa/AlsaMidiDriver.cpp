@@ -129,13 +129,13 @@ void AlsaMidiDriver::linkTo(const std::string& identity) {
         m_link.sequencer = std::move(sequencer);
 }
 
-void AlsaMidiDriver::send(const std::string& identity, std::span<const std::uint8_t> message) {
+bool AlsaMidiDriver::send(const std::string& identity, std::span<const std::uint8_t> message) {
     // Without this look a message could reach another device that has since been given the
     // address, or none: sent to a hardware port without a subscription, it is lost.
     if (m_link.identity != identity || !isLinked())
         linkTo(identity);
     if (!m_link.sequencer)
-        return;
+        return false;
 
     auto bytes = std::vector(message.begin(), message.end());
     snd_seq_event_t event{};
@@ -147,14 +147,16 @@ void AlsaMidiDriver::send(const std::string& identity, std::span<const std::uint
     for (int attempt = 0; attempt < 500; ++attempt) {
         const int result = snd_seq_event_output_direct(m_link.sequencer.get(), &event);
         if (result != -EAGAIN && result != -ENOMEM)
-            return;
+            return result >= 0;
         std::this_thread::sleep_for(1ms);
     }
+    return false;
 }
 
-void AlsaMidiDriver::maintain() {
+bool AlsaMidiDriver::maintain() {
     if (!m_link.identity.empty() && !isLinked())
         linkTo(m_link.identity);
+    return m_link.sequencer != nullptr;
 }
 
 } // namespace vexa

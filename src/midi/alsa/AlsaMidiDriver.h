@@ -16,8 +16,8 @@ public:
     static bool isAvailable();
 
     std::vector<MidiPort> ports() override;
-    void send(const std::string& identity, std::span<const std::uint8_t> message) override;
-    void maintain() override;
+    bool send(const std::string& identity, std::span<const std::uint8_t> message) override;
+    bool maintain() override;
 
 private:
     struct Closer {

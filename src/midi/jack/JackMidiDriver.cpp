@@ -69,14 +69,12 @@ bool JackMidiDriver::connectTo(const std::string& identity) {
     return true;
 }
 
-void JackMidiDriver::send(const std::string& identity, std::span<const std::uint8_t> message) {
-    if (connectTo(identity))
-        m_session->write(message);
+bool JackMidiDriver::send(const std::string& identity, std::span<const std::uint8_t> message) {
+    return connectTo(identity) && m_session->write(message) && m_session->isConnected();
 }
 
-void JackMidiDriver::maintain() {
-    if (!m_identity.empty())
-        connectTo(m_identity);
+bool JackMidiDriver::maintain() {
+    return !m_identity.empty() && connectTo(m_identity) && m_session->isConnected();
 }
 
 } // namespace vexa

@@ -13,8 +13,8 @@ namespace vexa {
 class JackMidiDriver final : public MidiDriver {
 public:
     std::vector<MidiPort> ports() override;
-    void send(const std::string& identity, std::span<const std::uint8_t> message) override;
-    void maintain() override;
+    bool send(const std::string& identity, std::span<const std::uint8_t> message) override;
+    bool maintain() override;
 
 private:
     bool join();

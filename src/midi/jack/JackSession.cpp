@@ -126,12 +126,13 @@ void JackSession::awaitConnectionTo(const std::string& portName) {
     }
 }
 
-void JackSession::write(std::span<const std::uint8_t> message) {
+bool JackSession::write(std::span<const std::uint8_t> message) {
     const auto length = static_cast<std::uint8_t>(message.size());
     if (jack_ringbuffer_write_space(m_queue.get()) < 1u + length)
-        return;
+        return false;
     jack_ringbuffer_write(m_queue.get(), reinterpret_cast<const char*>(&length), 1);
     jack_ringbuffer_write(m_queue.get(), reinterpret_cast<const char*>(message.data()), length);
+    return true;
 }
 
 } // namespace vexa

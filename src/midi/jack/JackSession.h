@@ -28,10 +28,12 @@ public:
     /// Leads what is sent from now on to that port and no longer to the one before. Returns when
     /// the server has taken the change over, so that the next message is not lost to it.
     void connectTo(const std::string& portName);
+    /// Whether what is sent now reaches the port that connectTo() named last.
+    bool isConnected() const { return isAlive() && isConnectedTo(m_connected); }
 
     /// Hands a whole message, 255 bytes at most, to the server's next period. One that finds no
-    /// room, as with a server that hangs, is lost.
-    void write(std::span<const std::uint8_t> message);
+    /// room, as with a server that hangs, is lost: false.
+    bool write(std::span<const std::uint8_t> message);
 
 private:
     explicit JackSession(jack_client_t* client);

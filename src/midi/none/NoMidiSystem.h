@@ -19,7 +19,7 @@ public:
     MidiObjectRef entityOfEndpoint(MidiObjectRef) override { return 0; }
     MidiObjectRef deviceOfEntity(MidiObjectRef) override { return 0; }
     std::size_t numberOfEntities(MidiObjectRef) override { return 0; }
-    void send(MidiObjectRef, std::span<const std::uint8_t>) override {}
+    void send(MidiObjectRef, std::span<const std::uint8_t>, Delivered) override {}
 };
 
 } // namespace vexa
