@@ -61,7 +61,8 @@ bool tryLock(QLockFile& lock) {
 /// Removes the permissions of everybody but the owner.
 void makePrivate(const QString& file) {
     constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner;
-    QFile::setPermissions(file, QFile::permissions(file) & owner);
+    if (QFileInfo(file).isWritable())
+        QFile::setPermissions(file, QFile::permissions(file) & owner);
 }
 
 } // namespace

@@ -172,7 +172,8 @@ class DisksThatTakeNothing(DeviceTest):
 
     def limit_files(self, size):
         limits = (size, resource.RLIM_INFINITY)
-        resource.prlimit(self.window.program.pid, resource.RLIMIT_FSIZE, limits)
+        if self.window.program.is_running():
+            resource.prlimit(self.window.program.pid, resource.RLIMIT_FSIZE, limits)
 
     def test_a_list_in_a_directory_that_may_only_be_read(self):
         self.add("new")
@@ -210,22 +211,33 @@ class DisksThatTakeNothing(DeviceTest):
         eventually("it is saved", other.exists)
         self.assertEqual(len(items_in(other.read_bytes())), 5)
 
-    def test_preferences_on_a_full_disk(self):
-        self.write_settings(vexadelay=3, other="x" * 1000)
-        old = self.settings.read_bytes()
+    def change_preferences_on_a_full_disk(self):
         self.fill_disk(room=500)
         panel = Preferences(self.window)
         panel.open()
         panel.change(delay="12")
         panel.close("Return")
         self.expect_messages(STOP)
-        self.assertEqual(self.settings.read_bytes(), old)
-        self.limit_files(resource.RLIM_INFINITY)
+        return panel
+
+    def test_preferences_on_a_full_disk(self):
+        self.write_settings(vexadelay=3, other="x" * 1000)
+        old = self.settings.read_bytes()
+        panel = self.change_preferences_on_a_full_disk()
         panel.open()
         self.assertEqual(panel.shown()[0], "12")
+        panel.close("Escape")
+        self.window.close()  # after the last attempt to write
+        self.assertEqual(self.settings.read_bytes(), old)
+
+    def test_preferences_after_a_full_disk(self):
+        self.write_settings(vexadelay=3, other="x" * 1000)
+        panel = self.change_preferences_on_a_full_disk()
+        self.limit_files(resource.RLIM_INFINITY)
+        panel.open()
         panel.close("Return")
         self.expect_messages(STOP)
-        self.assertIn("vexadelay=12", self.settings.read_text())
+        eventually("it is stored", lambda: "vexadelay=12" in self.settings.read_text())
 
 
 class Termination(DeviceTest):
