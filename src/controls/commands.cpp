@@ -14,6 +14,9 @@ namespace {
 using To = const CommandTargets;
 using Tag = std::uint64_t;
 
+/// For items whose action alone says what they do.
+constexpr Tag noTag = 0;
+
 QList<QKeySequence> key(const QKeySequence& sequence) { return {sequence}; }
 
 /// The usual shortcut, which the menu shows, and what the desktop has for the command besides.
@@ -43,31 +46,31 @@ using enum MenuAction;
 /// All that may ask to save first are among those that may open a panel.
 CommandGroup fileCommands() {
     return {"&File",
-            {{newDocument, 0, "&New", keys(QKeySequence::New, Qt::CTRL | Qt::Key_N), true,
+            {{newDocument, noTag, "&New", keys(QKeySequence::New, Qt::CTRL | Qt::Key_N), true,
               [](To& to, Tag) { to.controller.newDocument(); }},
-             {openDocument, 0, "&Open…", keys(QKeySequence::Open, Qt::CTRL | Qt::Key_O), true,
+             {openDocument, noTag, "&Open…", keys(QKeySequence::Open, Qt::CTRL | Qt::Key_O), true,
               [](To& to, Tag) { to.controller.openDocument(); }},
              {.action = other, .tag = unavailableWhileStriping, .title = "Open Re&cent"}}};
 }
 
 CommandGroup savingCommands() {
     return {"&File",
-            {{saveDocument, 0, "&Save", keys(QKeySequence::Save, Qt::CTRL | Qt::Key_S), true,
+            {{saveDocument, noTag, "&Save", keys(QKeySequence::Save, Qt::CTRL | Qt::Key_S), true,
               [](To& to, Tag) { to.controller.saveDocument(); }},
-             {saveDocumentAs, 0, "Save &As…",
+             {saveDocumentAs, noTag, "Save &As…",
               keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), true,
               [](To& to, Tag) { to.controller.saveDocumentAs(); }},
-             {revertDocumentToSaved, 0, "&Revert to Saved", {}, true, [](To& to, Tag) {
+             {revertDocumentToSaved, noTag, "&Revert to Saved", {}, true, [](To& to, Tag) {
                   to.controller.revertDocumentToSaved();
               }}}};
 }
 
 CommandGroup undoCommands() {
     return {"&Edit",
-            {{undo, 0, "Undo", keys(QKeySequence::Undo, Qt::CTRL | Qt::Key_Z), false,
+            {{undo, noTag, "Undo", keys(QKeySequence::Undo, Qt::CTRL | Qt::Key_Z), false,
               [](To& to, Tag) { to.controller.undo(); }},
-             {redo, 0, "Redo", keys(QKeySequence::Redo, Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false,
-              [](To& to, Tag) { to.controller.redo(); }}}};
+             {redo, noTag, "Redo", keys(QKeySequence::Redo, Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+              false, [](To& to, Tag) { to.controller.redo(); }}}};
 }
 
 CommandGroup frameRateCommands() {
@@ -127,13 +130,13 @@ const std::vector<CommandGroup>& commandGroups() {
            .perform = [](To& to, Tag) { to.window.close(); }}}},
         undoCommands(),
         {"&Edit",
-         {{handlePrefsMenu, 0, "&Preferences…",
+         {{handlePrefsMenu, noTag, "&Preferences…",
            keys(QKeySequence::Preferences, Qt::CTRL | Qt::Key_Comma), true,
            [](To& to, Tag) { to.controller.handlePrefsMenu(); }}}},
         frameRateCommands(),
         syncTypeCommands(),
         {"&Timecode",
-         {{handleSetStopTimeMenu, 0, "Set Stop Time", key(Qt::Key_F8), false,
+         {{handleSetStopTimeMenu, noTag, "Set Stop Time", key(Qt::Key_F8), false,
            [](To& to, Tag) { to.controller.handleSetStopTimeMenu(); }}}},
         typingCommands(),
         transportCommands(),
