@@ -11,7 +11,7 @@ QAccessible::Role roleOf(const QAbstractButton& button) {
                                                       : QAccessible::CheckBox;
 }
 
-QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
+QAccessibleInterface* buttonInterface(const QString&, QObject* object) {
     auto* button = qobject_cast<QAbstractButton*>(object);
     return button && button->isCheckable() ? new AccessibleButton(*button) : nullptr;
 }
@@ -21,7 +21,7 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
 AccessibleButton::AccessibleButton(QAbstractButton& button)
     : QAccessibleWidget(&button, roleOf(button)), m_button(button) {}
 
-void AccessibleButton::install() { QAccessible::installFactory(interfaceOf); }
+void AccessibleButton::install() { QAccessible::installFactory(buttonInterface); }
 
 QAccessible::State AccessibleButton::state() const {
     auto state = QAccessibleWidget::state();

@@ -6,7 +6,7 @@ namespace vexa {
 
 namespace {
 
-QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
+QAccessibleInterface* popupInterface(const QString&, QObject* object) {
     auto* popup = qobject_cast<QComboBox*>(object);
     return popup ? new AccessiblePopup(*popup) : nullptr;
 }
@@ -16,7 +16,7 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
 AccessiblePopup::AccessiblePopup(QComboBox& popup)
     : QAccessibleWidget(&popup, QAccessible::ComboBox), m_popup(popup) {}
 
-void AccessiblePopup::install() { QAccessible::installFactory(interfaceOf); }
+void AccessiblePopup::install() { QAccessible::installFactory(popupInterface); }
 
 QAccessibleInterface* AccessiblePopup::child(int index) const {
     return index == 0 ? QAccessible::queryAccessibleInterface(m_popup.view()) : nullptr;

@@ -1,6 +1,7 @@
 #include "controls/VexaBatchTableView.h"
 
 #include "controls/VexaBatchTableHeader.h"
+#include "controls/key_characters.h"
 #include "defaults/user_defaults.h"
 
 #include <QKeyEvent>
@@ -13,8 +14,6 @@ namespace vexa {
 
 namespace {
 
-constexpr char16_t backspace = 0x08;
-constexpr char16_t deleteKey = 0x7F;
 constexpr int rowPadding = 6;
 
 /// In which the row under way shows the longest text that the column is made for.

@@ -1,5 +1,6 @@
 #include "controls/VexaTimecodeButton.h"
 
+#include "controls/key_characters.h"
 #include "controls/timecode_well.h"
 
 #include <QApplication>
@@ -14,12 +15,6 @@
 namespace vexa {
 
 namespace {
-
-constexpr char16_t backspace = 0x08;
-constexpr char16_t deleteKey = 0x7F;
-constexpr char16_t enter = 0x03;
-constexpr char16_t tab = 0x09;
-constexpr char16_t carriageReturn = 0x0D;
 
 QString colonSeparated(const std::array<char16_t, 8>& digits) {
     QString text;
