@@ -63,9 +63,9 @@ QString stringFrom(Kind kind, std::string_view bytes) {
     return kind == Kind::latin1 ? QString::fromLatin1(bytes) : fromUtf16BigEndian(bytes);
 }
 
-class Reader {
+class BinaryReader {
 public:
-    Reader(std::string_view file, MemoryBudget& budget) : m_file(file), m_budget(budget) {}
+    BinaryReader(std::string_view file, MemoryBudget& budget) : m_file(file), m_budget(budget) {}
 
     std::optional<PropertyList> propertyList();
 
@@ -102,7 +102,7 @@ private:
     MemoryBudget& m_budget;
 };
 
-std::optional<PropertyList> Reader::propertyList() {
+std::optional<PropertyList> BinaryReader::propertyList() {
     if (m_file.size() < headerSize + trailerSize || !m_file.starts_with("bplist0") ||
         m_file[7] < '0' || m_file[7] > '9')
         return std::nullopt;
@@ -128,7 +128,7 @@ std::optional<PropertyList> Reader::propertyList() {
     return value(root, 1);
 }
 
-std::optional<Reader::Object> Reader::object(std::uint64_t reference) const {
+std::optional<BinaryReader::Object> BinaryReader::object(std::uint64_t reference) const {
     if (reference >= m_offsets.size() / m_offsetSize)
         return std::nullopt;
     const auto offset = bigEndian(m_offsets.substr(reference * m_offsetSize, m_offsetSize));
@@ -139,11 +139,11 @@ std::optional<Reader::Object> Reader::object(std::uint64_t reference) const {
                   static_cast<std::uint8_t>(first & 0xF), m_objects.substr(offset + 1)};
 }
 
-std::uint64_t Reader::referenceAt(std::string_view references, std::size_t index) const {
+std::uint64_t BinaryReader::referenceAt(std::string_view references, std::size_t index) const {
     return bigEndian(references.substr(index * m_referenceSize, m_referenceSize));
 }
 
-std::optional<std::string_view> Reader::number(std::uint8_t size, std::string_view& rest) {
+std::optional<std::string_view> BinaryReader::number(std::uint8_t size, std::string_view& rest) {
     if (size > 4 || rest.size() < (std::size_t{1} << size))
         return std::nullopt;
     const auto bytes = rest.substr(0, std::size_t{1} << size);
@@ -151,7 +151,7 @@ std::optional<std::string_view> Reader::number(std::uint8_t size, std::string_vi
     return bytes;
 }
 
-std::optional<std::string_view> Reader::elements(const Object& object, std::size_t elementSize) {
+std::optional<std::string_view> BinaryReader::elements(const Object& object, std::size_t elementSize) {
     std::uint64_t count = object.size;
     auto rest = object.rest;
     if (count == 0xF) {
@@ -169,7 +169,7 @@ std::optional<std::string_view> Reader::elements(const Object& object, std::size
     return rest.substr(0, count * elementSize);
 }
 
-std::optional<PropertyList> Reader::value(std::uint64_t reference, int depth) {
+std::optional<PropertyList> BinaryReader::value(std::uint64_t reference, int depth) {
     const auto opened = object(reference);
     if (!opened || depth > property_list::maximumDepth)
         return std::nullopt;
@@ -193,7 +193,7 @@ std::optional<PropertyList> Reader::value(std::uint64_t reference, int depth) {
     return std::nullopt;
 }
 
-std::optional<PropertyList> Reader::scalar(const Object& object) {
+std::optional<PropertyList> BinaryReader::scalar(const Object& object) {
     if (object.kind == Kind::simple) {
         if (object.size != 8 && object.size != 9)
             return std::nullopt;
@@ -217,7 +217,7 @@ std::optional<PropertyList> Reader::scalar(const Object& object) {
     return PropertyList(PropertyList::Date{number});
 }
 
-std::optional<PropertyList> Reader::text(const Object& object) {
+std::optional<PropertyList> BinaryReader::text(const Object& object) {
     const auto bytes = elements(object, unitSize(object.kind));
     if (!bytes || !m_budget.takeText(sizeInMemory(object.kind, *bytes)))
         return std::nullopt;
@@ -227,7 +227,7 @@ std::optional<PropertyList> Reader::text(const Object& object) {
 }
 
 /// The dictionary that stands for it in XML.
-std::optional<PropertyList> Reader::uid(const Object& object) {
+std::optional<PropertyList> BinaryReader::uid(const Object& object) {
     static const PropertyListKey key(QStringLiteral("CF$UID"));
     const auto size = std::size_t{object.size} + 1;
     if (size > sizeof(std::uint64_t) || size > object.rest.size() || !m_budget.takeValues(1))
@@ -237,7 +237,7 @@ std::optional<PropertyList> Reader::uid(const Object& object) {
     return PropertyList(std::move(dictionary));
 }
 
-std::optional<PropertyListKey> Reader::key(std::uint64_t reference) {
+std::optional<PropertyListKey> BinaryReader::key(std::uint64_t reference) {
     const auto opened = object(reference);
     if (!opened || (opened->kind != Kind::latin1 && opened->kind != Kind::utf16))
         return std::nullopt;
@@ -251,7 +251,7 @@ std::optional<PropertyListKey> Reader::key(std::uint64_t reference) {
     return opened->kind == Kind::latin1 ? m_keys.key(*bytes, make) : make(*bytes);
 }
 
-std::optional<PropertyList> Reader::array(const Object& object, int depth) {
+std::optional<PropertyList> BinaryReader::array(const Object& object, int depth) {
     const auto references = elements(object, m_referenceSize);
     if (!references)
         return std::nullopt;
@@ -270,7 +270,7 @@ std::optional<PropertyList> Reader::array(const Object& object, int depth) {
     return PropertyList(std::move(values));
 }
 
-std::optional<PropertyList> Reader::dictionary(const Object& object, int depth) {
+std::optional<PropertyList> BinaryReader::dictionary(const Object& object, int depth) {
     const auto references = elements(object, 2 * m_referenceSize);
     if (!references)
         return std::nullopt;
@@ -298,7 +298,7 @@ std::optional<PropertyList> Reader::dictionary(const Object& object, int depth) 
 std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes, MemoryBudget& budget) {
     if (bytes.size() > property_list::maximumInput)
         return std::nullopt;
-    return Reader({bytes.data(), static_cast<std::size_t>(bytes.size())}, budget).propertyList();
+    return BinaryReader({bytes.data(), static_cast<std::size_t>(bytes.size())}, budget).propertyList();
 }
 
 } // namespace vexa

@@ -28,9 +28,9 @@ std::vector<T> takenFrom(std::vector<T>& all, std::size_t first) {
 
 /// Goes through the text once, from its start to the end of the property list. Every function
 /// that reads something leaves the position behind it, or gives up for good.
-class Reader {
+class XmlReader {
 public:
-    Reader(std::string_view utf8, MemoryBudget& budget) : m_rest(utf8), m_budget(budget) {}
+    XmlReader(std::string_view utf8, MemoryBudget& budget) : m_rest(utf8), m_budget(budget) {}
 
     std::optional<PropertyList> propertyList();
 
@@ -68,13 +68,13 @@ private:
     std::vector<PropertyList::Entry> m_entries;
 };
 
-bool Reader::take(std::string_view text) {
+bool XmlReader::take(std::string_view text) {
     const bool found = m_rest.starts_with(text);
     m_rest.remove_prefix(found ? text.size() : 0);
     return found;
 }
 
-bool Reader::skipPast(std::string_view text) {
+bool XmlReader::skipPast(std::string_view text) {
     const auto found = m_rest.find(text);
     if (found == std::string_view::npos)
         return false;
@@ -82,13 +82,13 @@ bool Reader::skipPast(std::string_view text) {
     return true;
 }
 
-void Reader::skipBlanks() {
+void XmlReader::skipBlanks() {
     const auto blanks = std::ranges::find_if_not(m_rest, isBlank) - m_rest.begin();
     m_rest.remove_prefix(static_cast<std::size_t>(blanks));
 }
 
 /// Passes blanks, comments and processing instructions.
-bool Reader::skipBetweenElements() {
+bool XmlReader::skipBetweenElements() {
     for (;;) {
         skipBlanks();
         if (take("<!--")) {
@@ -103,7 +103,7 @@ bool Reader::skipBetweenElements() {
     }
 }
 
-bool Reader::skipDocumentType() {
+bool XmlReader::skipDocumentType() {
     if (!take("<!DOCTYPE"))
         return true;
     const auto end = m_rest.find_first_of("[>");
@@ -113,7 +113,7 @@ bool Reader::skipDocumentType() {
     return skipBetweenElements();
 }
 
-std::optional<Reader::Tag> Reader::startTag() {
+std::optional<XmlReader::Tag> XmlReader::startTag() {
     if (!take("<"))
         return std::nullopt;
     const auto end = m_rest.find('>');
@@ -128,7 +128,7 @@ std::optional<Reader::Tag> Reader::startTag() {
     return Tag{name.substr(0, static_cast<std::size_t>(nameEnd)), empty};
 }
 
-bool Reader::endTag(std::string_view name) {
+bool XmlReader::endTag(std::string_view name) {
     if (!take("</") || !take(name))
         return false;
     skipBlanks();
@@ -136,7 +136,7 @@ bool Reader::endTag(std::string_view name) {
 }
 
 /// The content of an element, as it stands, up to the next tag: its end tag.
-std::optional<std::string_view> Reader::plainText(const Tag& tag) {
+std::optional<std::string_view> XmlReader::plainText(const Tag& tag) {
     const auto content = m_rest.substr(0, tag.empty ? 0 : m_rest.find('<'));
     m_rest.remove_prefix(content.size());
     return tag.empty || endTag(tag.name) ? std::optional(content) : std::nullopt;
@@ -144,7 +144,7 @@ std::optional<std::string_view> Reader::plainText(const Tag& tag) {
 
 /// The content of an element with references and CDATA sections resolved. Valid until the next
 /// call.
-std::optional<std::string_view> Reader::text(const Tag& tag) {
+std::optional<std::string_view> XmlReader::text(const Tag& tag) {
     if (tag.empty)
         return std::string_view();
     m_unescaped.clear();
@@ -166,7 +166,7 @@ std::optional<std::string_view> Reader::text(const Tag& tag) {
     }
 }
 
-std::optional<PropertyList> Reader::propertyList() {
+std::optional<PropertyList> XmlReader::propertyList() {
     if (!skipBetweenElements() || !skipDocumentType())
         return std::nullopt;
     const auto start = m_rest;
@@ -179,7 +179,7 @@ std::optional<PropertyList> Reader::propertyList() {
     return ended ? std::move(root) : std::nullopt;
 }
 
-std::optional<PropertyList> Reader::value(int depth) {
+std::optional<PropertyList> XmlReader::value(int depth) {
     const auto tag = skipBetweenElements() ? startTag() : std::nullopt;
     if (!tag || depth > property_list::maximumDepth || !m_budget.takeValues(1))
         return std::nullopt;
@@ -190,7 +190,7 @@ std::optional<PropertyList> Reader::value(int depth) {
     return tag->name == "string" ? string(*tag) : scalar(*tag);
 }
 
-std::optional<PropertyList> Reader::scalar(const Tag& tag) {
+std::optional<PropertyList> XmlReader::scalar(const Tag& tag) {
     const auto content = plainText(tag);
     if (!content)
         return std::nullopt;
@@ -208,7 +208,7 @@ std::optional<PropertyList> Reader::scalar(const Tag& tag) {
     return std::nullopt;
 }
 
-std::optional<PropertyList> Reader::string(const Tag& tag) {
+std::optional<PropertyList> XmlReader::string(const Tag& tag) {
     const auto content = text(tag);
     if (!content || !m_budget.takeText(content->size() * sizeof(char16_t)))
         return std::nullopt;
@@ -217,7 +217,7 @@ std::optional<PropertyList> Reader::string(const Tag& tag) {
 
 /// Calls readElement() wherever an element starts, up to the end of the array or dictionary.
 template<typename ReadElement>
-bool Reader::elements(const Tag& tag, ReadElement readElement) {
+bool XmlReader::elements(const Tag& tag, ReadElement readElement) {
     while (!tag.empty) {
         if (!skipBetweenElements())
             return false;
@@ -229,7 +229,7 @@ bool Reader::elements(const Tag& tag, ReadElement readElement) {
     return true;
 }
 
-std::optional<PropertyList> Reader::array(const Tag& tag, int depth) {
+std::optional<PropertyList> XmlReader::array(const Tag& tag, int depth) {
     const auto first = m_values.size();
     const bool whole = elements(tag, [&] {
         auto element = value(depth + 1);
@@ -240,7 +240,7 @@ std::optional<PropertyList> Reader::array(const Tag& tag, int depth) {
     return whole ? std::optional(PropertyList(takenFrom(m_values, first))) : std::nullopt;
 }
 
-std::optional<PropertyList> Reader::dictionary(const Tag& tag, int depth) {
+std::optional<PropertyList> XmlReader::dictionary(const Tag& tag, int depth) {
     const auto first = m_entries.size();
     const bool whole = elements(tag, [&] {
         auto entryKey = key();
@@ -255,7 +255,7 @@ std::optional<PropertyList> Reader::dictionary(const Tag& tag, int depth) {
         PropertyList::Dictionary(takenFrom(m_entries, first), PropertyList::Duplicates::keepLast));
 }
 
-std::optional<PropertyListKey> Reader::key() {
+std::optional<PropertyListKey> XmlReader::key() {
     const auto tag = startTag();
     const auto content = tag && tag->name == "key" ? text(*tag) : std::nullopt;
     if (!content || !m_budget.takeBytes(content->size() * sizeof(char16_t)))
@@ -276,7 +276,7 @@ std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes, MemoryBudg
     const auto utf8 = utf8FromXml(bytes, budget);
     if (!utf8)
         return std::nullopt;
-    return Reader({utf8->constData(), static_cast<std::size_t>(utf8->size())}, budget)
+    return XmlReader({utf8->constData(), static_cast<std::size_t>(utf8->size())}, budget)
         .propertyList();
 }
 
