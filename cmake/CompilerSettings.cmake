@@ -47,6 +47,8 @@ function(vexa_library name)
     file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${door}/${folder} SYMBOLIC)
     target_include_directories(vexa_${name} PUBLIC ${door})
     target_link_libraries(vexa_${name} PUBLIC vexa_settings ${arg_LINKS})
+    set_target_properties(vexa_${name} PROPERTIES
+        UNITY_BUILD ${VEXA_ROOMS_AT_ONCE} UNITY_BUILD_BATCH_SIZE 0)
     if(arg_LINKS MATCHES "Qt6::")
         set_target_properties(vexa_${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
     endif()
