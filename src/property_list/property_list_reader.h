@@ -9,10 +9,14 @@
 
 namespace vexa {
 
-/// Reads a property list of either form, XML or binary, told apart by their first bytes. Whatever
-/// is wrong with the bytes, the answer is no value. It takes time in proportion to the number of
-/// bytes and values, and holds the bounds of property_list_limits.h whatever the bytes say. What it
-/// allocates is paid for out of the budget; who makes more of it goes on with what is left.
+/// Reads a property list of either form, XML or binary, told apart by its first bytes. Returns
+/// nothing if anything is wrong with the bytes. The time is linear in bytes and values, and the
+/// bounds of property_list_limits.h always hold. Memory is charged to the budget; callers that make
+/// more of the value charge what is left of it.
+///
+/// Why our own: lists come from strangers. libplist 2.2 crashes at a million nested arrays and
+/// hangs on a million keys. XML parsers refuse control characters that lists may hold, and change
+/// carriage returns. The grammar is small, and one scanner that is bounded was also the fastest.
 std::optional<PropertyList> readPropertyList(QByteArrayView bytes, MemoryBudget& budget);
 
 inline std::optional<PropertyList> readPropertyList(QByteArrayView bytes) {
