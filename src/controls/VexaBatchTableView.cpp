@@ -49,7 +49,8 @@ VexaBatchTableView::VexaBatchTableView(QWidget* parent) : QTableView(parent) {
 }
 
 bool VexaBatchTableView::handleKey(const QString& characters) {
-    if (characters.size() != 1 || (characters[0] != backspace && characters[0] != deleteKey))
+    if (characters.size() != 1 ||
+        (characters[0] != key::backspace && characters[0] != key::forwardDelete))
         return false;
     return handleDelete();
 }
@@ -192,8 +193,8 @@ void VexaBatchTableView::keyPressEvent(QKeyEvent* event) {
     // By key: platforms differ in the text they give to the keys that edit.
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
     const bool consumed =
-        plain && ((event->key() == Qt::Key_Backspace && handleKey(QChar(backspace))) ||
-                  (event->key() == Qt::Key_Delete && handleKey(QChar(deleteKey))));
+        plain && ((event->key() == Qt::Key_Backspace && handleKey(QChar(key::backspace))) ||
+                  (event->key() == Qt::Key_Delete && handleKey(QChar(key::forwardDelete))));
     if (!consumed)
         QTableView::keyPressEvent(event);
 }

@@ -30,15 +30,15 @@ QString colonSeparated(const std::array<char16_t, 8>& digits) {
 QString charactersOf(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Backspace:
-        return QChar(backspace);
+        return QChar(key::backspace);
     case Qt::Key_Delete:
-        return QChar(deleteKey);
+        return QChar(key::forwardDelete);
     case Qt::Key_Enter:
-        return QChar(enter);
+        return QChar(key::enter);
     case Qt::Key_Return:
-        return QChar(carriageReturn);
+        return QChar(key::carriageReturn);
     case Qt::Key_Tab:
-        return QChar(tab);
+        return QChar(key::tab);
     default:
         return event.text();
     }
@@ -89,13 +89,13 @@ bool VexaTimecodeButton::handleKey(const QString& characters) {
         return false;
     const auto character = characters.front().unicode();
     switch (character) {
-    case backspace:
-    case deleteKey:
+    case key::backspace:
+    case key::forwardDelete:
         beginTyping();
         return handleDelete();
-    case enter:
-    case tab:
-    case carriageReturn:
+    case key::enter:
+    case key::tab:
+    case key::carriageReturn:
         return validateAndResign();
     default:
         if (character < u'0' || character > u'9')

@@ -1,12 +1,12 @@
 #pragma once
 
-namespace vexa {
+namespace vexa::key {
 
 /// The characters by which handleKey() is told which key was pressed.
 inline constexpr char16_t enter = 0x03;
 inline constexpr char16_t backspace = 0x08;
 inline constexpr char16_t tab = 0x09;
 inline constexpr char16_t carriageReturn = 0x0D;
-inline constexpr char16_t deleteKey = 0x7F;
+inline constexpr char16_t forwardDelete = 0x7F;
 
-} // namespace vexa
+} // namespace vexa::key

@@ -70,7 +70,8 @@ QRect TimecodeWell::cell(qsizetype position) const {
     const auto colonsBefore = position / 3;
     const auto digitsBefore = static_cast<qreal>(position - colonsBefore);
     const bool isColon = position % 3 == 2;
-    const qreal left = m_left + m_digitWidth * (digitsBefore + static_cast<qreal>(colonsBefore) * colonShare);
+    const qreal left =
+        m_left + m_digitWidth * (digitsBefore + static_cast<qreal>(colonsBefore) * colonShare);
     const qreal right = left + m_digitWidth * (isColon ? colonShare : 1.0);
     return {QPoint(qRound(left), m_rectangle.top()),
             QPoint(qRound(right) - 1, m_rectangle.bottom())};

@@ -34,8 +34,7 @@ std::string requestText(const MalformedFrame& malformed, const Report& report) {
 
 std::string meaning(const Report& report) {
     const auto frame = decodedFrame(report.message);
-    auto request =
-        std::visit([&](const auto& kind) { return requestText(kind, report); }, frame);
+    auto request = std::visit([&](const auto& kind) { return requestText(kind, report); }, frame);
     const auto& state = report.state;
     switch (report.reply) {
     case Reply::done:

@@ -151,7 +151,8 @@ std::optional<std::string_view> BinaryReader::number(std::uint8_t size, std::str
     return bytes;
 }
 
-std::optional<std::string_view> BinaryReader::elements(const Object& object, std::size_t elementSize) {
+std::optional<std::string_view> BinaryReader::elements(const Object& object,
+                                                       std::size_t elementSize) {
     std::uint64_t count = object.size;
     auto rest = object.rest;
     if (count == 0xF) {
@@ -298,7 +299,8 @@ std::optional<PropertyList> BinaryReader::dictionary(const Object& object, int d
 std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes, MemoryBudget& budget) {
     if (bytes.size() > property_list::maximumInput)
         return std::nullopt;
-    return BinaryReader({bytes.data(), static_cast<std::size_t>(bytes.size())}, budget).propertyList();
+    return BinaryReader({bytes.data(), static_cast<std::size_t>(bytes.size())}, budget)
+        .propertyList();
 }
 
 } // namespace vexa

@@ -199,8 +199,8 @@ struct Status : Manager {
 };
 
 TEST_F(Status, ToldOfADestinationIsItsNameAndWhatWasSentThereLast) {
-    const auto device = system.add({MidiObjectType::Device, "Timecode Box", {}, {}});
-    const auto entity = system.add({MidiObjectType::Entity, {}, {}, {}, device});
+    const auto device = system.add({MidiObjectType::device, "Timecode Box", {}, {}});
+    const auto entity = system.add({MidiObjectType::entity, {}, {}, {}, device});
     system.addDestination("MIDI 1", 11, entity);
     EXPECT_EQ(text(), "Timecode Box MIDI 1");
     shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::mtc);

@@ -17,7 +17,8 @@ std::string hardwareAlias(const jack_port_t* port) {
     std::string first(size, '\0');
     std::string second(size, '\0');
     char* const aliases[] = {first.data(), second.data()};
-    return jack_port_get_aliases(port, aliases) > 0 ? first.substr(0, first.find('\0')) : std::string{};
+    return jack_port_get_aliases(port, aliases) > 0 ? first.substr(0, first.find('\0'))
+                                                    : std::string{};
 }
 
 MidiPort described(const char* portName, const jack_port_t* jackPort, int session) {
