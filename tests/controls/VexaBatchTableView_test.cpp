@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
