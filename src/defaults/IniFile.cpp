@@ -49,6 +49,11 @@ private:
     std::string_view m_rest;
 };
 
+/// Keys are escaped, so control characters show that the line is none of an INI file.
+bool isKey(const QByteArray& text) {
+    return std::ranges::none_of(text, [](unsigned char c) { return c < ' '; });
+}
+
 /// The name "General" is not case-sensitive.
 QByteArray sectionNamed(const QByteArray& name) {
     return name.compare(general, Qt::CaseInsensitive) == 0 ? QByteArray(general) : name;
@@ -68,12 +73,13 @@ IniFile::IniFile(const QByteArray& text) {
         if (line.isEmpty())
             continue;
         const auto equals = line.indexOf('=');
+        const auto key = line.first(std::max<qsizetype>(equals, 0)).trimmed();
         if (line.startsWith('[')) {
             const auto end = line.indexOf(']');
             m_isBroken = m_isBroken || end < 0;
             section = sectionNamed(line.first(end < 0 ? line.size() : end).sliced(1).trimmed());
-        } else if (equals >= 0) {
-            keysToChange(section)[line.first(equals).trimmed()] = line.sliced(equals + 1).trimmed();
+        } else if (equals >= 0 && isKey(key)) {
+            keysToChange(section)[key] = line.sliced(equals + 1).trimmed();
         } else {
             m_isBroken = true;
         }

@@ -95,6 +95,16 @@ TEST_F(UserDefaults, AGarbageFileCountsAsEmptyAndIsKeptBesideTheNewOne) {
     EXPECT_EQ(contentOf(copyPath()), garbage);
 }
 
+TEST_F(UserDefaults, NothingOfAFileOfAllBytesStays) {
+    QByteArray garbage;
+    for (int i = 0; i < 4096; ++i)
+        garbage += static_cast<char>(i);
+    writeFile(garbage);
+    defaults::write({.delayInSeconds = 3});
+    EXPECT_EQ(contentOf(path()), "[General]\nvexadelay=3\n");
+    EXPECT_EQ(contentOf(copyPath()), garbage);
+}
+
 TEST_F(UserDefaults, WhatCanBeReadOfABrokenFileIsKept) {
     writeFile("[General]\nvexadelay=9\nbroken line\nunknown=yes\n[Other]\nx=1\n");
     EXPECT_EQ(defaults::read().delayInSeconds, 9);

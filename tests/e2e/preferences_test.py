@@ -133,7 +133,7 @@ class StoredSettings(DeviceTest):
         self.panel.close("Escape")
 
     def stored(self):
-        lines = self.settings.read_text().splitlines()
+        lines = self.settings.read_text(errors="replace").splitlines()
         return dict(line.split("=") for line in lines if "=" in line)
 
     def await_stored_delay(self, delay):
