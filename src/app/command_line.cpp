@@ -5,6 +5,7 @@
 #include "timecode/sync_type.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <string_view>
@@ -82,6 +83,14 @@ const QCommandLineOption typeOption{QStringLiteral("type"),
 const QCommandLineOption rowsOption{QStringLiteral("rows"),
                                     QStringLiteral("Rows of the list to stripe, such as 1,3-5."),
                                     QStringLiteral("rows")};
+const QCommandLineOption progressOption{
+    QStringLiteral("progress"),
+    QStringLiteral("How to tell of the progress: text or json, an object a line."),
+    QStringLiteral("form")};
+const QCommandLineOption logOption{
+    QStringLiteral("log"),
+    QStringLiteral("Append a line of comma-separated values to this file as each row ends."),
+    QStringLiteral("file")};
 const QCommandLineOption helpOption{{QStringLiteral("h"), QStringLiteral("help")},
                                     QStringLiteral("Show this help, and exit.")};
 const QCommandLineOption versionOption{QStringLiteral("version"),
@@ -97,7 +106,8 @@ void describeOptions(QCommandLineParser& parser) {
                                  QStringLiteral("Batch list to open, or with --stripe to stripe."),
                                  QStringLiteral("[file]"));
     parser.addOptions({midiOption, destinationOption, destinationsOption, stripeOption, startOption,
-                       stopOption, rateOption, typeOption, rowsOption, helpOption, versionOption});
+                       stopOption, rateOption, typeOption, rowsOption, progressOption, logOption,
+                       helpOption, versionOption});
 }
 
 QString nameOf(const QCommandLineOption& option) {
@@ -173,6 +183,19 @@ QString localPath(const QString& argument) {
     return path;
 }
 
+bool isJson(const QString& form) {
+    if (form == QLatin1String("json"))
+        return true;
+    if (form == QLatin1String("text"))
+        return false;
+    throw Refusal{QStringLiteral("--progress takes text or json, not \"%1\"").arg(form)};
+}
+
+bool areOneFile(const QString& a, const QString& b) {
+    const auto path = QFileInfo(a).canonicalFilePath();
+    return !path.isEmpty() && path == QFileInfo(b).canonicalFilePath();
+}
+
 void checkCombination(const QCommandLineParser& parser, const CommandLine& line) {
     const bool stripes = line.mode == CommandLine::Mode::stripe;
     if (stripes && line.file.isNull() && !line.start)
@@ -182,6 +205,11 @@ void checkCombination(const QCommandLineParser& parser, const CommandLine& line)
             throw Refusal{
                 QStringLiteral("%1 goes with --stripe%2")
                     .arg(nameOf(option), stripes ? QStringLiteral(" without a file") : QString())};
+    for (const auto& option : {progressOption, logOption})
+        if (parser.isSet(option) && !stripes)
+            throw Refusal{QStringLiteral("%1 goes with --stripe").arg(nameOf(option))};
+    if (areOneFile(line.log, line.file))
+        throw Refusal{QStringLiteral("--log would write to the batch list")};
     if (parser.isSet(rowsOption) && (!stripes || line.file.isNull()))
         throw Refusal{QStringLiteral("--rows goes with --stripe and a batch list")};
 }
@@ -208,6 +236,10 @@ CommandLine interpreted(const QCommandLineParser& parser) {
         line.type = codeNamed(typeOption, parser.value(typeOption), typeNames());
     if (parser.isSet(rowsOption))
         line.rows = rowsFrom(parser.value(rowsOption));
+    if (parser.isSet(progressOption))
+        line.progressAsJson = isJson(parser.value(progressOption));
+    if (parser.isSet(logOption))
+        line.log = parser.value(logOption);
     checkCombination(parser, line);
     if (line.start && line.stop && pack(*line.stop) <= pack(*line.start))
         throw Refusal{QStringLiteral("--stop must be after --start")};

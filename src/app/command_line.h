@@ -27,6 +27,8 @@ struct CommandLine {
     std::optional<std::uint64_t> type;
     QString file;    ///< a batch list to open or to stripe; null when none
     RowIndexes rows; ///< of the list, counted from 0; empty for all
+    bool progressAsJson = false;
+    QString log; ///< a file to append a line to for each row that ends; null when none
 };
 
 /// One line that says what is wrong with the arguments.

@@ -1,5 +1,6 @@
 #include "app/terminal_outlets.h"
 
+#include "midi/Vexa_MIDI_Manager.h"
 #include "timecode/timecode.h"
 
 #include <QSocketNotifier>
@@ -10,10 +11,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 namespace vexa {
 
 namespace {
+
+std::uint64_t secondOf(const RunReport& report) {
+    return unpack(static_cast<PackedTimecode>(report.time)).seconds;
+}
 
 /// Where a line can be written over; elsewhere every state of it is a line of its own.
 bool canOverwrite() {
@@ -22,28 +28,72 @@ bool canOverwrite() {
 }
 
 void writeLine(const std::string& text) {
-    // Erases to the end: the line before may have been longer.
-    std::printf(canOverwrite() ? "\r%s\033[K" : "%s\n", text.c_str());
+    // Erases to the end: the line before may have been longer. One that is too long is cut, as
+    // one that goes on below could not be written over.
+    std::printf(canOverwrite() ? "\r\033[?7l%s\033[K\033[?7h" : "%s\n", text.c_str());
     std::fflush(stdout);
 }
 
+/// A line that is written over, or a line a second where the output goes to a file.
+class TextProgress final : public ProgressOutput {
+public:
+    ~TextProgress() override { endLine(); }
+
+    bool wantsFrame(std::uint64_t second) const override {
+        return canOverwrite() || second != m_shownSecond;
+    }
+    void showFrame(const RunReport& report) override {
+        m_shownSecond = secondOf(report);
+        m_isLineOpen = true;
+        writeLine(progressText(report));
+    }
+    void showPhase(const RunReport& report) override {
+        if (report.phase != Phase::running)
+            return;
+        endLine();
+        showFrame(report);
+    }
+    void showPause(const RunReport&, std::int64_t seconds) override {
+        writeLine("next item in " + std::to_string(seconds) + " s");
+    }
+    void ask(const std::string& question) override { writeLine(question); }
+
+private:
+    void endLine() {
+        if (std::exchange(m_isLineOpen, false) && canOverwrite())
+            std::puts("");
+    }
+
+    bool m_isLineOpen = false;
+    std::uint64_t m_shownSecond = UINT64_MAX;
+};
+
+/// An object a line, at each change of the state and each second.
+class JsonProgress final : public ProgressOutput {
+public:
+    explicit JsonProgress(const Vexa_MIDI_Manager& midiManager) : m_midiManager(midiManager) {}
+
+    bool wantsFrame(std::uint64_t second) const override { return second != m_shownSecond; }
+    void showFrame(const RunReport& report) override { showPhase(report); }
+    void showPhase(const RunReport& report) override {
+        m_shownSecond = secondOf(report);
+        std::puts(progressJson(report, m_midiManager.status()).constData());
+        std::fflush(stdout);
+    }
+    void showPause(const RunReport& report, std::int64_t) override { showPhase(report); }
+    void ask(const std::string&) override {} // the state tells what is awaited
+
+private:
+    const Vexa_MIDI_Manager& m_midiManager;
+    std::uint64_t m_shownSecond = UINT64_MAX;
+};
+
 } // namespace
 
-void TerminalClock::setHeading(const std::string& heading) {
-    if (m_lineOpen && canOverwrite())
-        std::puts("");
-    m_lineOpen = false;
-    m_shownSecond = UINT64_MAX;
-    m_heading = heading;
-}
+std::unique_ptr<ProgressOutput> textProgress() { return std::make_unique<TextProgress>(); }
 
-void TerminalClock::setBcdValue(std::uint64_t value) {
-    const auto time = unpack(static_cast<PackedTimecode>(value));
-    if (m_heading.empty() || (!canOverwrite() && time.seconds == m_shownSecond))
-        return;
-    m_shownSecond = time.seconds;
-    m_lineOpen = true;
-    writeLine(m_heading + "  " + timecodeText(time));
+std::unique_ptr<ProgressOutput> jsonProgress(const Vexa_MIDI_Manager& midiManager) {
+    return std::make_unique<JsonProgress>(midiManager);
 }
 
 int TerminalAlerts::runModal(const Alert& alert) {
@@ -51,7 +101,7 @@ int TerminalAlerts::runModal(const Alert& alert) {
     tcflush(STDIN_FILENO, TCIFLUSH);
     auto question = alert.information;
     question.replace(alert.buttons.front(), QStringLiteral("Enter"));
-    writeLine(question.toStdString() + ": ");
+    m_output.ask(question.toStdString() + ": ");
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &m_loop, [this] {
         char typed = 0; // one at a time: the next line is for the next question
@@ -70,7 +120,7 @@ void Countdown::start(double seconds) {
         return;
     constexpr double longest = 1e9; // no pause lasts longer
     seconds = std::min(seconds, longest);
-    writeLine("next item in " + std::to_string(std::lround(std::ceil(seconds))) + " s");
+    m_show(std::lround(std::ceil(seconds)));
     m_timer = m_runLoop.scheduleTimer(RunLoop::Seconds(1), false,
                                       [this, seconds] { start(seconds - 1); });
 }

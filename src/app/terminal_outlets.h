@@ -1,38 +1,46 @@
 #pragma once
 
+#include "app/run_report.h"
 #include "engine/outlets.h"
 #include "stripe/RunLoop.h"
 
 #include <QEventLoop>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace vexa {
 
+class Vexa_MIDI_Manager;
+
 // What the controller sees of a terminal, and what else is shown there.
 
-/// The clock in the terminal: one line that is written over, or a line a second where the output
-/// goes to a file.
-class TerminalClock final : public TimecodeDisplay {
+/// Where a run tells how it gets on.
+class ProgressOutput {
 public:
-    /// What the lines from now on begin with; none are written while it is empty.
-    void setHeading(const std::string& heading);
+    virtual ~ProgressOutput() = default;
 
-    void setBcdValue(std::uint64_t value) override;
-    void setFrameRate(const FrameRate&) override {}
-    /// What the line last said stays: it is a time of the stripe that it speaks of.
-    void frameRateChanged() override {}
-
-private:
-    std::string m_heading;
-    bool m_lineOpen = false;
-    std::uint64_t m_shownSecond = UINT64_MAX;
+    /// Whether a frame of that second of the timecode is to be shown.
+    virtual bool wantsFrame(std::uint64_t second) const = 0;
+    virtual void showFrame(const RunReport& report) = 0;
+    virtual void showPhase(const RunReport& report) = 0;
+    /// At each second of a pause, with those that are left.
+    virtual void showPause(const RunReport& report, std::int64_t seconds) = 0;
+    /// Enter answers it.
+    virtual void ask(const std::string& question) = 0;
 };
 
-/// Asks on standard output and goes on at Enter, which stands for the first button.
+std::unique_ptr<ProgressOutput> textProgress();
+/// With what is known of the destination.
+std::unique_ptr<ProgressOutput> jsonProgress(const Vexa_MIDI_Manager& midiManager);
+
+/// Asks by the output and goes on at Enter, which stands for the first button.
 class TerminalAlerts final : public Alerts {
 public:
+    explicit TerminalAlerts(ProgressOutput& output) : m_output(output) {}
+
     /// Unanswered when the input ends or dismiss() is called meanwhile.
     int runModal(const Alert& alert) override;
     void dismiss() { m_loop.exit(alertUnanswered); }
@@ -40,6 +48,7 @@ public:
     bool wentUnanswered() const { return m_unanswered; }
 
 private:
+    ProgressOutput& m_output;
     bool m_unanswered = false;
     QEventLoop m_loop;
 };
@@ -48,12 +57,14 @@ private:
 class Countdown {
 public:
     /// The run loop must outlive this.
-    explicit Countdown(RunLoop& runLoop) : m_runLoop(runLoop) {}
+    Countdown(RunLoop& runLoop, std::function<void(std::int64_t seconds)> show)
+        : m_runLoop(runLoop), m_show(std::move(show)) {}
     void start(double seconds);
     void stop() { m_timer.reset(); }
 
 private:
     RunLoop& m_runLoop;
+    const std::function<void(std::int64_t)> m_show;
     std::unique_ptr<RunLoopTimer> m_timer;
 };
 

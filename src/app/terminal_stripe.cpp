@@ -1,5 +1,6 @@
 #include "app/terminal_stripe.h"
 
+#include "app/RunLog.h"
 #include "app/TimerfdRunLoop.h"
 #include "app/complaint.h"
 #include "app/midi_choice.h"
@@ -10,12 +11,12 @@
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/display_name.h"
 #include "text/printable.h"
-#include "timecode/sync_type.h"
 #include "timecode/timecode.h"
 
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <optional>
 
 namespace vexa {
 
@@ -24,26 +25,12 @@ namespace {
 constexpr int noDestination = 3;
 constexpr int interrupted = 130;
 
-std::string text(std::uint64_t packed) {
-    return timecodeText(unpack(static_cast<PackedTimecode>(packed)));
-}
-
-std::string codes(const Vexa_RemoteAppDelegate& controller) {
-    return std::string(frameRateForCode(controller.frameRate()).name) + ", " +
-           std::string(syncTypeName(controller.syncType()));
-}
-
 /// The controller with a terminal for its window.
 class TerminalStripe {
 public:
-    explicit TerminalStripe(Vexa_MIDI_Manager& midiManager) : m_midiManager(midiManager) {
+    TerminalStripe(Vexa_MIDI_Manager& midiManager, ProgressOutput& output)
+        : m_midiManager(midiManager), m_output(output) {
         m_controller.applicationDidFinishLaunching();
-        QObject::connect(&m_controller.run(), &StripeRun::itemTaken, &m_controller,
-                         [this] { showItem(m_controller.run().progress().item); });
-        QObject::connect(&m_controller.run(), &StripeRun::phaseChanged, &m_controller, [this] {
-            if (m_controller.run().progress().phase == Phase::betweenItems)
-                showPause();
-        });
     }
 
     void setUp(const CommandLine& line) {
@@ -51,6 +38,8 @@ public:
             setUpSingle(line);
         else
             setUpList(line);
+        if (!line.log.isNull())
+            m_log.emplace(line.log, m_controller.run(), m_controller.batchStripeData());
     }
 
     /// atItsEnd: the exit code of a run that is not interrupted.
@@ -73,10 +62,9 @@ public:
         // The list comes after all that was sent before it: by then the way to the generator is
         // open, and it starts when the clock does.
         m_midiManager.destinationList();
+        connectOutput();
         m_controller.handleStripeMenuItems(transport::playing);
-        const int result = QCoreApplication::exec();
-        m_clock.setHeading({});
-        return result;
+        return QCoreApplication::exec();
     }
 
 private:
@@ -89,8 +77,6 @@ private:
         m_controller.setStartTime(pack(*line.start), stop, {});
         if (line.stop)
             m_controller.setStopTimeSet(true, stop, {});
-        m_clock.setHeading(text(m_controller.startTime()) +
-                           (line.stop ? " to " + text(stop) : " on") + ", " + codes(m_controller));
     }
 
     void setUpList(const CommandLine& line) {
@@ -102,26 +88,33 @@ private:
         }
     }
 
-    void showItem(const BatchItemRef& item) {
-        m_countdown.stop();
-        const auto title = m_controller.batchStripeData().titleOfItem(item).toStdString();
-        m_clock.setHeading((title.empty() ? "(no title)" : printable(title)) + "  " +
-                           text(m_controller.currentTime()) + " to " +
-                           text(m_controller.currentStopTime()) + ", " + codes(m_controller));
-    }
-
-    void showPause() {
-        m_clock.setHeading({});
-        m_countdown.start(m_controller.delayInSeconds());
+    void connectOutput() {
+        const auto& run = m_controller.run();
+        QObject::connect(&run, &StripeRun::ticked, &m_controller, [this, &run] {
+            const auto time = unpack(static_cast<PackedTimecode>(run.currentTime()));
+            if (m_output.wantsFrame(time.seconds))
+                m_output.showFrame(reportOf(run, m_times));
+        });
+        QObject::connect(&run, &StripeRun::phaseChanged, &m_controller, [this, &run] {
+            m_countdown.stop();
+            m_output.showPhase(reportOf(run, m_times));
+            if (run.progress().phase == Phase::betweenItems)
+                m_countdown.start(m_controller.delayInSeconds());
+        });
     }
 
     Vexa_MIDI_Manager& m_midiManager;
     SilentOutlets m_outlets;
-    TerminalClock m_clock;
-    TerminalAlerts m_alerts;
+    ProgressOutput& m_output;
+    SilentEntry m_clock; // the output is told of frames by the run
+    TerminalAlerts m_alerts{m_output};
     TimerfdRunLoop m_runLoop;
-    Countdown m_countdown{m_runLoop};
     Vexa_RemoteAppDelegate m_controller{m_outlets.with(m_clock, m_alerts), m_runLoop};
+    std::optional<RunLog> m_log;
+    RunTimes m_times{m_controller.run()};
+    Countdown m_countdown{m_runLoop, [this](std::int64_t seconds) {
+                              m_output.showPause(reportOf(m_controller.run(), m_times), seconds);
+                          }};
 };
 
 } // namespace
@@ -131,10 +124,11 @@ int stripeInTerminal(const CommandLine& line, MidiSystem& system, Vexa_MIDI_Mana
     const bool isExpected = destination || (line.midi && !line.midi->hasDestinations);
     if (!isExpected)
         complain(QStringLiteral("there is no MIDI destination: nothing will be sent"));
-    else
+    else if (!line.progressAsJson)
         std::printf("Destination: %s\n",
                     destination ? printable(destinationName(system, destination)).c_str() : "none");
-    TerminalStripe stripe(midiManager);
+    const auto output = line.progressAsJson ? jsonProgress(midiManager) : textProgress();
+    TerminalStripe stripe(midiManager, *output);
     stripe.setUp(line);
     return stripe.run(isExpected ? 0 : noDestination);
 }

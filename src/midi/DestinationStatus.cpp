@@ -8,12 +8,6 @@ using Message = DestinationStatus::Message;
 using Presence = DestinationStatus::Presence;
 using namespace std::chrono_literals;
 
-std::string messageText(const DestinationStatus::Sent& sent) {
-    if (sent.message == Message::stop)
-        return "stop";
-    return (sent.message == Message::start ? "start " : "setup ") + timecodeText(unpack(sent.time));
-}
-
 std::string ageText(DestinationStatus::Clock::duration age) {
     const auto whole = [age](auto unit, const char* name) {
         return std::to_string(age / unit) + name + " ago";
@@ -24,6 +18,12 @@ std::string ageText(DestinationStatus::Clock::duration age) {
 }
 
 } // namespace
+
+std::string messageText(const DestinationStatus::Sent& sent) {
+    if (sent.message == Message::stop)
+        return "stop";
+    return (sent.message == Message::start ? "start " : "setup ") + timecodeText(unpack(sent.time));
+}
 
 std::string statusText(const DestinationStatus& status, DestinationStatus::Clock::time_point now) {
     switch (status.presence) {

@@ -35,6 +35,9 @@ struct DestinationStatus {
     bool operator==(const DestinationStatus&) const = default;
 };
 
+/// "start 01:00:00:00", "setup 01:00:00:00", "stop"
+std::string messageText(const DestinationStatus::Sent& sent);
+
 /// "Timecode Box MIDI 1 · start 01:00:00:00 · 2 s ago", "no destination", "Timecode Box MIDI 1 is
 /// not there"; nothing while nothing is known.
 std::string statusText(const DestinationStatus& status, DestinationStatus::Clock::time_point now);

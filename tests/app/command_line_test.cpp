@@ -66,6 +66,11 @@ TEST(CommandLine, ReadsAListAndItsRows) {
     const auto line = accepted({"--stripe", "a.vexaB", "--rows", "1,3-5,4"});
     EXPECT_EQ(line.mode, CommandLine::Mode::stripe);
     EXPECT_EQ(line.rows, (RowIndexes{0, 2, 3, 4}));
+    EXPECT_FALSE(line.progressAsJson);
+    EXPECT_TRUE(line.log.isNull());
+    const auto told = accepted({"--stripe", "a.vexaB", "--progress", "json", "--log", "a.csv"});
+    EXPECT_TRUE(told.progressAsJson);
+    EXPECT_EQ(told.log, QStringLiteral("a.csv"));
 }
 
 TEST(CommandLine, KnowsItsOtherModes) {
@@ -108,6 +113,11 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{{"--stripe", "a.vexaB", "--start", "01:00:00:00"},
               "--start goes with --stripe without a file"},
         Wrong{{"a.vexaB", "--rows", "1"}, "--rows goes with --stripe and a batch list"},
+        Wrong{{"a.vexaB", "--progress", "json"}, "--progress goes with --stripe"},
+        Wrong{{"a.vexaB", "--log", "a.csv"}, "--log goes with --stripe"},
+        Wrong{{"--stripe", "a.vexaB", "--progress", "xml"},
+              "--progress takes text or json, not \"xml\""},
+        Wrong{{"--stripe", "/", "--log", "/."}, "--log would write to the batch list"},
         Wrong{{"--stripe", "a.vexaB", "--rows", "0"}, "--rows: \"0\" are no rows such as 1,3-5"},
         Wrong{{"--stripe", "a.vexaB", "--rows", "3-1"},
               "--rows: \"3-1\" are no rows such as 1,3-5"},

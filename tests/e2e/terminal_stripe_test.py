@@ -28,22 +28,22 @@ class TerminalStripe(DeviceTest):
 
     def test_writes_a_line_a_second_where_no_terminal_is(self):
         done = program.run(*stripe("23:59:57:10", "23:59:59:00", "24 fps", "FSK"))
-        line = "23:59:57:10 to 23:59:59:00, 24 fps, FSK  "
-        times = ["23:59:57:10", "23:59:58:00", "23:59:59:00"]
+        line = " left  23:59:57:10 to 23:59:59:00, 24 fps, FSK"
+        times = ["23:59:57:10  0:02", "23:59:58:00  0:01", "23:59:59:00  0:00"]
         destination, *lines = done.stdout.splitlines()
         self.assertEqual(destination, "Destination: midi-monitor:input")
-        self.assertEqual(lines, [line + time for time in times])
+        self.assertEqual(lines, [time + line for time in times])
         self.expect_messages(STOP, *play(23, 59, 57, 10, 8), STOP, STOP)
 
     def test_skips_the_dropped_frames(self):
         done = program.run(*stripe("00:00:59:00", "00:01:01:02", "30 df", "MTC"))
-        times = [line.split()[-1] for line in done.stdout.splitlines()[1:]]
+        times = [line.split()[0] for line in done.stdout.splitlines()[1:]]
         self.assertEqual(times[:3], ["00:00:59:00", "00:01:00:02", "00:01:01:00"])
         self.expect_messages(STOP, *play(0, 0, 59, 0, 3), STOP, STOP)
 
     def test_the_last_time_is_one_of_the_stripes_own_rate(self):
         done = program.run(*stripe("00:00:00:20", "00:00:01:29", "30 fps", "MTC"))
-        times = [line.split()[-1] for line in done.stdout.splitlines()[1:]]
+        times = [line.split()[0] for line in done.stdout.splitlines()[1:]]
         self.assertEqual(times, ["00:00:00:20", "00:00:01:00"])
         self.expect_messages(STOP, *play(0, 0, 0, 20, 2), STOP, STOP)
 
@@ -85,7 +85,7 @@ class TerminalStripeWithoutMidi(ProgramTest):
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         lines = done.stdout.splitlines()
         self.assertEqual(lines[0], "Destination: none")
-        self.assertEqual(lines[-1].split()[-1], "01:00:00:00")
+        self.assertEqual(lines[-1].split()[0], "01:00:00:00")
 
     def test_says_that_nothing_is_sent_where_no_destination_is(self):
         os.environ["JACK_DEFAULT_SERVER"] = "vexa-none"
@@ -93,7 +93,7 @@ class TerminalStripeWithoutMidi(ProgramTest):
         self.assertEqual(done.returncode, 3)
         no_destination = "vexa-remote: there is no MIDI destination: nothing will be sent\n"
         self.assertEqual(done.stderr, no_destination)
-        self.assertEqual(done.stdout.splitlines()[-1].split()[-1], "01:00:00:00")
+        self.assertEqual(done.stdout.splitlines()[-1].split()[0], "01:00:00:00")
 
 
 if __name__ == "__main__":
