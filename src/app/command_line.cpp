@@ -91,23 +91,40 @@ const QCommandLineOption logOption{
     QStringLiteral("log"),
     QStringLiteral("Append a line of comma-separated values to this file as each row ends."),
     QStringLiteral("file")};
+const QCommandLineOption importOption{
+    QStringLiteral("import"),
+    QStringLiteral("Add the rows of a file to a list: CSV, TSV, or a CMX 3600 edit list."),
+    QStringLiteral("file")};
+const QCommandLineOption toOption{
+    QStringLiteral("to"), QStringLiteral("The list to import into; made where there is none."),
+    QStringLiteral("list")};
+const QCommandLineOption timesOption{
+    QStringLiteral("times"),
+    QStringLiteral("Times of an edit list to import: source (the reels') or record."),
+    QStringLiteral("times")};
+const QCommandLineOption checkOption{
+    QStringLiteral("check"), QStringLiteral("Check the list: overlaps, times, rates, lengths.")};
+const QCommandLineOption tapeOption{QStringLiteral("tape"),
+                                    QStringLiteral("Length of a tape in minutes, for --check."),
+                                    QStringLiteral("minutes")};
 const QCommandLineOption helpOption{{QStringLiteral("h"), QStringLiteral("help")},
                                     QStringLiteral("Show this help, and exit.")};
 const QCommandLineOption versionOption{QStringLiteral("version"),
                                        QStringLiteral("Show the version, and exit.")};
 
-const QList<QCommandLineOption> singleStripeOptions{startOption, stopOption, rateOption,
-                                                    typeOption};
+const QList<QCommandLineOption> timeOptions{startOption, stopOption};
+const QList<QCommandLineOption> codeOptions{rateOption, typeOption};
 
 void describeOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
         QStringLiteral("Remote control of a timecode generator over MIDI."));
     parser.addPositionalArgument(QStringLiteral("file"),
-                                 QStringLiteral("Batch list to open, or with --stripe to stripe."),
+                                 QStringLiteral("Batch list to open, to --stripe or to --check."),
                                  QStringLiteral("[file]"));
     parser.addOptions({midiOption, destinationOption, destinationsOption, stripeOption, startOption,
                        stopOption, rateOption, typeOption, rowsOption, progressOption, logOption,
-                       helpOption, versionOption});
+                       importOption, toOption, timesOption, checkOption, tapeOption, helpOption,
+                       versionOption});
 }
 
 QString nameOf(const QCommandLineOption& option) {
@@ -171,6 +188,10 @@ CommandLine::Mode modeOf(const QCommandLineParser& parser) {
         return CommandLine::Mode::version;
     if (parser.isSet(destinationsOption))
         return CommandLine::Mode::destinations;
+    if (parser.isSet(importOption))
+        return CommandLine::Mode::importRows;
+    if (parser.isSet(checkOption))
+        return CommandLine::Mode::checkList;
     return parser.isSet(stripeOption) ? CommandLine::Mode::stripe : CommandLine::Mode::window;
 }
 
@@ -196,12 +217,46 @@ bool areOneFile(const QString& a, const QString& b) {
     return !path.isEmpty() && path == QFileInfo(b).canonicalFilePath();
 }
 
+bool recordTimesNamed(const QString& name) {
+    if (name == QLatin1String("source") || name == QLatin1String("record"))
+        return name == QLatin1String("record");
+    throw Refusal{QStringLiteral("--times takes source or record, not \"%1\"").arg(name)};
+}
+
+std::uint64_t minutesFrom(const QString& text) {
+    bool isNumber = false;
+    const auto minutes = text.toUInt(&isNumber);
+    if (!isNumber)
+        throw Refusal{QStringLiteral("--tape takes a number of minutes, not \"%1\"").arg(text)};
+    return minutes;
+}
+
+/// Rows go from a file into a list, a check looks at one.
+void checkListModes(const QCommandLineParser& parser, const CommandLine& line) {
+    const bool imports = line.mode == CommandLine::Mode::importRows;
+    const bool checks = line.mode == CommandLine::Mode::checkList;
+    if ((imports || checks) && parser.isSet(stripeOption))
+        throw Refusal{QStringLiteral("--stripe goes with neither --import nor --check")};
+    if (imports != parser.isSet(toOption))
+        throw Refusal{QStringLiteral("--import and --to go together")};
+    if (imports && !parser.positionalArguments().isEmpty())
+        throw Refusal{QStringLiteral("--import takes one file, and --to one list")};
+    if (parser.isSet(timesOption) && !imports)
+        throw Refusal{QStringLiteral("--times goes with --import")};
+    if (parser.isSet(tapeOption) && !checks)
+        throw Refusal{QStringLiteral("--tape goes with --check")};
+    if (checks && line.file.isNull())
+        throw Refusal{QStringLiteral("--check needs a batch list")};
+}
+
 void checkCombination(const QCommandLineParser& parser, const CommandLine& line) {
     const bool stripes = line.mode == CommandLine::Mode::stripe;
     if (stripes && line.file.isNull() && !line.start)
         throw Refusal{QStringLiteral("--stripe needs a --start time, or a batch list")};
-    for (const auto& option : singleStripeOptions)
-        if (parser.isSet(option) && (!stripes || !line.file.isNull()))
+    const bool imports = line.mode == CommandLine::Mode::importRows;
+    const bool stripesOne = stripes && line.file.isNull();
+    for (const auto& option : imports ? timeOptions : timeOptions + codeOptions)
+        if (parser.isSet(option) && !stripesOne)
             throw Refusal{
                 QStringLiteral("%1 goes with --stripe%2")
                     .arg(nameOf(option), stripes ? QStringLiteral(" without a file") : QString())};
@@ -240,6 +295,15 @@ CommandLine interpreted(const QCommandLineParser& parser) {
         line.progressAsJson = isJson(parser.value(progressOption));
     if (parser.isSet(logOption))
         line.log = parser.value(logOption);
+    if (parser.isSet(importOption))
+        line.importFile = localPath(parser.value(importOption));
+    if (parser.isSet(toOption))
+        line.file = localPath(parser.value(toOption));
+    if (parser.isSet(timesOption))
+        line.recordTimes = recordTimesNamed(parser.value(timesOption));
+    if (parser.isSet(tapeOption))
+        line.tapeMinutes = minutesFrom(parser.value(tapeOption));
+    checkListModes(parser, line);
     checkCombination(parser, line);
     if (line.start && line.stop && pack(*line.stop) <= pack(*line.start))
         throw Refusal{QStringLiteral("--stop must be after --start")};

@@ -16,7 +16,7 @@ struct MidiChoice;
 
 /// What the operator asked for on the command line.
 struct CommandLine {
-    enum class Mode { window, stripe, destinations, help, version };
+    enum class Mode { window, stripe, destinations, importRows, checkList, help, version };
 
     Mode mode = Mode::window;
     const MidiChoice* midi = nullptr;   ///< one of midiChoices(); null: by itself
@@ -25,10 +25,13 @@ struct CommandLine {
     std::optional<Timecode> stop;
     std::optional<std::uint64_t> rate;
     std::optional<std::uint64_t> type;
-    QString file;    ///< a batch list to open or to stripe; null when none
+    QString file;    ///< a list to open, to stripe, to check or to add to; null when none
     RowIndexes rows; ///< of the list, counted from 0; empty for all
     bool progressAsJson = false;
-    QString log; ///< a file to append a line to for each row that ends; null when none
+    QString log;              ///< a file that gets a line for each row that ends; null when none
+    QString importFile;       ///< a file of rows to add to the list
+    bool recordTimes = false; ///< of an edit decision list: those of the programme
+    std::uint64_t tapeMinutes = 0; ///< 0: a tape of any length
 };
 
 /// One line that says what is wrong with the arguments.

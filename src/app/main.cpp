@@ -5,6 +5,7 @@
 #include "app/destination_choice.h"
 #include "app/midi_choice.h"
 #include "app/stripe_obstacle.h"
+#include "app/terminal_lists.h"
 #include "app/terminal_stripe.h"
 #include "app/termination_signals.h"
 #include "controls/AccessibleButton.h"
@@ -181,6 +182,10 @@ int main(int argc, char* argv[]) {
     case CommandLine::Mode::version:
         std::puts("vexa-remote " VEXA_VERSION);
         return 0;
+    case CommandLine::Mode::importRows:
+        return importInTerminal(line);
+    case CommandLine::Mode::checkList:
+        return checkInTerminal(line);
     default:
         return runInTerminal(line);
     }

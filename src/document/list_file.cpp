@@ -26,20 +26,22 @@ std::optional<PropertyList> readFile(const QString& path, MemoryBudget& budget) 
 
 } // namespace
 
-BatchItems readListFile(const QString& path) {
+std::optional<BatchItems> listInFile(const QString& path) {
     MemoryBudget budget;
     auto root = readFile(path, budget);
     auto* const dictionary = root ? root->as<PropertyList::Dictionary>() : nullptr;
     auto* const list = dictionary ? dictionary->find(listKey) : nullptr;
     auto* const elements = list ? list->as<PropertyList::Array>() : nullptr;
+    if (!elements || !budget.takeValues(elements->size() * valuesInAnItem))
+        return {};
     BatchItems items;
-    if (elements && budget.takeValues(elements->size() * valuesInAnItem)) {
-        items.reserve(elements->size());
-        for (auto& element : *elements)
-            items.push_back(itemFromElement(std::move(element)));
-    }
+    items.reserve(elements->size());
+    for (auto& element : *elements)
+        items.push_back(itemFromElement(std::move(element)));
     return items;
 }
+
+BatchItems readListFile(const QString& path) { return listInFile(path).value_or(BatchItems()); }
 
 bool writeListFile(const QString& path, const BatchItems& items) {
     PropertyList::Array elements;

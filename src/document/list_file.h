@@ -4,13 +4,18 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace vexa {
 
 /// A list file is a property list: a dictionary whose only key, "vexabatchlist", holds the array of
 /// items in row order. It is written as XML, and read as XML or binary.
 
-/// The items of the file, in its order. Empty if the file cannot be read, is no property list, has
-/// no such array, or exceeds the MemoryBudget.
+/// The items of the file, in its order. Nothing if the file cannot be read, is no property list,
+/// has no such array, or exceeds the MemoryBudget.
+std::optional<BatchItems> listInFile(const QString& path);
+
+/// The same, where no list is as good as an empty one.
 BatchItems readListFile(const QString& path);
 
 /// Replaces the file atomically. On failure, returns false and leaves it unchanged.

@@ -80,6 +80,26 @@ TEST(CommandLine, KnowsItsOtherModes) {
     EXPECT_EQ(accepted({"--destinations", "--midi", "alsa"}).mode, CommandLine::Mode::destinations);
 }
 
+TEST(CommandLine, ReadsAnImport) {
+    const auto line = accepted({"--import", "cues.csv", "--to", "file:///tmp/a.vexaB", "--rate",
+                                "25", "--type", "DTL", "--times", "record"});
+    EXPECT_EQ(line.mode, CommandLine::Mode::importRows);
+    EXPECT_EQ(line.importFile, QStringLiteral("cues.csv"));
+    EXPECT_EQ(line.file, QStringLiteral("/tmp/a.vexaB"));
+    EXPECT_EQ(line.rate, rate::fps25);
+    EXPECT_EQ(line.type, sync::dtl);
+    EXPECT_TRUE(line.recordTimes);
+    EXPECT_FALSE(accepted({"--import", "cues.csv", "--to", "a", "--times", "source"}).recordTimes);
+}
+
+TEST(CommandLine, ReadsACheck) {
+    const auto line = accepted({"--check", "a.vexaB", "--tape", "62"});
+    EXPECT_EQ(line.mode, CommandLine::Mode::checkList);
+    EXPECT_EQ(line.file, QStringLiteral("a.vexaB"));
+    EXPECT_EQ(line.tapeMinutes, 62u);
+    EXPECT_EQ(accepted({"--check", "a.vexaB"}).tapeMinutes, 0u);
+}
+
 struct Wrong {
     std::vector<const char*> arguments;
     const char* message;
@@ -104,6 +124,22 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{{"--midi"}, "Missing value after '--midi'."},
         Wrong{{"--midi", "oss"}, "--midi takes alsa, jack or none, not \"oss\""},
         Wrong{{"--stripe"}, "--stripe needs a --start time, or a batch list"},
+        Wrong{{"--import", "a.csv"}, "--import and --to go together"},
+        Wrong{{"--to", "a.vexaB"}, "--import and --to go together"},
+        Wrong{{"--import", "a.csv", "--to", "a.vexaB", "b.vexaB"},
+              "--import takes one file, and --to one list"},
+        Wrong{{"--import", "a.csv", "--to", "a.vexaB", "--times", "both"},
+              "--times takes source or record, not \"both\""},
+        Wrong{{"--import", "a.csv", "--to", "a.vexaB", "--start", "01:00:00:00"},
+              "--start goes with --stripe"},
+        Wrong{{"--stripe", "--check", "a.vexaB"},
+              "--stripe goes with neither --import nor --check"},
+        Wrong{{"--times", "source"}, "--times goes with --import"},
+        Wrong{{"--tape", "60"}, "--tape goes with --check"},
+        Wrong{{"--check", "a.vexaB", "--tape", "long"},
+              "--tape takes a number of minutes, not \"long\""},
+        Wrong{{"--check"}, "--check needs a batch list"},
+        Wrong{{"--check", "a.vexaB", "--rate", "25"}, "--rate goes with --stripe"},
         Wrong{{"a.vexaB", "b.vexaB"}, "one file at most, but there is also \"b.vexaB\""},
         Wrong{{""}, "\"\" is no file of this machine"},
         Wrong{{"--stripe", ""}, "\"\" is no file of this machine"},

@@ -79,6 +79,15 @@ TEST_F(ListFile, HoldsAnEmptyList) {
     EXPECT_THAT(readListFile(path()), IsEmpty());
 }
 
+TEST_F(ListFile, IsToldFromWhatIsNoList) {
+    EXPECT_EQ(listInFile(data(u"empty.vexaB"_s)), BatchItems());
+    EXPECT_EQ(listInFile(path()), std::nullopt);
+    readBytes("no list");
+    EXPECT_EQ(listInFile(path()), std::nullopt);
+    readBytes("<plist><dict/></plist>");
+    EXPECT_EQ(listInFile(path()), std::nullopt);
+}
+
 TEST_F(ListFile, IsReadInItsBinaryFormAndBesideOtherKeys) {
     EXPECT_THAT(readListFile(data(u"two_items_binary.vexaB"_s)),
                 ElementsAre(Pointee(opening), Pointee(second)));

@@ -56,7 +56,10 @@ class CommandLine(ProgramTest):
     def test_explains_every_option(self):
         done = program.run("--help")
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        options = "midi destination destinations stripe start stop rate type help version"
+        options = (
+            "midi destination destinations stripe start stop rate type import to times check tape "
+            "help version"
+        )
         for option in options.split():
             self.assertIn(f"--{option}", done.stdout)
 
