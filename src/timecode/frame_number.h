@@ -1,0 +1,18 @@
+#pragma once
+
+#include "timecode/timecode.h"
+
+#include <cstdint>
+
+namespace vexa {
+
+/// How many frames of the day come before this one; numbers that drop-frame leaves out do not
+/// count. For fields in range: of a dropped number it gives one of the two frames before it.
+std::uint64_t frameNumber(const Timecode& time, const FrameRate& rate);
+
+/// The reverse; numbers beyond the day go on in the next one.
+Timecode timeOfFrame(std::uint64_t number, const FrameRate& rate);
+
+std::uint64_t framesADay(const FrameRate& rate);
+
+} // namespace vexa
