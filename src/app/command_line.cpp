@@ -1,59 +1,22 @@
 #include "app/command_line.h"
 
 #include "app/midi_choice.h"
+#include "arguments/option_values.h"
 #include "document/file_uris.h"
-#include "timecode/sync_type.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <string_view>
 
 namespace vexa {
 
 namespace {
 
-struct Refusal {
-    QString message;
-};
-
-/// "alsa, jack or none"
-QString oneOf(QStringList names) {
-    const auto last = names.takeLast();
-    return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
-}
-
-QString fromUtf8(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 QStringList midiNames() {
     QStringList names;
     for (const auto& choice : midiChoices())
-        names += fromUtf8(choice.name);
-    return names;
-}
-
-/// By code, like the names of the sync types.
-QStringList rateNames() {
-    QStringList names;
-    for (const auto& rate : frameRates)
-        names += fromUtf8(rate.name);
-    return names;
-}
-
-QStringList typeNames() {
-    QStringList names;
-    for (std::uint64_t code = 0; code < sync::count; ++code)
-        names += fromUtf8(syncTypeName(code));
-    return names;
-}
-
-/// Names with blanks in them are quoted in a shell.
-QStringList quoted(QStringList names) {
-    for (auto& name : names)
-        name = QLatin1Char('"') + name + QLatin1Char('"');
+        names += QString::fromUtf8(choice.name.data(), static_cast<qsizetype>(choice.name.size()));
     return names;
 }
 
@@ -78,7 +41,7 @@ const QCommandLineOption rateOption{
     QStringLiteral("rate"), QStringLiteral("Frame rate: %1.").arg(oneOf(quoted(rateNames()))),
     QStringLiteral("rate")};
 const QCommandLineOption typeOption{QStringLiteral("type"),
-                                    QStringLiteral("Sync type: %1.").arg(oneOf(typeNames())),
+                                    QStringLiteral("Sync type: %1.").arg(oneOf(syncTypeNames())),
                                     QStringLiteral("type")};
 const QCommandLineOption rowsOption{QStringLiteral("rows"),
                                     QStringLiteral("Rows of the list to stripe, such as 1,3-5."),
@@ -131,54 +94,12 @@ QString nameOf(const QCommandLineOption& option) {
     return QStringLiteral("--") + option.names().constLast();
 }
 
-/// Codes are chosen by the names the operator reads; blanks and the case of letters are free, and
-/// so is a unit at the end.
-std::uint64_t codeNamed(const QCommandLineOption& option, const QString& name,
-                        const QStringList& names) {
-    const auto plain = [](QString known) {
-        known = known.remove(QLatin1Char(' ')).toLower();
-        return known.endsWith(QLatin1String("fps")) ? known.chopped(3) : known;
-    };
-    const auto found = std::ranges::find(names, plain(name), plain);
-    if (found != names.end())
-        return static_cast<std::uint64_t>(found - names.begin());
-    throw Refusal{
-        QStringLiteral("%1 takes %2, not \"%3\"").arg(nameOf(option), oneOf(names), name)};
-}
-
-Timecode timeFrom(const QCommandLineOption& option, const QString& text) {
-    const auto time = timecodeFromText(text.toStdString());
-    if (!time)
-        throw Refusal{QStringLiteral("%1: \"%2\" is no time of the form hh:mm:ss:ff")
-                          .arg(nameOf(option), text)};
-    return *time;
-}
-
 const MidiChoice* midiNamed(const QString& name) {
     const auto choices = midiChoices();
     const auto found = std::ranges::find(choices, name.toStdString(), &MidiChoice::name);
     if (found != choices.end())
         return &*found;
     throw Refusal{QStringLiteral("--midi takes %1, not \"%2\"").arg(oneOf(midiNames()), name)};
-}
-
-/// "1,3-5": numbers as the operator counts them, in any order.
-RowIndexes rowsFrom(const QString& text) {
-    // Far more rows than a list has; a typing slip must not fill the memory.
-    constexpr std::size_t mostRows = 1'000'000;
-    RowIndexes rows;
-    for (const auto& part : text.split(QLatin1Char(','))) {
-        bool isFirst = false;
-        bool isLast = false;
-        const auto first = part.section(QLatin1Char('-'), 0, 0).toUInt(&isFirst);
-        const auto last = part.section(QLatin1Char('-'), -1, -1).toUInt(&isLast);
-        if (!isFirst || !isLast || first < 1 || last < first || last > mostRows ||
-            part.count(QLatin1Char('-')) > 1)
-            throw Refusal{QStringLiteral("--rows: \"%1\" are no rows such as 1,3-5").arg(text)};
-        for (auto row = first; row <= last; ++row)
-            rows.insert(row - 1);
-    }
-    return rows;
 }
 
 CommandLine::Mode modeOf(const QCommandLineParser& parser) {
@@ -282,15 +203,15 @@ CommandLine interpreted(const QCommandLineParser& parser) {
     if (parser.isSet(destinationOption))
         line.destination = parser.value(destinationOption);
     if (parser.isSet(startOption))
-        line.start = timeFrom(startOption, parser.value(startOption));
+        line.start = timeFrom(nameOf(startOption), parser.value(startOption));
     if (parser.isSet(stopOption))
-        line.stop = timeFrom(stopOption, parser.value(stopOption));
+        line.stop = timeFrom(nameOf(stopOption), parser.value(stopOption));
     if (parser.isSet(rateOption))
-        line.rate = codeNamed(rateOption, parser.value(rateOption), rateNames());
+        line.rate = rateCodeFrom(nameOf(rateOption), parser.value(rateOption));
     if (parser.isSet(typeOption))
-        line.type = codeNamed(typeOption, parser.value(typeOption), typeNames());
+        line.type = syncTypeCodeFrom(nameOf(typeOption), parser.value(typeOption));
     if (parser.isSet(rowsOption))
-        line.rows = rowsFrom(parser.value(rowsOption));
+        line.rows = rowsFrom(nameOf(rowsOption), parser.value(rowsOption));
     if (parser.isSet(progressOption))
         line.progressAsJson = isJson(parser.value(progressOption));
     if (parser.isSet(logOption))
