@@ -1,18 +1,16 @@
 #include "files/atomic_file.h"
 
 #include "files/FileDescriptor.h"
+#include "files/Successor.h"
 #include "files/extended_attributes.h"
 
 #include <QFile>
-#include <QRandomGenerator>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
-#include <utility>
 
 namespace vexa {
 
@@ -29,40 +27,11 @@ fs::path targetOf(fs::path path) {
     return path;
 }
 
-/// A file that replaces another in the same folder, or is removed. Its name is not derived from the
-/// other's, which may already be as long as the system allows.
-class Successor {
-public:
-    Successor(int folder, mode_t mode)
-        : m_folder(folder),
-          m_name(".vexa-" + std::to_string(QRandomGenerator::system()->generate64())),
-          m_file(openat(folder, m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode)) {}
-    ~Successor() {
-        if (m_file >= 0 && !m_inPlace)
-            unlinkat(m_folder, m_name.c_str(), 0);
-    }
-    Successor(const Successor&) = delete;
-    Successor& operator=(const Successor&) = delete;
-
-    int file() const { return m_file; }
-
-    bool write(const QByteArray& bytes) {
-        QFile stream;
-        return m_file >= 0 && stream.open(m_file, QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-               stream.write(bytes) == bytes.size() && fsync(m_file) == 0;
-    }
-
-    bool takePlaceOf(const char* name) {
-        m_inPlace = renameat(m_folder, m_name.c_str(), m_folder, name) == 0;
-        return m_inPlace;
-    }
-
-private:
-    int m_folder;
-    std::string m_name;
-    FileDescriptor m_file;
-    bool m_inPlace = false;
-};
+bool writeTo(int file, const QByteArray& bytes) {
+    QFile stream;
+    return file >= 0 && stream.open(file, QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+           stream.write(bytes) == bytes.size() && fsync(file) == 0;
+}
 
 void keepAttributes(const struct stat& status, int before, int after) {
     // Only root may change the owner, but others may keep a group that they are members of.
@@ -92,7 +61,7 @@ bool replaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMod
             openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
         keepAttributes(status, old, successor.file());
     }
-    return successor.write(bytes) && successor.takePlaceOf(name.c_str());
+    return writeTo(successor.file(), bytes) && successor.takePlaceOf(name.c_str());
 }
 
 } // namespace vexa
