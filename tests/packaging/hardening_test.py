@@ -10,6 +10,7 @@ import subprocess
 import tempfile
 import unittest
 
+PROGRAMS = ("vexa-remote", "vexa-generator", "vexa-ltc")
 ALWAYS = {"-fstack-clash-protection"}
 if platform.machine() == "x86_64":
     ALWAYS.add("-fcf-protection")
@@ -42,10 +43,10 @@ def commands(build_type):
             *(f"-D{option}" for option in options),
             **dict.fromkeys(("CXXFLAGS", "CPPFLAGS", "LDFLAGS"), ""),
         )
-        lines = output("ninja", "-C", build, "-t", "commands", "vexa-remote", "vexa-generator")
+        lines = output("ninja", "-C", build, "-t", "commands", *PROGRAMS)
     words = [set(shlex.split(line)) for line in lines.splitlines()]
     compiling = [line for line in words if "-c" in line]
-    linking = [line for line in words if {"bin/vexa-remote", "bin/vexa-generator"} & line]
+    linking = [line for line in words if {f"bin/{program}" for program in PROGRAMS} & line]
     return compiling, linking
 
 

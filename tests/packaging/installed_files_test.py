@@ -10,6 +10,7 @@ import unittest
 
 ID = os.environ["ID"]
 TYPE = "application/x-vexa-batch-list"
+PROGRAMS = ("vexa-remote", "vexa-generator", "vexa-ltc")
 
 
 def run(*command):
@@ -70,7 +71,7 @@ class InstalledFiles(unittest.TestCase):
         self.assertIn("<svg", (icons / "scalable" / "apps" / f"{ID}.svg").read_text())
 
     def test_manual_pages(self):
-        for program in ("vexa-remote", "vexa-generator"):
+        for program in PROGRAMS:
             with self.subTest(program=program):
                 page = self.share / "man" / "man1" / f"{program}.1"
                 formatted = run("man", "--warnings", "-E", "UTF-8", "-l", page)

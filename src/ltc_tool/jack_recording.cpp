@@ -1,0 +1,123 @@
+#include "ltc_tool/jack_recording.h"
+
+#include "ltc_tool/interruption.h"
+#include "ltc_tool/output.h"
+#include "tape/tape_error.h"
+#include "tape/tape_reader.h"
+
+#include <jack/jack.h>
+#include <jack/ringbuffer.h>
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace vexa::ltc_tool {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// An input whose samples go from JACK's thread to ours. Neither waits for the other.
+class JackInput {
+public:
+    JackInput() {
+        jack_set_error_function([](const char*) {});
+        jack_set_info_function([](const char*) {});
+        m_client.reset(jack_client_open("vexa-ltc", JackNoStartServer, nullptr));
+        if (!m_client)
+            throw TapeError("no JACK server is running");
+        m_port = jack_port_register(m_client.get(), "LTC", JACK_DEFAULT_AUDIO_TYPE,
+                                    JackPortIsInput | JackPortIsTerminal, 0);
+        constexpr std::size_t seconds = 10;
+        m_samples.reset(jack_ringbuffer_create(seconds * sampleRate() * sizeof(float)));
+        jack_on_shutdown(m_client.get(), [](void* self) { of(self).m_isGone = true; }, this);
+        jack_set_process_callback(m_client.get(), process, this);
+        if (!m_port || !m_samples || jack_activate(m_client.get()) != 0)
+            throw TapeError("JACK does not take another input");
+    }
+
+    ~JackInput() { m_client.reset(); }
+    JackInput(const JackInput&) = delete;
+    JackInput& operator=(const JackInput&) = delete;
+
+    std::uint32_t sampleRate() const { return jack_get_sample_rate(m_client.get()); }
+    std::string name() const { return jack_port_name(m_port); }
+    bool isGone() const { return m_isGone; }
+    bool hasLost() const { return m_hasLost; }
+
+    void connect(const std::string& source) {
+        if (jack_connect(m_client.get(), source.c_str(), jack_port_name(m_port)) != 0)
+            throw TapeError("there is no sound output \"" + source + "\" on the JACK server");
+    }
+
+    /// What has arrived, as far as there is room.
+    std::span<const float> read(std::span<float> room) {
+        const auto bytes = jack_ringbuffer_read(
+            m_samples.get(), reinterpret_cast<char*>(room.data()), room.size_bytes());
+        return room.first(bytes / sizeof(float));
+    }
+
+private:
+    static JackInput& of(void* self) { return *static_cast<JackInput*>(self); }
+
+    static int process(jack_nframes_t samples, void* self) {
+        auto& input = of(self);
+        const auto* const from =
+            static_cast<const char*>(jack_port_get_buffer(input.m_port, samples));
+        const auto bytes = samples * sizeof(float);
+        if (jack_ringbuffer_write_space(input.m_samples.get()) < bytes)
+            input.m_hasLost = true;
+        else
+            jack_ringbuffer_write(input.m_samples.get(), from, bytes);
+        return 0;
+    }
+
+    struct Close {
+        void operator()(jack_client_t* client) const { jack_client_close(client); }
+        void operator()(jack_ringbuffer_t* buffer) const { jack_ringbuffer_free(buffer); }
+    };
+
+    std::atomic<bool> m_isGone = false;
+    std::atomic<bool> m_hasLost = false;
+    std::unique_ptr<jack_ringbuffer_t, Close> m_samples;
+    jack_port_t* m_port = nullptr;
+    std::unique_ptr<jack_client_t, Close> m_client;
+};
+
+} // namespace
+
+TapeContents listenToJack(const std::string& source) {
+    JackInput input;
+    if (!source.empty())
+        input.connect(source);
+    TapeContents contents;
+    contents.name = input.name();
+    contents.sampleRate = input.sampleRate();
+    ChannelReader reader(contents.sampleRate);
+    complain("listening at " + contents.name + "; interrupt to end");
+    std::array<float, 4096> room;
+    while (true) {
+        const auto block = input.read(room);
+        if (block.empty()) {
+            if (wasInterrupted() || input.isGone())
+                break;
+            std::this_thread::sleep_for(20ms);
+            continue;
+        }
+        reader.read(block, 1);
+        contents.length += block.size();
+        showProgress(reader.lastTime() ? timecodeText(*reader.lastTime()) : "no timecode yet");
+    }
+    showProgress({});
+    reader.finish();
+    contents.stretches = reader.stretches();
+    contents.stretchesBeyond = reader.stretchesBeyond();
+    if (input.hasLost())
+        contents.readError = "sound came faster than it could be read";
+    return contents;
+}
+
+} // namespace vexa::ltc_tool

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "tape/tape_file.h"
+#include "tape/wave_file.h"
+
+#include <filesystem>
+#include <functional>
+
+namespace vexa {
+
+struct RenderOptions {
+    static constexpr double lowestLevel = -60;
+
+    WaveFormat format;
+    double level = -18; ///< of the peaks, in dBFS: lowestLevel to 0
+    double pause = 0;   ///< seconds between rows of a file, 0.05 at least
+    Existing existing = Existing::Keep;
+};
+
+/// Told now and then which part of a file is done, from 0 to 1. What it throws breaks the file off,
+/// and leaves nothing of it.
+using RenderProgress = std::function<void(double)>;
+
+/// Renders a file into a folder. Its first sample is the first transition of the first word; after
+/// the last word comes one more transition, and a bit later silence. A pause is counted from the
+/// end of a row's last word to the next row's first. Throws TapeError.
+void render(const TapeFile& file, const std::filesystem::path& folder, const RenderOptions& options,
+            const RenderProgress& progress);
+
+} // namespace vexa

@@ -1,0 +1,87 @@
+#include "tape/word_reader.h"
+
+#include <ltc.h>
+
+#include <algorithm>
+#include <array>
+#include <new>
+
+namespace vexa {
+
+namespace {
+
+/// What the decoder begins with; it follows the signal from there.
+constexpr std::uint32_t framesASecond = 25;
+
+/// More words than the samples of one call can make.
+constexpr int queueSize = 64;
+constexpr std::size_t mostSamples = 4096;
+
+LtcUserBits userBits(const LTCFrame& frame) {
+    const std::array<unsigned, 8> groups{frame.user1, frame.user2, frame.user3, frame.user4,
+                                         frame.user5, frame.user6, frame.user7, frame.user8};
+    LtcUserBits bits = 0;
+    for (std::size_t i = 0; i < groups.size(); ++i)
+        bits |= groups[i] << 4 * i;
+    return bits;
+}
+
+TapeWord tapeWord(LTCFrameExt& frame, float peak) {
+    SMPTETimecode time;
+    ltc_frame_to_time(&time, &frame.ltc, 0);
+    return {{time.hours, time.mins, time.secs, time.frame},
+            frame.ltc.dfbit != 0,
+            userBits(frame.ltc),
+            static_cast<double>(frame.off_start),
+            static_cast<double>(frame.off_end + 1),
+            peak};
+}
+
+/// Noise makes words, too; most of them tell a time that there is not.
+bool isTime(const TapeWord& word, const LTCFrame& frame) {
+    const bool areDigits = frame.frame_units < 10 && frame.secs_units < 10 &&
+                           frame.mins_units < 10 && frame.hours_units < 10;
+    return areDigits && word.time.hours < 24 && word.time.minutes < 60 && word.time.seconds < 60 &&
+           word.time.frames < 30;
+}
+
+} // namespace
+
+WordReader::WordReader(std::uint32_t sampleRate)
+    : m_shaper(sampleRate),
+      m_decoder(ltc_decoder_create(static_cast<int>(sampleRate / framesASecond), queueSize),
+                ltc_decoder_free),
+      m_position(-static_cast<long long>(m_shaper.lag())) {
+    if (!m_decoder)
+        throw std::bad_alloc();
+}
+
+void WordReader::read(std::span<const float> samples, std::size_t stride,
+                      const std::function<void(const TapeWord&)>& onWord) {
+    while (!samples.empty()) {
+        const auto part = samples.first(std::min(samples.size(), mostSamples * stride));
+        const auto shaped = m_shaper.shape(part, stride);
+        // The decoder takes them as constants in all but name.
+        ltc_decoder_write(m_decoder.get(), const_cast<ltcsnd_sample_t*>(shaped.data()),
+                          shaped.size(), m_position);
+        m_position += static_cast<long long>(shaped.size());
+        decode(onWord);
+        samples = samples.subspan(part.size());
+    }
+}
+
+void WordReader::finish(const std::function<void(const TapeWord&)>& onWord) {
+    const std::vector<float> silence(2 * m_shaper.lag(), m_shaper.mean());
+    read(silence, 1, onWord);
+}
+
+void WordReader::decode(const std::function<void(const TapeWord&)>& onWord) {
+    LTCFrameExt frame;
+    while (ltc_decoder_read(m_decoder.get(), &frame) > 0) {
+        const auto word = tapeWord(frame, m_shaper.peak());
+        if (!frame.reverse && isTime(word, frame.ltc))
+            onWord(word);
+    }
+}
+
+} // namespace vexa

@@ -1,0 +1,189 @@
+#include "ltc/ltc_signal.h"
+#include "tape/TapeFolder.h"
+#include "tape/tape_error.h"
+#include "tape/tape_reader.h"
+#include "timecode/frame_number.h"
+
+#include <sndfile.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <random>
+
+using namespace vexa;
+using namespace vexa::test;
+
+namespace {
+
+constexpr std::uint32_t sampleRate = 48000;
+
+std::vector<float> timecode(const Timecode& first, std::size_t words, std::uint64_t code,
+                            double level = -18, std::uint32_t clock = sampleRate) {
+    const auto& rate = frameRateForCode(code);
+    LtcSignal signal(clock, level);
+    signal.start({first, rate, words});
+    std::vector<float> samples((words + 1) * clock * rate.seconds / rate.frames + 200);
+    signal.render(samples);
+    return samples;
+}
+
+std::vector<Stretch> stretchesIn(std::span<const float> samples, std::uint32_t clock = sampleRate) {
+    ChannelReader reader(clock);
+    for (std::size_t done = 0; done < samples.size(); done += 1000)
+        reader.read(samples.subspan(done, std::min<std::size_t>(1000, samples.size() - done)), 1);
+    reader.finish();
+    return reader.stretches();
+}
+
+/// Expects the one stretch that timecode({1, 0, 0, 0}, 100, fps25) makes.
+void expectWhole(std::span<const float> samples, const char* what) {
+    const auto found = stretchesIn(samples);
+    ASSERT_EQ(found.size(), 1U) << what;
+    EXPECT_EQ(found[0].first, (Timecode{1, 0, 0, 0})) << what;
+    EXPECT_EQ(found[0].last, (Timecode{1, 0, 3, 24})) << what;
+    EXPECT_EQ(found[0].unread, 0U) << what;
+    EXPECT_EQ(found[0].rate->code, rate::fps25) << what;
+    EXPECT_NEAR(found[0].speed, 0, 1e-5) << what;
+}
+
+template<typename Change>
+std::vector<float> changed(Change change) {
+    auto samples = timecode({1, 0, 0, 0}, 100, rate::fps25);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = static_cast<float>(change(samples[i], static_cast<double>(i)));
+    return samples;
+}
+
+TEST(ChannelReader, ReadsEveryRateAtEveryClock) {
+    for (const std::uint32_t clock : {16000U, 22050U, 44100U, 48000U, 96000U, 192000U})
+        for (const auto& rate : frameRates) {
+            const Timecode first{0, 0, 58, 5};
+            const auto found = stretchesIn(timecode(first, 100, rate.code, -18, clock), clock);
+            ASSERT_EQ(found.size(), 1U) << clock << ' ' << rate.name;
+            EXPECT_EQ(found[0].first, first) << clock << ' ' << rate.name;
+            EXPECT_EQ(found[0].last, timeOfFrame(frameNumber(first, rate) + 99, rate));
+            EXPECT_EQ(found[0].rate->code, rate.code);
+            EXPECT_NEAR(found[0].speed, 0, 1e-4);
+        }
+}
+
+TEST(ChannelReader, ReadsWhatTapesDoToTimecode) {
+    expectWhole(changed([](float x, double) { return x; }), "as it is");
+    expectWhole(changed([](float x, double) { return -x; }), "inverted");
+    expectWhole(changed([](float x, double) { return x * 0.0794; }), "at -40 dBFS");
+    expectWhole(changed([](float x, double) { return x + 0.3; }), "with direct current");
+    expectWhole(changed([](float x, double t) { return x + 0.06 * std::sin(t * 0.00654); }),
+                "with hum of 50 Hz, 6 dB below");
+    expectWhole(changed([](float x, double) { return std::clamp(x * 20, -1.F, 1.F); }),
+                "overdriven");
+    std::mt19937 random(1);
+    std::normal_distribution noise(0.0, 0.0125);
+    expectWhole(changed([&](float x, double) { return x + noise(random); }),
+                "with white noise, 20 dB below");
+}
+
+TEST(ChannelReader, ReadsTapesThatRunFastOrSlow) {
+    // What is played 10 % faster has its samples closer together.
+    for (const std::uint32_t clock : {43636U, 53333U}) {
+        const auto found = stretchesIn(timecode({1, 0, 0, 0}, 100, rate::fps25, -18, clock));
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_EQ(found[0].frames, 100U);
+        EXPECT_NEAR(found[0].speed, 48000.0 / clock - 1, 1e-4);
+    }
+}
+
+TEST(ChannelReader, BeginsInMidWord) {
+    const auto samples = timecode({1, 0, 0, 0}, 100, rate::fps25);
+    for (const std::size_t cut : {300U, 1000U, 1900U}) {
+        const auto found = stretchesIn(std::span(samples).subspan(cut));
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_EQ(found[0].first, (Timecode{1, 0, 0, 1}));
+    }
+}
+
+TEST(ChannelReader, NamesTheFramesThatADropOutTakes) {
+    auto samples = timecode({1, 0, 0, 0}, 100, rate::fps25);
+    std::fill_n(samples.begin() + 24 + 50 * 1920 + 700, 240, 0.F); // 5 ms of frame 50
+    const auto found = stretchesIn(samples);
+    ASSERT_EQ(found.size(), 1U);
+    ASSERT_EQ(found[0].holes.size(), 1U);
+    EXPECT_EQ(found[0].holes[0].firstFrame, 50U);
+    EXPECT_EQ(found[0].holes[0].frames, 1U);
+    EXPECT_NEAR(found[0].holes[0].begin, 24 + 50 * 1920, 5);
+}
+
+TEST(ChannelReader, TellsTheLevel) {
+    for (const double level : {0.0, -18.0, -40.0}) {
+        const auto found = stretchesIn(timecode({1, 0, 0, 0}, 100, rate::fps25, level));
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_NEAR(20 * std::log10(found[0].peak), level, 0.1);
+    }
+}
+
+TEST(ChannelReader, FindsNothingInSilenceAndNoise) {
+    EXPECT_TRUE(stretchesIn(std::vector<float>(10 * sampleRate)).empty());
+    std::mt19937 random(1);
+    std::normal_distribution<float> noise(0, 0.1F);
+    std::vector<float> samples(60 * sampleRate);
+    std::ranges::generate(samples, [&] { return noise(random); });
+    EXPECT_TRUE(stretchesIn(samples).empty());
+}
+
+TEST(ChannelReader, BearsSamplesThatAreNoNumbers) {
+    auto samples = timecode({1, 0, 0, 0}, 100, rate::fps25);
+    samples[100] = std::numeric_limits<float>::quiet_NaN();
+    samples[101] = std::numeric_limits<float>::infinity();
+    samples[102] = -std::numeric_limits<float>::max();
+    const auto found = stretchesIn(samples);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].last, (Timecode{1, 0, 3, 24}));
+}
+
+TEST(ChannelReader, DoesNotDependOnTheSizeOfBlocks) {
+    const auto samples = timecode({1, 0, 0, 0}, 100, rate::fps25);
+    ChannelReader reader(sampleRate);
+    for (const float& sample : samples)
+        reader.read({&sample, 1}, 1);
+    reader.finish();
+    ASSERT_EQ(reader.stretches().size(), 1U);
+    EXPECT_EQ(reader.framesRead(), 100U);
+    EXPECT_EQ(reader.stretches()[0].begin, stretchesIn(samples)[0].begin);
+}
+
+class ContentsOf : public TapeFolder {
+protected:
+    /// Timecode on the right of two channels, a tone on the left.
+    void writeStereo() const {
+        const auto right = timecode({1, 0, 0, 0}, 100, rate::fps25);
+        SF_INFO info{0, sampleRate, 2, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 0, 0};
+        SNDFILE* const sound = sf_open(path("a.flac").c_str(), SFM_WRITE, &info);
+        ASSERT_TRUE(sound);
+        for (std::size_t i = 0; i < right.size(); ++i) {
+            const std::array frame{static_cast<float>(std::sin(static_cast<double>(i) * 0.3)),
+                                   right[i]};
+            sf_writef_float(sound, frame.data(), 1);
+        }
+        sf_close(sound);
+    }
+};
+
+TEST_F(ContentsOf, TakesTheChannelThatHasTimecode) {
+    writeStereo();
+    const auto tape = contentsOf("a.flac");
+    EXPECT_EQ(tape.channels, 2U);
+    EXPECT_EQ(tape.channel, 1U);
+    ASSERT_EQ(tape.stretches.size(), 1U);
+    EXPECT_EQ(tape.stretches[0].frames, 100U);
+}
+
+TEST_F(ContentsOf, TakesTheChannelThatItIsTold) {
+    writeStereo();
+    Recording left(path("a.flac"));
+    EXPECT_TRUE(vexa::contentsOf(left, 0, [](double) {}).stretches.empty());
+    Recording none(path("a.flac"));
+    EXPECT_THROW(vexa::contentsOf(none, 2, [](double) {}), TapeError);
+}
+
+} // namespace
