@@ -2,6 +2,7 @@
 #include "check/list_check.h"
 #include "interchange/delimited_rows.h"
 #include "interchange/read_rows.h"
+#include "timecode/timecode.h"
 
 #include <benchmark/benchmark.h>
 

@@ -61,7 +61,7 @@ std::filesystem::path pathOf(const QString& name) { return QFile::encodeName(nam
 double preferredPause() {
     constexpr double standard = 5;
     constexpr double longest = 3600;
-    return std::clamp(defaults::number(defaults::delayKey).value_or(standard), 0.0, longest);
+    return std::clamp(defaults::read().delayInSeconds.value_or(standard), 0.0, longest);
 }
 
 /// The rows that have timecode; the others are named.

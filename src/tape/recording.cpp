@@ -1,6 +1,6 @@
 #include "tape/recording.h"
 
-#include "document/FileDescriptor.h"
+#include "files/FileDescriptor.h"
 #include "tape/tape_error.h"
 
 #include <fcntl.h>

@@ -1,6 +1,6 @@
 #include "tape/wave_file.h"
 
-#include "document/Successor.h"
+#include "files/Successor.h"
 #include "tape/tape_error.h"
 #include "text/utf8_prefix.h"
 
