@@ -13,6 +13,7 @@
 #include "defaults/BackgroundWrites.h"
 #include "desktop/ApplicationService.h"
 #include "desktop/DesktopRequests.h"
+#include "desktop/StayAwake.h"
 #include "desktop/application_id.h"
 #include "desktop/hand_over.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
@@ -120,6 +121,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     controller.applicationDidFinishLaunching();
     window.connectTo(controller, manager);
     const DesktopRequests desktop(window, controller, service);
+    const StayAwake awake(controller.run());
     // Whoever sends a signal answers no question about an unsaved list, as quit() would ask.
     const TerminationSignals signals([] { QCoreApplication::exit(); });
     if (!line.file.isNull())

@@ -7,6 +7,7 @@
 #include "app/silent_outlets.h"
 #include "app/terminal_outlets.h"
 #include "app/termination_signals.h"
+#include "desktop/StayAwake.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/display_name.h"
@@ -110,6 +111,7 @@ private:
     TerminalAlerts m_alerts{m_output};
     TimerfdRunLoop m_runLoop;
     Vexa_RemoteAppDelegate m_controller{m_outlets.with(m_clock, m_alerts), m_runLoop};
+    StayAwake m_awake{m_controller.run()};
     std::optional<RunLog> m_log;
     RunTimes m_times{m_controller.run()};
     Countdown m_countdown{m_runLoop, [this](std::int64_t seconds) {

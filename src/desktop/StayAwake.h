@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desktop/Inhibition.h"
+
+#include <QObject>
+#include <QThread>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vexa {
+
+class StripeRun;
+
+/// Keeps the machine awake, and its screen unlocked, while a run plays or is between two items. It
+/// asks one service after the other until one promises; nothing waits for them, and where there is
+/// none, or no bus, the machine does as it always does. Main thread only.
+class StayAwake : public QObject {
+public:
+    /// Joining a bus may take its time: that is done on another thread, at the first run.
+    struct Buses {
+        std::function<QDBusConnection()> session = [] { return QDBusConnection::sessionBus(); };
+        std::function<QDBusConnection()> system = [] { return QDBusConnection::systemBus(); };
+    };
+    /// The run must outlive this.
+    explicit StayAwake(const StripeRun& run) : StayAwake(run, Buses{}) {}
+    StayAwake(const StripeRun& run, Buses buses);
+    ~StayAwake() override;
+
+private:
+    void setWanted(bool isWanted);
+    void joinBuses();
+    void proceed();
+    void ask(std::size_t service);
+
+    using Services = std::vector<std::unique_ptr<Inhibition>>;
+
+    const Buses m_buses;
+    std::unique_ptr<QThread> m_joining;
+    Services m_services;             ///< empty until the buses are joined
+    Inhibition* m_promise = nullptr; ///< that of this service is held
+    bool m_isWanted = false;
+    bool m_isAsking = false;
+};
+
+} // namespace vexa

@@ -1,0 +1,128 @@
+"""While it stripes, the machine neither sleeps nor locks its screen: each service that can see to it
+is one of python-dbusmock, on buses of the test's own."""
+
+import os
+import signal
+import unittest
+
+import dbus
+import dbusmock
+
+from support import program
+from support.cases import ProgramTest
+from support.waiting import eventually
+
+MOCK = "org.freedesktop.DBus.Mock"
+SCREEN_SAVER = "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver"
+PORTAL = "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop"
+REQUEST = "/org/freedesktop/portal/desktop/request/of_ours"
+STRIPE = ["--midi", "none", "--stripe", "--start", "01:00:00:00"]
+REASON = "Timecode is being striped"
+
+
+class Awake(dbusmock.DBusTestCase, ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.start_session_bus()
+        self.start_system_bus()
+        self.addCleanup(self.tearDownClass)
+        self.addCleanup(self.setUpClass)
+        self.session = self.get_dbus()
+        self.system = self.get_dbus(system_bus=True)
+
+    def mock(self, name, path, methods, interface=None):
+        """A service whose methods are those: the object."""
+        bus = self.spawn_server(name, path, interface or name)
+        self.addCleanup(bus.wait)
+        self.addCleanup(bus.terminate)
+        mock = dbus.Interface(self.session.get_object(name, path), MOCK)
+        for method, takes, gives, code in methods:
+            mock.AddMethod(interface or name, method, takes, gives, code)
+        return mock
+
+    def screen_saver(self, inhibit="ret = 7"):
+        methods = [("Inhibit", "ss", "u", inhibit), ("UnInhibit", "u", "", "")]
+        return self.mock(*SCREEN_SAVER, methods)
+
+    def portal(self, inhibit=f"ret = dbus.ObjectPath('{REQUEST}')"):
+        interface = "org.freedesktop.portal.Inhibit"
+        mock = self.mock(*PORTAL, [("Inhibit", "sua{sv}", "o", inhibit)], interface)
+        request = "org.freedesktop.portal.Request"
+        mock.AddObject(REQUEST, request, {}, [("Close", "", "", "")])
+        return mock
+
+    def logind(self):
+        bus, manager = self.spawn_server_template("logind", {}, system_bus=True)
+        self.addCleanup(bus.wait)
+        self.addCleanup(bus.terminate)
+        return lambda: manager.ListInhibitors(dbus_interface="org.freedesktop.login1.Manager")
+
+    def start(self):
+        running = program.start(*STRIPE)
+        self.addCleanup(running.stop)
+        return running
+
+    def calls(self, mock, count):
+        """The methods called, once there are so many, without those that the mock is asked."""
+        eventually(f"{count} calls", lambda: len(mock.GetCalls()) >= count)
+        return [(str(method), *map(str, arguments[:2])) for _, method, arguments in mock.GetCalls()]
+
+    def callers(self):
+        return {name for name in self.session.list_names() if name.startswith(":")}
+
+    def test_the_portal_is_asked_first_and_told_when_it_is_over(self):
+        portal, screen_saver, inhibitors = self.portal(), self.screen_saver(), self.logind()
+        running = self.start()
+        self.assertEqual(self.calls(portal, 1), [("Inhibit", "", "12")])
+        ((_, _, (_, _, options)),) = portal.GetCalls()
+        self.assertEqual(options["reason"], REASON)
+        request = dbus.Interface(self.session.get_object(PORTAL[0], REQUEST), MOCK)
+        running.stop()
+        self.assertEqual(self.calls(request, 1), [("Close",)])
+        self.assertEqual((len(screen_saver.GetCalls()), len(inhibitors())), (0, 0))
+
+    def test_the_screen_saver_is_asked_where_no_portal_is_or_it_refuses(self):
+        screen_saver = self.screen_saver()
+        for refusing in False, True:
+            with self.subTest(refusing=refusing):
+                if refusing:
+                    self.portal("raise dbus.exceptions.DBusException('no')")
+                screen_saver.ClearCalls()
+                running = self.start()
+                promised = ("Inhibit", "Vexa Remote", REASON)
+                self.assertEqual(self.calls(screen_saver, 1), [promised])
+                running.stop()
+                self.assertEqual(self.calls(screen_saver, 2), [promised, ("UnInhibit", "7")])
+
+    def test_logind_is_asked_where_there_is_no_desktop(self):
+        inhibitors = self.logind()
+        for number in signal.SIGTERM, signal.SIGKILL:
+            with self.subTest(number.name):
+                running = self.start()
+                (promise,) = eventually("it is asked", inhibitors)
+                asked = [str(field) for field in promise[:4]]
+                self.assertEqual(asked, ["idle:sleep", "Vexa Remote", REASON, "block"])
+                running.stop(number)
+                eventually("it is given back", lambda: not inhibitors())
+
+    def test_a_program_that_is_killed_is_off_the_bus_by_which_services_take_back(self):
+        screen_saver = self.screen_saver()
+        before = self.callers()
+        running = self.start()
+        self.calls(screen_saver, 1)
+        self.assertEqual(len(self.callers() - before), 1)
+        running.kill()
+        eventually("it has left", lambda: self.callers() == before)
+
+    def test_no_service_and_no_bus_hold_a_stripe_up(self):
+        stripe = [*STRIPE, "--stop", "01:00:00:05"]
+        self.portal("import time; time.sleep(60)")
+        self.screen_saver("import time; time.sleep(60)")
+        for address in os.environ["DBUS_SESSION_BUS_ADDRESS"], "unix:path=/nowhere":
+            os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
+            done = program.run(*stripe, seconds=10)
+            self.assertEqual((done.returncode, done.stderr), (0, ""))
+
+
+if __name__ == "__main__":
+    unittest.main()
