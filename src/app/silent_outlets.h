@@ -51,6 +51,7 @@ public:
     void commitEditing() override {}
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
+    std::optional<std::size_t> onlySelectedRow() const override { return {}; }
     void selectRows(const RowIndexes& rows) override { m_selected = rows; }
     RowIndexes keyboardRow() const override { return {}; }
     void moveKeyboardTo(const RowIndexes&) override {}

@@ -70,6 +70,13 @@ RowIndexes VexaBatchTableView::selectedRowIndexes() const {
     return rows;
 }
 
+std::optional<std::size_t> VexaBatchTableView::onlySelectedRow() const {
+    const auto ranges = selectionModel()->selection();
+    if (ranges.size() != 1 || ranges.constFirst().height() != 1)
+        return {};
+    return static_cast<std::size_t>(ranges.constFirst().top());
+}
+
 void VexaBatchTableView::selectRows(const RowIndexes& rows) {
     const int lastColumn = m_model.columnCount() - 1;
     QItemSelection selection;

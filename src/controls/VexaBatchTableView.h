@@ -29,6 +29,7 @@ public:
     void reloadData() override { m_model.reloadData(); }
     bool hasSelectedRows() const override { return m_hasSelectedRows; }
     RowIndexes selectedRowIndexes() const override;
+    std::optional<std::size_t> onlySelectedRow() const override;
     void selectRows(const RowIndexes& rows) override;
     RowIndexes keyboardRow() const override;
     void moveKeyboardTo(const RowIndexes& rows) override;

@@ -6,7 +6,12 @@
 namespace vexa {
 
 void VexaAddToBatchController::showAddToBatchPanelWithStart(const StripeSettings& settings) {
-    m_addToPanel.setReel(unpack(static_cast<PackedTimecode>(settings.startTime)).hours);
+    showAddToBatchPanel(settings, unpack(static_cast<PackedTimecode>(settings.startTime)).hours);
+}
+
+void VexaAddToBatchController::showAddToBatchPanel(const StripeSettings& settings,
+                                                   std::uint64_t reel) {
+    m_addToPanel.setReel(reel);
     m_addToPanel.setTitlePlaceholder(QStringLiteral("title here"));
     if (m_addToPanel.runModal() != panelConfirmed)
         return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace vexa {
 
 class AddToPanel;
@@ -16,6 +18,8 @@ public:
     /// Shows the panel until it is closed, and adds a confirmed item to the owner's list. An item
     /// without a title becomes "untitled". The panel proposes the hours of the start time as reel.
     void showAddToBatchPanelWithStart(const StripeSettings& settings);
+    /// The same, with another reel proposed.
+    void showAddToBatchPanel(const StripeSettings& settings, std::uint64_t reel);
 
 private:
     Vexa_RemoteAppDelegate& m_owner;

@@ -104,6 +104,20 @@ public:
     /// During undo, puts the items back; otherwise deletes the rows.
     void undoRedoRemoveFromBatchList(const BatchItems& items, const RowIndexes& rows,
                                      const QString& actionName);
+
+    // row_edits.cpp: each of these is one Undo, of items added, deleted or both
+    /// Takes the rows of these items out of the list and adds the others, which are then selected.
+    void changeItems(const BatchItems& removed, const BatchItems& added, const QString& actionName);
+    /// The selected items, in row order.
+    BatchItems selectedItems() const;
+    void duplicateRows();
+    void takeSettingsFromRow();
+    /// The row keeps its reel and its title.
+    void replaceRowBySettings();
+    /// Opens the panel for an item that begins where the last row ends.
+    void addNext();
+
+    // batch_editing.cpp
     void undoRedoUseBatchStriping(bool useBatch, const QString& actionName);
     void undoRedoBatchMode(std::uint64_t mode, const QString& actionName);
 

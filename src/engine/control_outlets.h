@@ -5,7 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace vexa {
 
@@ -91,6 +93,8 @@ public:
     virtual void commitEditing() = 0;
     virtual bool hasSelectedRows() const = 0;
     virtual RowIndexes selectedRowIndexes() const = 0;
+    /// The selected row, if there is one and no other; quick for any selection.
+    virtual std::optional<std::size_t> onlySelectedRow() const = 0;
     /// Selects exactly these rows.
     virtual void selectRows(const RowIndexes& rows) = 0;
     /// The row with the keyboard focus, if any.

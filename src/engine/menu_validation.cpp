@@ -30,6 +30,37 @@ MenuItemState validateBatchListItem(const Vexa_RemoteAppDelegate& controller, st
     }
 }
 
+bool isRowCommandEnabled(const Vexa_RemoteAppDelegate& controller, std::uint64_t tag) {
+    const auto& table = *controller.outlets().batchTable;
+    const bool hasItems = controller.batchStripeData().numItems() != 0;
+    switch (tag) {
+    case row_menu::copy: // these act on time displays and text fields, too
+    case row_menu::paste:
+    case row_menu::selectAll:
+    case row_menu::check:
+    case row_menu::importRows:
+        return true;
+    case row_menu::cut:
+    case row_menu::duplicate:
+    case row_menu::remove:
+        return table.hasSelectedRows();
+    case row_menu::rename:
+        return table.onlySelectedRow().has_value();
+    case row_menu::takeSettings:
+        return table.onlySelectedRow() && controller.transportState() == transport::stopped;
+    case row_menu::replaceBySettings:
+        return table.onlySelectedRow() && controller.stopTimeSet();
+    case row_menu::addNext:
+        return hasItems && controller.stopTimeSet();
+    case row_menu::exportRows:
+    case row_menu::print:
+    case row_menu::exportPdf:
+        return hasItems;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 MenuItemState validateMenuItem(const Vexa_RemoteAppDelegate& controller, MenuAction action,
@@ -47,6 +78,8 @@ MenuItemState validateMenuItem(const Vexa_RemoteAppDelegate& controller, MenuAct
         return {true, tag == controller.syncType(), {}};
     case MenuAction::handleBatchListMenuItems:
         return validateBatchListItem(controller, tag);
+    case MenuAction::handleRowMenuItems:
+        return {isRowCommandEnabled(controller, tag), {}, {}};
     case MenuAction::handleSetStopTimeMenu:
         return {true,
                 {},

@@ -1,13 +1,7 @@
 #include "engine/Vexa_RemoteAppDelegate.h"
-#include "timecode/timecode.h"
+#include "engine/least_stripe.h"
 
 namespace vexa {
-
-namespace {
-
-constexpr double leastStripeSeconds = 5;
-
-} // namespace
 
 void Vexa_RemoteAppDelegate::handleStartTimeButton() {
     if (m_outlets.endTimeButton->state() != 0)
@@ -27,9 +21,7 @@ void Vexa_RemoteAppDelegate::handleStopTimeButton() {
 }
 
 void Vexa_RemoteAppDelegate::pushStopTimePastStart() {
-    const auto& rate = frameRateForCode(frameRate());
-    const auto frames = static_cast<std::uint64_t>(rate.frameCount * leastStripeSeconds);
-    m_plan.settings.stopTime = advanced(static_cast<PackedTimecode>(startTime()), frames, rate);
+    m_plan.settings.stopTime = leastStopTime(startTime(), frameRate());
     m_outlets.endTimeButton->setBcdValue(stopTime());
 }
 

@@ -45,6 +45,15 @@ void rowSelected(ControllerRig& rig) {
     batchOn(rig);
     rig.ui.batchTable.selectRows({0});
 }
+void rowSelectedWithStopTime(ControllerRig& rig) {
+    rowSelected(rig);
+    withStopTime(rig);
+}
+void rowSelectedPlaying(ControllerRig& rig) {
+    rowSelected(rig);
+    rig.controller.setUseBatch(false);
+    playing(rig);
+}
 void selectedMode(ControllerRig& rig) {
     rowSelected(rig);
     rig.controller.setBatchMode(batchModeSelected);
@@ -140,6 +149,38 @@ const Rule batchList[]{
     {handleBatchListMenuItems, unavailableWhileStriping, atLaunch, no},
 };
 INSTANTIATE_TEST_SUITE_P(BatchList, MenuRule, testing::ValuesIn(batchList));
+
+const Rule rows[]{
+    {handleRowMenuItems, row_menu::cut, withItem, no},
+    {handleRowMenuItems, row_menu::cut, rowSelected, yes},
+    {handleRowMenuItems, row_menu::copy, atLaunch, yes},
+    {handleRowMenuItems, row_menu::paste, playing, yes},
+    {handleRowMenuItems, row_menu::selectAll, atLaunch, yes},
+    {handleRowMenuItems, row_menu::duplicate, withItem, no},
+    {handleRowMenuItems, row_menu::duplicate, rowSelected, yes},
+    {handleRowMenuItems, row_menu::remove, withItem, no},
+    {handleRowMenuItems, row_menu::remove, rowSelected, yes},
+    {handleRowMenuItems, row_menu::rename, withItem, no},
+    {handleRowMenuItems, row_menu::rename, rowSelected, yes},
+    {handleRowMenuItems, row_menu::takeSettings, withItem, no},
+    {handleRowMenuItems, row_menu::takeSettings, rowSelected, yes},
+    {handleRowMenuItems, row_menu::takeSettings, rowSelectedPlaying, no},
+    {handleRowMenuItems, row_menu::replaceBySettings, rowSelected, no},
+    {handleRowMenuItems, row_menu::replaceBySettings, rowSelectedWithStopTime, yes},
+    {handleRowMenuItems, row_menu::addNext, withStopTime, no},
+    {handleRowMenuItems, row_menu::addNext, withItem, no},
+    {handleRowMenuItems, row_menu::addNext, rowSelectedWithStopTime, yes},
+    {handleRowMenuItems, row_menu::check, atLaunch, yes},
+    {handleRowMenuItems, row_menu::importRows, atLaunch, yes},
+    {handleRowMenuItems, row_menu::exportRows, atLaunch, no},
+    {handleRowMenuItems, row_menu::exportRows, withItem, yes},
+    {handleRowMenuItems, row_menu::print, atLaunch, no},
+    {handleRowMenuItems, row_menu::print, withItem, yes},
+    {handleRowMenuItems, row_menu::exportPdf, atLaunch, no},
+    {handleRowMenuItems, row_menu::exportPdf, withItem, yes},
+    {handleRowMenuItems, 99, rowSelected, no},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, MenuRule, testing::ValuesIn(rows));
 
 const Rule transportStates[]{
     {handleStripeMenuItems, transport::stopped, atLaunch, no},

@@ -108,6 +108,9 @@ public:
     }
     bool hasSelectedRows() const override { return !m_selected.empty(); }
     RowIndexes selectedRowIndexes() const override { return m_selected; }
+    std::optional<std::size_t> onlySelectedRow() const override {
+        return m_selected.size() == 1 ? std::optional(*m_selected.begin()) : std::nullopt;
+    }
     void selectRows(const RowIndexes& rows) override { m_selected = rows; }
     RowIndexes keyboardRow() const override { return m_keyboardRow; }
     void moveKeyboardTo(const RowIndexes& rows) override {
