@@ -7,7 +7,7 @@
 namespace vexa {
 
 std::string durationText(std::chrono::duration<double> time) {
-    constexpr double rounding = 1e-6; // of sums of frames, below any of them
+    constexpr double rounding = 1e-6; // rounding error of summed frames; far below one frame
     constexpr double longest = 1e12;
     const auto bounded = std::clamp(std::ceil(time.count() - rounding), 0.0, longest);
     const auto seconds = static_cast<std::uint64_t>(bounded);

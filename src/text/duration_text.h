@@ -5,8 +5,8 @@
 
 namespace vexa {
 
-/// "0:04", "4:10", "1:02:33". A second that has begun counts whole, so that time which runs down
-/// comes to "0:00" at its end; so does time below zero.
+/// "0:04", "4:10", "1:02:33". Rounds up to whole seconds, so a countdown reaches "0:00" exactly at
+/// its end. Negative times give "0:00".
 std::string durationText(std::chrono::duration<double> time);
 
 } // namespace vexa

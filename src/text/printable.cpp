@@ -14,7 +14,7 @@ struct Range {
     char32_t last;
 };
 
-/// The characters of Unicode's categories Cc, Cf, Zl and Zp, in ascending order.
+/// Unicode categories Cc, Cf, Zl and Zp, in ascending order.
 constexpr std::array escapedRanges{
     Range{0x0000, 0x001F},   Range{0x007F, 0x009F},   Range{0x00AD, 0x00AD},
     Range{0x0600, 0x0605},   Range{0x061C, 0x061C},   Range{0x06DD, 0x06DD},
@@ -32,10 +32,10 @@ bool isEscaped(char32_t character) {
 
 struct Character {
     char32_t code = 0;
-    std::size_t length = 0; ///< in bytes; 0 where the bytes are not UTF-8
+    std::size_t length = 0; ///< in bytes; 0 if the bytes are not UTF-8
 };
 
-/// What the text, which is not empty, begins with.
+/// The first character of a text that is not empty.
 Character firstCharacter(std::string_view text) {
     const auto byteAt = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
     const auto leadingOnes = static_cast<std::size_t>(std::countl_one(byteAt(0)));
@@ -48,7 +48,7 @@ Character firstCharacter(std::string_view text) {
             return {};
         code = code << 6 | (byteAt(i) & 0x3Fu);
     }
-    // One character has one spelling, and halves of UTF-16's pairs are none.
+    // Rejects overlong encodings and surrogates.
     constexpr std::array<char32_t, 5> lowest{0, 0, 0x80, 0x800, 0x10000};
     const bool isValid =
         code >= lowest[length] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);

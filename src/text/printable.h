@@ -5,9 +5,9 @@
 
 namespace vexa {
 
-/// Text of strangers, such as titles, file names and port names, fit for a line of a terminal.
-/// Control and format characters and line separators show as escapes: "\x1B", "\u202E". So do
-/// bytes that are not UTF-8. All else stays as it is.
+/// Makes text from outside, such as titles, file names and port names, safe to print on a terminal.
+/// Escapes control characters, format characters and line separators ("\x1B", "\u202E"), and bytes
+/// that are not UTF-8. Keeps everything else.
 std::string printable(std::string_view text);
 
 } // namespace vexa

@@ -8,8 +8,8 @@
 
 namespace vexa {
 
-/// Codes of the generator's messages, beside the modes of each frame rate. A setup names a mode,
-/// a start has a code of its own.
+/// Codes of the generator's messages other than those of the frame rates. A setup carries a mode; a
+/// start has its own code.
 namespace device_mode {
 
 inline constexpr std::uint8_t fsk = 8;

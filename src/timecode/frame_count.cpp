@@ -4,8 +4,8 @@ namespace vexa {
 
 namespace {
 
-/// How many frames of the day come before that time, which need not be one of them. All of them
-/// come before a time past the last.
+/// Number of frames of the day before that time, which need not be valid. After the end of the day,
+/// all of them count.
 std::uint64_t framesBefore(Timecode time, const FrameRate& rate) {
     const auto fps = static_cast<std::uint64_t>(rate.frameCount);
     if (time.hours > 23)

@@ -8,9 +8,9 @@
 
 namespace vexa {
 
-/// How many frames a clock at that time counts until it stands at the stop time or past it: at
-/// least one, as it is compared after each frame. It wraps at midnight and passes over dropped
-/// numbers. Nothing where it never gets there, or is at no time of day after its first frame.
+/// How many frames a clock counts from now until it reaches or passes the stop time. At least 1, as
+/// it compares after each frame. Wraps at midnight and skips dropped numbers. Empty if the clock
+/// never gets there, or if its first step does not lead to a time of day.
 std::optional<std::uint64_t> framesUntil(std::uint64_t now, std::uint64_t stop,
                                          const FrameRate& rate);
 

@@ -6,8 +6,8 @@
 
 namespace vexa {
 
-/// Frame-rate codes as controls and list items carry them. Any other code is legal and counts as
-/// 30 frames per second without drop-frame.
+/// Frame-rate codes of controls and list items. Any other code is legal and means 30 frames per
+/// second without drop-frame.
 namespace rate {
 inline constexpr std::uint64_t fps24 = 0;
 inline constexpr std::uint64_t fps25 = 1;
@@ -15,16 +15,16 @@ inline constexpr std::uint64_t fps30 = 2;
 inline constexpr std::uint64_t fps30Drop = 3;
 } // namespace rate
 
-/// All there is to know of a frame rate.
+/// Everything about a frame rate.
 struct FrameRate {
     std::uint64_t code;
-    std::string_view name;     ///< as the operator reads it, "25 fps"
-    std::string_view menuItem; ///< the same, with '&' before the letter that chooses it
+    std::string_view name;     ///< shown to the operator: "25 fps"
+    std::string_view menuItem; ///< the same, with '&' before its access key
     double frameCount;         ///< frames numbered per second
     double frameInterval;      ///< seconds from one frame to the next
     bool dropFrame;            ///< SMPTE ST 12-1 drop-frame counting
 
-    /// The exact rate of the signal: so many frames in so many seconds.
+    /// The exact rate of the signal: this many frames in this many seconds.
     std::uint64_t frames;
     std::uint64_t seconds;
 
@@ -32,11 +32,11 @@ struct FrameRate {
     std::uint8_t mtcMode;
     std::uint8_t dtlMode;
 
-    std::uint8_t mtcBits; ///< the rate in MIDI Time Code, two bits
+    std::uint8_t mtcBits; ///< two-bit rate code of MIDI Time Code
 };
 
-/// Every rate that can be chosen; a row's place is its code. Another rate is another row, in menus,
-/// cells, messages and signals alike.
+/// All rates; a row's index is its code. Menus, cells, messages and signals read this table, so a
+/// new rate is a new row.
 inline constexpr std::array frameRates{
     FrameRate{rate::fps24, "24 fps", "2&4 fps", 24.0, 1.0 / 24.0, false, 24, 1, 0, 4, 0},
     FrameRate{rate::fps25, "25 fps", "2&5 fps", 25.0, 1.0 / 25.0, false, 25, 1, 1, 5, 1},

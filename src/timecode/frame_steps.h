@@ -6,8 +6,8 @@
 
 namespace vexa {
 
-/// Steps that divide each frame of a signal into equal parts, counted in samples from the start
-/// of the signal. Exact however long the signal lasts: nothing is rounded from step to step.
+/// Divides each frame of a signal into equal steps, counted in samples from the start of the
+/// signal. Stays exact over any length, as no step is rounded.
 class FrameSteps {
 public:
     FrameSteps(const FrameRate& rate, std::uint32_t sampleRate, std::uint32_t partsOfAFrame)
@@ -19,7 +19,7 @@ public:
     /// The first sample at or after the step.
     std::uint64_t sample() const { return m_sample; }
 
-    /// How long after the step that sample comes, as a part of a sample: 0 or more, below 1.
+    /// The time from the step to that sample, as a fraction of a sample: 0 or more, below 1.
     double lag() const { return static_cast<double>(m_lag) * m_lagUnit; }
 
     void advance() {
@@ -35,9 +35,9 @@ private:
     std::uint64_t m_divisor;
     std::uint64_t m_whole;
     std::uint64_t m_rest;
-    double m_lagUnit; ///< a part of a sample
+    double m_lagUnit; ///< in samples
     std::uint64_t m_sample = 0;
-    std::uint64_t m_lag = 0; ///< in units, m_divisor to the sample
+    std::uint64_t m_lag = 0; ///< in units of m_lagUnit
 };
 
 } // namespace vexa

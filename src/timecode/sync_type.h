@@ -5,8 +5,8 @@
 
 namespace vexa {
 
-/// Sync-type codes as controls, list items and device messages carry them. Any other code is
-/// legal and counts as MIDI time code.
+/// Sync-type codes of controls, list items and device messages. Any other code is legal and means
+/// MIDI time code.
 namespace sync {
 inline constexpr std::uint64_t mtc = 0; ///< MIDI time code
 inline constexpr std::uint64_t dtl = 1; ///< direct time lock
@@ -14,7 +14,7 @@ inline constexpr std::uint64_t fsk = 2; ///< frequency-shift keying; carries no 
 inline constexpr std::uint64_t count = 3;
 } // namespace sync
 
-/// The name the operator reads, "MTC".
+/// The name shown to the operator: "MTC".
 std::string_view syncTypeName(std::uint64_t code);
 
 } // namespace vexa

@@ -55,8 +55,8 @@ Timecode advanced(Timecode time, std::uint64_t frames, const FrameRate& rate) {
         next += field / limit;
         field %= limit;
     };
-    // A field that did not overflow must not touch the one above it: hours out of range, as a
-    // rejected entry can leave them, stay as they are until something carries into them.
+    // A field that does not overflow must leave the one above it alone: hours out of range, as a
+    // rejected entry can leave them, stay until something carries into them.
     const auto fps = static_cast<std::uint64_t>(rate.frameCount);
     time.frames += frames;
     if (time.frames >= fps) {

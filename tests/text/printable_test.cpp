@@ -37,13 +37,13 @@ INSTANTIATE_TEST_SUITE_P(
     NotUtf8, Printable,
     testing::Values(Case{"a\x9B"
                          "b",
-                         R"(a\x9Bb)"}, // what an 8-bit terminal takes for ESC [
+                         R"(a\x9Bb)"}, // an 8-bit terminal reads it as ESC [
                     Case{"\xFF\xFE", R"(\xFF\xFE)"}, Case{"\xC3", R"(\xC3)"},
                     Case{"\xC3(", R"(\xC3()"}, Case{"\xE2\x80", R"(\xE2\x80)"},
                     Case{"\xF0\x9F\x8E", R"(\xF0\x9F\x8E)"},
-                    Case{"\xC0\x9B", R"(\xC0\x9B)"}, // ESC, spelled too long
+                    Case{"\xC0\x9B", R"(\xC0\x9B)"}, // an overlong ESC
                     Case{"\xE0\x80\x9B", R"(\xE0\x80\x9B)"},
-                    Case{"\xED\xA0\x80", R"(\xED\xA0\x80)"},         // half of a pair
+                    Case{"\xED\xA0\x80", R"(\xED\xA0\x80)"},         // a lone surrogate
                     Case{"\xF4\x90\x80\x80", R"(\xF4\x90\x80\x80)"}, // beyond the last character
                     Case{"\xF8\x88\x80\x80\x80", R"(\xF8\x88\x80\x80\x80)"}));
 
@@ -55,7 +55,7 @@ TEST(PrintableCharacters, AreThoseOfAllCategoriesButFour) {
         const bool isEscaped =
             category == QChar::Other_Control || category == QChar::Other_Format ||
             category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
-        const char32_t characters[] = {U'a', code}; // Qt drops a byte-order mark in front
+        const char32_t characters[] = {U'a', code}; // Qt drops a leading byte-order mark
         const auto text = QString::fromUcs4(characters, 2).toStdString();
         ASSERT_EQ(printable(text) != text, isEscaped) << std::hex << std::uint32_t{code};
     }

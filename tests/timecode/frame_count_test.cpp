@@ -25,8 +25,8 @@ TEST(FramesUntil, CountsByTheRate) {
 TEST(FramesUntil, DroppedNumbersAreNotCounted) {
     EXPECT_EQ(frames("00:00:59:29", "00:01:00:02", rate::fps30Drop), 1u);
     EXPECT_EQ(frames("00:00:59:28", "00:01:00:02", rate::fps30Drop), 2u);
-    EXPECT_EQ(frames("00:00:59:28", "00:01:00:00", rate::fps30Drop), 2u) << "a stop on none";
-    EXPECT_EQ(frames("00:00:59:28", "00:01:00:01", rate::fps30Drop), 2u) << "a stop on none";
+    EXPECT_EQ(frames("00:00:59:28", "00:01:00:00", rate::fps30Drop), 2u) << "a dropped stop time";
+    EXPECT_EQ(frames("00:00:59:28", "00:01:00:01", rate::fps30Drop), 2u) << "a dropped stop time";
     EXPECT_EQ(frames("00:09:59:28", "00:10:00:00", rate::fps30Drop), 2u);
 }
 
@@ -55,10 +55,10 @@ TEST(FramesUntil, FramesBeyondTheRateCarryWithTheFirst) {
     EXPECT_EQ(framesUntil((UINT64_C(5) << 32) + packed("01:00:00:00"), packed("01:00:01:00"),
                           frameRateForCode(rate::fps25)),
               25u)
-        << "a clock that was set past 32 bits is cut";
+        << "a clock time above 32 bits is truncated";
 }
 
-/// Against the clock itself, from and to times of every kind.
+/// Compares with the clock itself, between times of every kind.
 TEST(FramesUntil, IsWhatTheClockCounts) {
     constexpr std::array times{"00:00:00:00", "00:00:59:20", "00:01:00:00", "00:01:00:01",
                                "00:01:00:02", "00:01:00:27", "00:01:00:99", "00:01:60:00",

@@ -21,7 +21,7 @@ TEST(FrameSteps, FallOnWholeSamplesWhereTheyDivide) {
 }
 
 TEST(FrameSteps, AreReachedAtTheNextSample) {
-    // 1601.6 samples a frame.
+    // 1601.6 samples per frame.
     FrameSteps steps(frameRateForCode(rate::fps30Drop), 48000, 1);
     const std::uint64_t samples[] = {0, 1602, 3204, 4805, 6407, 8008};
     const double lags[] = {0.0, 0.4, 0.8, 0.2, 0.6, 0.0};

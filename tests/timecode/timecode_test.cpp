@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Step{"00:09:59:29", 1, rate::fps30Drop, "00:10:00:00"},
                     Step{"00:01:00:29", 1, rate::fps30Drop, "00:01:01:00"},
                     Step{"00:00:59:29", 1, rate::fps30, "00:01:00:00"},
-                    // The rule is applied once, after the carries, however far the way was.
+                    // Dropped numbers are skipped once, after the carries, at any distance.
                     Step{"00:00:00:00", 1800, rate::fps30Drop, "00:01:00:02"},
                     Step{"00:00:00:00", 3600, rate::fps30Drop, "00:02:00:02"}));
 
@@ -117,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Step{"00:01:00:00", 0, rate::fps30Drop, "00:01:00:02"},
                     Step{"00:01:00:01", 0, rate::fps30Drop, "00:01:00:03"},
                     Step{"00:10:00:01", 0, rate::fps30Drop, "00:10:00:01"},
-                    // Only an overflowing field carries: the 24 and the 60 stand.
+                    // Only an overflowing field carries: the 24 and the 60 stay.
                     Step{"24:00:00:00", 0, rate::fps30, "24:00:00:00"},
                     Step{"24:60:00:00", 1, rate::fps30, "24:60:00:01"}));
 
@@ -130,7 +130,7 @@ TEST(Timecode, ADayOfDropFrameCountsTheFramesOf2997) {
         ASSERT_TRUE(isValid(time, drop)) << timecodeText(time);
         ++frames;
     } while (time != Timecode{});
-    // 30 a second, less two in each of the nine of ten minutes that drop them.
+    // 30 per second, less two in each of the nine minutes out of ten that drop them.
     EXPECT_EQ(frames, 30u * 86400 - 2u * 24 * 54);
 }
 
