@@ -7,14 +7,14 @@
 namespace vexa {
 
 namespace {
-/// From 0 to 100 %: 2.074 times as long as from 10 to 90 %.
+/// From 0 to 100 %: 2.074 times the time from 10 to 90 %.
 constexpr double duration = 82.96e-6;
 
-/// Half a bit at 30 frames lasts 1.67 samples at the lowest sample rate: edges never overlap.
+/// Edges never overlap: half a bit at 30 frames is 1.67 samples at the lowest sample rate.
 constexpr double leastSamples = 1.5;
 
-/// From -1 to 1 while x goes from 0 to 1, its slope a Hann window. That keeps the spectrum down
-/// where a sample rate of 48 kHz ends: a converter's filter makes less than 1 % of overshoot of it.
+/// Rises from -1 to 1 as x goes from 0 to 1; its slope is a Hann window. That limits the spectrum,
+/// so a converter's filter at 48 kHz overshoots by less than 1 %.
 double edge(double x) {
     using std::numbers::pi;
     return x < 1 ? 2 * x - 1 - std::sin(2 * pi * x) / pi : 1;

@@ -30,7 +30,7 @@ void LtcSignal::start(const LtcRun& run) {
     m_halfBit = wordHalfBits;
     m_steps = steps(run.rate, m_sampleRate);
     m_end = m_position = 0;
-    m_to = m_last; // a run that is broken off may stand in the middle of an edge
+    m_to = m_last; // interrupting a run can leave the level in the middle of an edge
 }
 
 void LtcSignal::finish() { m_wordsToCome = 0; }

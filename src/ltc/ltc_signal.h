@@ -9,41 +9,40 @@
 
 namespace vexa {
 
-/// What a run of linear timecode says.
+/// A run of linear timecode.
 struct LtcRun {
     Timecode first; ///< valid at the rate
     FrameRate rate;
-    std::uint64_t words = UINT64_MAX; ///< how many, where it is not finished before
+    std::uint64_t words = UINT64_MAX; ///< number of words, unless finished earlier
     LtcUserBits userBits = 0;
 };
 
-/// Linear timecode as sound: biphase mark, a transition at the start of each bit and another in the
-/// middle of a 1. Made in blocks of any size, which has no influence on the samples. Only the
-/// constructor allocates.
+/// Linear timecode as audio in biphase mark code: each bit starts with a transition, and a 1 has
+/// another in its middle. Block sizes do not affect the samples. Only the constructor allocates.
 class LtcSignal {
 public:
-    /// Samples a second, 8000 to 192000. The level is that of the peaks, in dB below full scale.
+    /// Sample rate in samples per second, 8000 to 192000; peak level in dB below full scale.
     LtcSignal(std::uint32_t sampleRate, double levelDbfs);
 
-    /// A run whose lead-in begins with the next sample: the signal rises, and the first word begins
-    /// leadIn() samples later. Breaks off what was still under way.
+    /// Starts a run and interrupts any other. The lead-in starts with the next sample: the signal
+    /// rises, and the first word starts leadIn() samples later.
     void start(const LtcRun& run);
 
-    /// Half a millisecond, about a bit. A decoder that has heard nothing or something else before
-    /// knows from it which transition is the first of the word.
+    /// Half a millisecond, about one bit. The lead-in lets a decoder recognize the first transition
+    /// of the word, whatever it received before.
     std::uint64_t leadIn() const { return m_sampleRate / 2000; }
 
-    /// The word under way becomes the last one. After it comes one more transition, by which
-    /// decoders see its end; a bit later the signal returns to zero.
+    /// Makes the current word the last. One more transition marks its end for decoders; one bit
+    /// later the signal returns to zero.
     void finish();
 
-    /// Whether all that is still to come is zeros.
+    /// Whether only zeros remain.
     bool isSilent() const { return m_end == UINT64_MAX && m_position - m_begin >= m_edge.size(); }
 
-    /// The number of the word under way, or of the last one.
+    /// The time of the current or the last word.
     const Timecode& time() const { return m_time; }
 
-    /// The next samples.
+    /// Writes the next samples.
     void render(std::span<float> samples);
 
 private:
@@ -64,11 +63,11 @@ private:
     std::uint64_t m_wordsToCome = 0;
     Timecode m_time;
     LtcWord m_word;
-    std::size_t m_halfBit = 0; ///< of the word, the next to begin
-    FrameSteps m_steps;        ///< half-bits of the run; the next edge begins at this one
+    std::size_t m_halfBit = 0; ///< the next half-bit of the word
+    FrameSteps m_steps;        ///< counts half-bits; the next edge starts at the current one
 
-    /// What is being rendered: an edge and the level it leads to, up to the next edge. Positions
-    /// are samples since the start.
+    /// The current stretch: an edge and its final level, up to the next edge. Positions are samples
+    /// since the start.
     std::uint64_t m_begin = 0;
     std::uint64_t m_end = UINT64_MAX;
     std::uint64_t m_position = 0;

@@ -4,13 +4,13 @@ namespace vexa {
 
 namespace {
 constexpr std::size_t dropFrameBit = 10;
-constexpr std::uint64_t syncWord = 0b1011'1111'1111'1100; // its lowest bit comes first
+constexpr std::uint64_t syncWord = 0b1011'1111'1111'1100; // lowest bit first
 constexpr std::size_t syncWordBit = 64;
 
-/// Bit 27 at the rates of film and of 525 lines, bit 59 at that of 625 lines.
+/// Bit 27 at film and 525-line rates, bit 59 at 625-line rates.
 std::size_t polarityBit(const FrameRate& rate) { return rate.frameCount == 25 ? 59 : 27; }
 
-/// A field's digits in BCD: the units, a user group later the tens.
+/// A field in BCD: the units, then the tens after a user group.
 std::uint64_t digits(std::uint64_t field) { return field % 10 | field / 10 << 8; }
 } // namespace
 

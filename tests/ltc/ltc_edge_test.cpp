@@ -10,7 +10,7 @@ using namespace vexa;
 
 namespace {
 
-/// The edge between samples, put together from all phases: seconds since its begin, and level.
+/// A finely sampled edge, composed from all phases: level by seconds since the edge started.
 std::map<double, float> shape(std::uint32_t sampleRate) {
     const LtcEdge edge(sampleRate);
     std::map<double, float> points;
@@ -49,7 +49,7 @@ TEST_P(EverySampleRate, IsSymmetric) {
 
 TEST_P(EverySampleRate, NeverTouchesTheNextEdge) {
     const LtcEdge edge(GetParam());
-    const double halfBit = GetParam() / 4800.0; // the shortest there is, at 30 frames
+    const double halfBit = GetParam() / 4800.0; // the shortest, at 30 frames
     EXPECT_LE(static_cast<double>(edge.size()), halfBit + 1);
     for (double lag = 0; lag <= 1; lag += 1.0 / 64)
         for (std::size_t i = 0; i < edge.size(); ++i)

@@ -1,5 +1,5 @@
-// ltc_read SAMPLE_RATE: reads a recording of 16-bit samples, and prints a line for every word that
-// libltc's decoder finds in it: "01:00:00:00", or "01:00:00:00 df" with the drop-frame bit.
+// ltc_read SAMPLE_RATE: reads a recording of 16-bit samples and prints a line for each word that
+// libltc decodes: "01:00:00:00", or "01:00:00:00 df" with the drop-frame bit.
 
 #include "ltc/ltc_reader.h"
 

@@ -11,7 +11,7 @@
 
 namespace vexa::test {
 
-/// A word as libltc's decoder read it.
+/// A word decoded by libltc.
 struct ReadWord {
     Timecode time;
     bool dropFrame;
@@ -23,7 +23,7 @@ inline void PrintTo(const ReadWord& word, std::ostream* out) {
     *out << timecodeText(word.time) << (word.dropFrame ? " df" : "");
 }
 
-/// All words that libltc's decoder finds in the samples.
+/// All words that libltc decodes from the samples.
 inline std::vector<ReadWord> wordsIn(std::span<const float> samples, std::uint32_t sampleRate,
                                      const FrameRate& rate) {
     constexpr std::size_t blockSize = 1024;

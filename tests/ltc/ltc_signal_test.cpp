@@ -21,7 +21,7 @@ LtcRun runFrom(const char* time, std::uint64_t rateCode, std::uint64_t words) {
     return {tc(time), frameRateForCode(rateCode), words};
 }
 
-/// All samples of a signal until it is silent, made in blocks of a size.
+/// All samples of a signal until it is silent, rendered in blocks of that size.
 std::vector<float> rest(LtcSignal& signal, std::size_t blockSize = 512) {
     std::vector<float> samples;
     while (!signal.isSilent()) {
@@ -82,7 +82,7 @@ TEST_P(EveryClock, IsReadFromItsFirstWordOnAfterSilence) {
     samples.insert(samples.end(), first.begin(), first.end());
     EXPECT_EQ(wordsIn(samples, sampleRate, run.rate), wordsOf(run));
 
-    // By a decoder that has read another run before, and by one that has not.
+    // Both a decoder that has read another run and a fresh one read it.
     samples.resize(samples.size() + sampleRate / 2);
     const auto next = runFrom("20:00:00:00", rate, 3);
     signal.start(next);
@@ -94,7 +94,7 @@ TEST_P(EveryClock, IsReadFromItsFirstWordOnAfterSilence) {
     EXPECT_EQ(wordsIn(samples, sampleRate, run.rate), words);
     EXPECT_EQ(wordsIn(second, sampleRate, run.rate), nextWords);
 
-    // With the leads of the cable exchanged.
+    // Swapped leads invert the signal.
     for (auto& sample : samples)
         sample = -sample;
     EXPECT_EQ(wordsIn(samples, sampleRate, run.rate), words);
@@ -110,7 +110,7 @@ TEST(LtcSignal, IsTheSameInBlocksOfAnySize) {
     }
 }
 
-/// Where the samples go through zero, in samples.
+/// The zero crossings, in samples.
 std::vector<double> crossings(const std::vector<float>& samples) {
     std::vector<double> found;
     for (std::size_t i = 1; i < samples.size(); ++i)
@@ -149,7 +149,7 @@ TEST_P(SignalAtEveryRate, HasATransitionWhereTheStandardWantsOne) {
 }
 
 TEST_P(SignalAtEveryRate, HasNoDirectCurrent) {
-    // Whole samples in five words: 8008 at 30 df.
+    // Five words take a whole number of samples: 8008 at 30 df.
     const auto run = runFrom("01:00:00:00", GetParam(), 11);
     const auto samples = samplesOf(run, 48000);
     const auto period = static_cast<std::ptrdiff_t>(5 * 48000 * run.rate.seconds / run.rate.frames);
@@ -179,9 +179,9 @@ TEST(LtcSignal, LeadsInWithTheNextSample) {
     signal.render(std::span(samples).last(200));
     const auto first =
         std::find_if(samples.begin(), samples.end(), [](float sample) { return sample != 0; });
-    EXPECT_EQ(first - samples.begin(), 101) << "the edge begins at sample 100, with 0";
+    EXPECT_EQ(first - samples.begin(), 101) << "the edge starts at sample 100, with 0";
     EXPECT_EQ(signal.leadIn(), 24u);
-    EXPECT_EQ(samples[124], amplitude) << "the word begins at sample 124, with the level before";
+    EXPECT_EQ(samples[124], amplitude) << "the word starts at sample 124, at the previous level";
     EXPECT_LT(samples[125], amplitude);
 }
 
@@ -240,7 +240,7 @@ TEST(LtcSignal, BreaksOffForANewRunWithoutAJump) {
         samples.insert(samples.end(), afterwards.begin(), afterwards.end());
         for (std::size_t i = 1; i < samples.size(); ++i)
             ASSERT_LE(std::abs(samples[i] - samples[i - 1]), 1.1f * amplitude) << "sample " << i;
-        // The broken word can cost a decoder the one after it.
+        // The interrupted word may cost a decoder the next one.
         auto words = wordsIn(samples, 48000, next.rate);
         ASSERT_GE(words.size(), 2u);
         words.erase(words.begin(), words.end() - 2);
@@ -249,7 +249,7 @@ TEST(LtcSignal, BreaksOffForANewRunWithoutAJump) {
 }
 
 TEST(LtcSignal, KeepsItsRateForAnHour) {
-    // An hour of drop-frame is 107892 words of 1601.6 samples: its last ends after 172799827.2.
+    // An hour of drop-frame is 107892 words of 1601.6 samples; the last one ends after 172799827.2.
     LtcSignal signal(48000, level);
     signal.start(runFrom("00:00:00:00", rate::fps30Drop, UINT64_MAX));
     std::vector<float> quarter(172799828 / 4);

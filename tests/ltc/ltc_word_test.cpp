@@ -10,7 +10,7 @@ using namespace vexa;
 
 namespace {
 
-/// The word as libltc lays it out.
+/// The word in libltc's layout.
 LTCFrame frameOf(const LtcWord& word) {
     std::array<unsigned char, 10> bytes{};
     for (std::size_t bit = 0; bit < word.size(); ++bit)
@@ -26,7 +26,7 @@ std::string timeOf(LTCFrame frame) {
     return timecodeText({time.hours, time.mins, time.secs, time.frame});
 }
 
-/// The bits in their order, groups of eight apart.
+/// The bits in order, in groups of eight.
 std::string textOf(const LtcWord& word) {
     std::string text;
     for (std::size_t bit = 0; bit < word.size(); ++bit) {
@@ -38,8 +38,7 @@ std::string textOf(const LtcWord& word) {
 }
 
 TEST(LtcWord, HasTheBitsOfTheStandard) {
-    // Units, user group, tens, user group of frames, seconds, minutes and hours; then the sync
-    // word.
+    // Units, user group, tens and user group of each field, then the sync word.
     EXPECT_EQ(textOf(ltcWord({12, 34, 56, 17}, frameRateForCode(rate::fps30))),
               "11100000 10000000 01100000 10100000 00100000 11000000 01000000 10000000 "
               "00111111 11111101");
@@ -49,7 +48,7 @@ class WordAtEveryRate : public testing::TestWithParam<std::uint64_t> {
 protected:
     const FrameRate& frameRate = frameRateForCode(GetParam());
 
-    /// Calls with every number of a day, one second in seven.
+    /// Calls check with every number of a day, in one second out of seven.
     template<typename Check>
     void forTheNumbersOfADay(Check check) const {
         for (std::uint64_t second = 0; second < 24 * 3600; second += 7)
