@@ -3,7 +3,7 @@
 namespace vexa {
 
 namespace {
-/// Frames, seconds, minutes, and hours with the rate above them.
+/// Frames, seconds, minutes, and hours with the rate in the bits above.
 std::array<std::uint8_t, 4> fields(const Timecode& time, const FrameRate& rate) {
     const auto hours = time.hours | std::uint64_t{rate.mtcBits} << 5;
     return {static_cast<std::uint8_t>(time.frames), static_cast<std::uint8_t>(time.seconds),

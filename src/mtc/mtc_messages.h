@@ -7,18 +7,18 @@
 
 namespace vexa {
 
-/// The whole of a time in one System Exclusive message of MIDI time code, for all devices.
+/// A complete time in one System Exclusive message of MIDI time code, addressed to all devices.
 using MtcFullFrame = std::array<std::uint8_t, 10>;
 
-/// An eighth of a time: F1, then the number of the piece and four bits of the time.
+/// An eighth of a time: F1, then a byte with the piece's number and four bits of the time.
 using MtcQuarterFrame = std::array<std::uint8_t, 2>;
 
 inline constexpr unsigned mtcPieces = 8;
 
-/// The time is valid at the rate.
+/// The time must be valid at the rate.
 MtcFullFrame mtcFullFrame(const Timecode& time, const FrameRate& rate);
 
-/// A piece, 0 to 7, of the time.
+/// A piece of the time, 0 to 7.
 MtcQuarterFrame mtcQuarterFrame(const Timecode& time, const FrameRate& rate, unsigned piece);
 
 } // namespace vexa

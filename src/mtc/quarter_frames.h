@@ -5,12 +5,12 @@
 
 namespace vexa {
 
-/// The quarter frames of a run without an end, in order, with the samples they belong to. Eight in
-/// two frames tell the number of the first of the two. The first eight begin on an even number,
-/// which is the run's second where its first is odd.
+/// The quarter frames of an endless run, in order, with their positions in samples. Eight of them
+/// span two frames and carry the number of the first. The first eight start on an even number: the
+/// run's second, if its first is odd.
 class QuarterFrames {
 public:
-    /// The first number is valid at the rate; the sample rate may be any clock's.
+    /// The first time must be valid at the rate. Any sample rate is allowed.
     QuarterFrames(const Timecode& first, const FrameRate& rate, std::uint32_t sampleRate);
 
     /// When the next one is due, in samples from the start of the run.
@@ -23,7 +23,7 @@ public:
 private:
     FrameRate m_rate;
     FrameSteps m_steps;
-    Timecode m_time; ///< that the eight tell
+    Timecode m_time; ///< the time that the current eight carry
     unsigned m_piece = 0;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 Timecode tc(const char* text) { return timecodeFromText(text).value(); }
 
-/// A time put together from its eight pieces, as a receiver does it.
+/// A time assembled from its eight pieces, as in a receiver.
 struct ReadTime {
     std::string time;
     unsigned rateBits;
@@ -36,7 +36,7 @@ ReadTime readTime(QuarterFrames& frames) {
 struct Case {
     const char* start;
     std::uint64_t rate;
-    std::uint64_t firstFrame; ///< of the run, that the first eight tell
+    std::uint64_t firstFrame; ///< frame of the run that the first eight carry
     unsigned rateBits;
     std::vector<const char*> times;
 };
@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
     Runs, QuarterFramesOf,
     testing::Values(
         Case{"00:59:59:20", rate::fps24, 0, 0, {"00:59:59:20", "00:59:59:22", "01:00:00:00"}},
-        // The 25th frame of a second turns the even numbers into odd ones.
+        // A second of 25 frames turns even numbers into odd ones.
         Case{"23:59:59:22", rate::fps25, 0, 1, {"23:59:59:22", "23:59:59:24", "00:00:00:01"}},
         Case{"23:59:59:23", rate::fps25, 1, 1, {"23:59:59:24", "00:00:00:01", "00:00:00:03"}},
         Case{"00:00:59:27", rate::fps30, 1, 3, {"00:00:59:28", "00:01:00:00", "00:01:00:02"}},
@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"00:09:59:28", rate::fps30Drop, 0, 2, {"00:09:59:28", "00:10:00:00", "00:10:00:02"}}));
 
 TEST(QuarterFrames, KeepTheirRateForAnHour) {
-    // An hour of drop-frame leaves 108 numbers out, and lasts 172799827.2 samples at 48 kHz.
+    // An hour of drop-frame skips 108 numbers and lasts 172799827.2 samples at 48 kHz.
     QuarterFrames frames({}, frameRateForCode(rate::fps30Drop), 48000);
     for (int i = 0; i < 4 * 107892; ++i)
         frames.advance();
