@@ -15,20 +15,19 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto openingTime = 8s;   // to reach a MIDI system, be it busy, and read a first list
-constexpr auto answerTime = 250ms; // to read a later one
+constexpr auto openingTime = 8s;   // to reach even a busy MIDI system and read the first list
+constexpr auto answerTime = 250ms; // to read a later list
 constexpr auto farewellTime = 1s;  // for the last messages
 constexpr auto maintenanceInterval = 2s;
 
-// An endpoint, the entity that holds nothing but it, and the device it stands for as the first
-// listed of its ports share one number and differ in these bits.
+// A reference is an endpoint's number; these bits turn it into that endpoint's entity or device.
 constexpr MidiObjectRef entityBit = 0x40000000;
 constexpr MidiObjectRef deviceBit = 0x80000000;
 
 } // namespace
 
-/// The driver's thread and its tasks, which it does in order. Lives on as long as the thread
-/// does, which may be longer than the system that started it.
+/// The driver's thread and its task queue. Lives as long as the thread, which may outlast the
+/// system that started it.
 class BackgroundMidiSystem::Worker : public std::enable_shared_from_this<Worker> {
 public:
     using Task = std::function<void(MidiDriver&)>;
@@ -47,15 +46,15 @@ public:
         m_changed.notify_all();
     }
 
-    /// Has the listener's thread call that. Both must be there until finish() is called.
+    /// Makes the call on the listener's thread. Both arguments must stay valid until finish().
     void tell(QObject& listener, const std::function<void()>& then) {
         const std::lock_guard lock{m_mutex};
         if (!m_finishing)
             QMetaObject::invokeMethod(&listener, then, Qt::QueuedConnection);
     }
 
-    // The following two on the worker's thread only.
-    /// From now on tells of each destination that has gone or is back.
+    // Call the following two on the worker's thread only.
+    /// From now on, reports each disappearance and each return of the destination.
     void setSeen(std::function<void(MidiObjectRef, bool)> seen) { m_seen = std::move(seen); }
     void note(MidiObjectRef destination, bool isThere) {
         const Look look{destination, isThere};
@@ -63,7 +62,7 @@ public:
             m_seen(destination, isThere);
     }
 
-    /// Lets the thread end once its tasks are done, and waits a while for that.
+    /// Ends the thread after its remaining tasks, and waits for that up to farewellTime.
     void finish() {
         std::unique_lock lock{m_mutex};
         m_finishing = true;
@@ -82,7 +81,7 @@ private:
         m_changed.notify_all();
     }
 
-    /// No task: the end.
+    /// An empty task ends the thread.
     Task next() {
         std::unique_lock lock{m_mutex};
         const auto due = [this] { return !m_tasks.empty() || m_finishing; };
@@ -101,7 +100,7 @@ private:
             note(m_lastLook.destination, isThere);
     }
 
-    /// At the destination of the last message.
+    /// The last known state of the last message's destination.
     struct Look {
         MidiObjectRef destination = 0;
         bool isThere = false;

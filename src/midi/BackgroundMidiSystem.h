@@ -14,18 +14,18 @@
 
 namespace vexa {
 
-/// A MIDI system whose driver runs on a thread of its own, so that no call waits on a device: a
-/// message is queued and the call returns. Reading the list asks the thread and, should it be
-/// held up, makes do with the last reading; until it goes on, nobody waits for it again.
+/// A MIDI system whose driver runs on its own thread, so no call waits for a device. Sending queues
+/// the message. Reading the list asks the thread. If the answer is late, the previous list serves,
+/// and no call waits again until the answer arrives.
 class BackgroundMidiSystem final : public MidiSystem {
 public:
-    /// Makes the driver on the new thread, and has it read its first list: it is from this that a
-    /// destination is chosen at start-up. Whoever asks for the list first waits up to eight seconds
-    /// for it; but nobody does where whenReached() was asked before, which needs an event loop.
+    /// Creates the driver on the new thread and has it read the first list, from which start-up
+    /// chooses a destination. The first reader of the list waits up to eight seconds for it. After
+    /// whenReached(), which needs an event loop, no reader waits.
     explicit BackgroundMidiSystem(std::function<std::unique_ptr<MidiDriver>()> makeDriver);
 
-    /// Leaves the queued messages a second to go out. What then still holds up the driver, such
-    /// as the system draining a device, no longer holds up the caller.
+    /// Gives queued messages a second to go out. A driver that is still busy then, such as one
+    /// draining a device, no longer delays the caller.
     ~BackgroundMidiSystem() override;
 
     void whenReached(std::function<void()> then) override;
@@ -44,7 +44,7 @@ public:
     std::size_t numberOfEntities(MidiObjectRef device) override;
     void send(MidiObjectRef destination, std::span<const std::uint8_t> message,
               Delivered then = {}) override;
-    /// It looks whenever something is sent, and every two seconds else. Needs an event loop.
+    /// Checks at each message, and every two seconds otherwise. Needs an event loop.
     void whenSeen(Seen seen) override;
 
 private:
@@ -64,14 +64,14 @@ private:
     MidiObjectRef onlyListed(Predicate matches) const;
 
     std::shared_ptr<Worker> m_worker;
-    std::future<std::vector<MidiPort>> m_answer; ///< to the last reading that was asked for
-    bool m_isReached = false; ///< the first reading is there, or was waited for in vain
-    std::vector<std::function<void()>> m_waiting; ///< for the first reading
-    std::unique_ptr<QObject> m_listener;          ///< through which the caller's thread is told
+    std::future<std::vector<MidiPort>> m_answer;  ///< to the last request for the list
+    bool m_isReached = false;                     ///< the first list has arrived, or timed out
+    std::vector<std::function<void()>> m_waiting; ///< callbacks for the first list
+    std::unique_ptr<QObject> m_listener;          ///< receives calls on the caller's thread
     std::map<std::string, MidiObjectRef> m_refs;  ///< by identity
     std::set<MidiUniqueId> m_ids;                 ///< of the endpoints
-    std::vector<Endpoint> m_endpoints;   ///< all ever seen; the reference is the position + 1
-    std::vector<MidiObjectRef> m_listed; ///< the destinations of the last reading
+    std::vector<Endpoint> m_endpoints;            ///< all ever seen; a reference is the index + 1
+    std::vector<MidiObjectRef> m_listed;          ///< the destinations of the last list
 };
 
 } // namespace vexa

@@ -54,7 +54,7 @@ void Vexa_MIDI_Manager::chooseDestination(bool isRemembered) {
         if (remembered)
             return;
     }
-    // Not written to the defaults: the remembered device is chosen again once it is back.
+    // Not saved to the defaults, so the remembered device is chosen again when it is back.
     m_destID = 0;
     const bool isAny = m_system.numberOfDestinations() != 0;
     setDest(isAny ? m_system.destination(0) : 0);
@@ -80,7 +80,7 @@ void Vexa_MIDI_Manager::sendStopMessage() { sendMessage(stopMessage(), {{Message
 
 void Vexa_MIDI_Manager::sendMessage(std::span<const std::uint8_t> bytes,
                                     const std::optional<DestinationStatus::Sent>& as) {
-    // To whom is known once the system has been reached; until then messages keep their order.
+    // The destination is unknown until the system is reached. Until then, messages wait in order.
     m_system.whenReached([this, as, message = std::vector(bytes.begin(), bytes.end())] {
         m_system.send(m_dest, message,
                       [self = QPointer(this), dest = m_dest, as](const MidiDelivery& delivery) {
@@ -103,7 +103,7 @@ void Vexa_MIDI_Manager::noteDelivery(MidiObjectRef dest, const MidiDelivery& del
 
 void Vexa_MIDI_Manager::notePresence(MidiObjectRef dest, bool isThere) {
     if (dest != m_dest)
-        return; // it was chosen before the present one
+        return; // no longer the chosen one
     auto status = m_status;
     status.presence = isThere ? Presence::there : Presence::away;
     setStatus(std::move(status));

@@ -15,46 +15,44 @@
 
 namespace vexa {
 
-/// The link to the generator: builds its messages and sends them to the one chosen destination.
-/// No failure is ever reported: a message to a destination that is missing is lost. Main thread
-/// only.
+/// The link to the generator: builds its messages and sends them to the chosen destination. It
+/// reports no failures: messages to a missing destination are lost. Main thread only.
 class Vexa_MIDI_Manager : public QObject {
     Q_OBJECT
 
 public:
-    /// The MIDI system to use. The shared manager of an earlier system is forgotten with it; the
-    /// new one is made on first use. The system must outlive its use here; the earlier one must
-    /// have been reached, or have ended.
+    /// Sets the MIDI system, which must outlive its use here. Drops the shared manager; the next
+    /// use creates a new one. The previous system must have been reached, or have ended.
     static void setMidiSystem(MidiSystem* system);
 
-    /// Made on first use: takes up the remembered destination and stops the generator there, or
-    /// else takes the first destination there is. All that once the system has been reached; what
-    /// is sent sooner goes out then. setMidiSystem() must have been called.
+    /// Created on first use. Chooses the remembered destination and stops the generator there, or
+    /// chooses the first destination. This happens once the system is reached, and earlier messages
+    /// go out then. Call setMidiSystem() first.
     static Vexa_MIDI_Manager& sharedMidiManager();
 
-    /// Sends the setup message and, at once, the start message. start is a packed timecode; what
-    /// it holds above its 32 bits is cut off.
+    /// Sends the setup message, immediately followed by the start message. start is a packed
+    /// timecode; bits above its 32 are ignored.
     void sendSetupMessageStart(std::uint64_t start, std::uint64_t frameRate, std::uint64_t type);
-    /// Sends nothing: the start message has gone out with the setup. Kept as the place for
-    /// devices that want a start of their own.
+    /// Sends nothing, as the start message follows the setup. Kept for devices that need a separate
+    /// start.
     void sendStartMessage() {}
     void sendStopMessage();
-    /// as: what it counts as in the status, but for its moment. Without, it is not told of there.
+    /// as: how the status shows the message; its time is filled in. Without it, the status ignores
+    /// the message.
     void sendMessage(std::span<const std::uint8_t> bytes,
                      const std::optional<DestinationStatus::Sent>& as = {});
 
-    /// A name for each destination that there is now, in the system's order; names may be empty or
-    /// alike. Positions below are those of this list until it is asked for again, whatever is
-    /// plugged in or out meanwhile.
+    /// The names of all present destinations, in the system's order. Names may be empty or alike.
+    /// The positions below refer to this list until the next call, whatever is plugged in or out.
     std::vector<std::string> destinationList();
     std::vector<MidiUniqueId> destinationIDs();
-    /// Makes the destination at a position of the list the current one and stops the generator
-    /// there. A position outside the list leaves no destination and keeps destID().
+    /// Chooses the destination at a position of the list and stops the generator there. A position
+    /// outside the list clears the destination and keeps destID().
     void connectToDestinationAtIndex(std::int64_t index);
-    /// The position of destID(), or 0 when it is not among the destinations.
+    /// The position of destID(), or 0 if it is not among the destinations.
     std::int32_t indexOfDestination();
 
-    /// Takes the remembered destID(). False, and nothing taken, when none was ever remembered.
+    /// Reads the remembered destID(). Returns false and changes nothing if none is stored.
     bool readPrefs();
     void writePrefs();
 
@@ -63,8 +61,7 @@ public:
     MidiUniqueId destID() const { return m_destID; }
     void setDestID(MidiUniqueId id) { m_destID = id; }
 
-    /// Of the destination: whether it is there, and what was sent last. It tells and changes
-    /// nothing.
+    /// Whether the destination is there, and what was last sent to it. For information only.
     const DestinationStatus& status() const { return m_status; }
 
     static std::uint64_t bcdToHour(PackedTimecode value) { return unpack(value).hours; }
@@ -73,7 +70,7 @@ public:
     static std::uint64_t bcdToFrame(PackedTimecode value) { return unpack(value).frames; }
 
 Q_SIGNALS:
-    /// Not of the time that passes.
+    /// Not emitted as the last message ages.
     void statusChanged();
 
 private:

@@ -7,12 +7,12 @@
 
 namespace vexa {
 
-/// The name of an endpoint with its device's before it, as "Hub Port 1"; a name is never doubled.
-/// An external endpoint that is its device's only entity goes by the device's name alone.
+/// The name of an endpoint after its device's, as in "Hub Port 1"; equal names are not repeated. An
+/// external endpoint that is its device's only entity has the device's name alone.
 std::string createEndpointDisplayName(MidiSystem& system, MidiObjectRef endpoint, bool isExternal);
 
-/// The name under which the operator knows a destination: what is cabled to it where the system
-/// can tell ("Synth, Recorder"), otherwise the endpoint's display name.
+/// A destination's name for the operator: what is cabled to it, if the system knows ("Synth,
+/// Recorder"); otherwise the endpoint's display name.
 std::string destinationName(MidiSystem& system, MidiObjectRef destination);
 
 /// The names of all destinations, in the system's order; names may be empty or alike.

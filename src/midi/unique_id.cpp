@@ -14,11 +14,11 @@ std::uint32_t hashed(const std::string& text) {
     return static_cast<std::uint32_t>(hash ^ hash >> 32);
 }
 
-/// The half of an ID that stays the same in any socket.
+/// The half of an ID that does not depend on the socket.
 constexpr std::uint32_t upperHalf = 0xFFFF0000;
 
 std::uint32_t anySocketBits(const MidiPort& port) {
-    // The last characters of a text, which tell a device's ports apart, do not reach the upper
+    // A device's ports differ in the last characters of the text, which do not affect the upper
     // half.
     return hashed(port.identityInAnySocket + " in any socket") & upperHalf;
 }
@@ -42,7 +42,7 @@ bool mayHaveBeen(MidiUniqueId id, const MidiPort& port) {
     const auto bits = static_cast<std::uint32_t>(id);
     if ((bits & upperHalf) == anySocketBits(port))
         return true;
-    // Earlier versions named the socket where a twin was there, and hashed the whole.
+    // Earlier versions hashed the whole identity, and included the socket only if there was a twin.
     return bits == hashed(port.identity) || bits == hashed(port.identityInAnySocket);
 }
 

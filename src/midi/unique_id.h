@@ -7,12 +7,12 @@
 
 namespace vexa {
 
-/// A unique ID made from the port's identity: the same on every machine and at every launch,
-/// whatever else is plugged in. It is none of those that are taken, and never 0.
+/// A unique ID derived from the port's identity: the same on every machine and at every launch,
+/// whatever else is plugged in. Never 0 and never one of the taken IDs.
 MidiUniqueId uniqueId(const MidiPort& port, const std::set<MidiUniqueId>& taken);
 
-/// Whether an ID that no port has may have been this one's: in another socket, or with an earlier
-/// version, whose settings the operator still has.
+/// Whether an unused ID may have been this port's: in another socket, or in settings of an earlier
+/// version.
 bool mayHaveBeen(MidiUniqueId id, const MidiPort& port);
 
 } // namespace vexa

@@ -1,7 +1,7 @@
 #!/bin/bash
-# build_machine.sh WORK PROGRAM…: makes what the virtual machine boots, WORK/vmlinuz and
-# WORK/initramfs.cpio, of a Debian kernel, these programs and those of this machine that the
-# scenarios use. The kernel's package is fetched once, and not installed.
+# build_machine.sh WORK PROGRAM…: builds what the virtual machine boots, WORK/vmlinuz and
+# WORK/initramfs.cpio, from a Debian kernel, these programs and the host's programs that the
+# scenarios use. Downloads the kernel package once and does not install it.
 set -euo pipefail
 work=$1
 shift
@@ -24,7 +24,7 @@ fetch_kernel() {
     package=$(apt-cache depends linux-image-amd64 | awk '$1 == "Depends:" { print $2; exit }')
     rm -rf fetched && mkdir fetched
     (cd fetched && apt-get -qq -o APT::Sandbox::User=root download "$package")
-    # Modules lie in /lib or in /usr/lib, by the release of Debian.
+    # Modules are in /lib or /usr/lib, depending on the Debian release.
     dpkg-deb --fsys-tarfile fetched/*.deb |
         tar -x -C fetched --transform 's|^\./usr/|./|' --wildcards './boot/vmlinuz-*' \
             './*lib/modules/*/modules.*' './*lib/modules/*/kernel/'{sound,fs,drivers/{media,usb}}
@@ -40,7 +40,7 @@ copy_modules() {
         awk '$1 == "insmod" { print $2 }' | sort -u | sed "s|^$PWD/kernel/||" |
         cpio --quiet -pd -D kernel "$PWD/root"
     cp kernel/lib/modules/*/modules.{builtin,builtin.modinfo,order} "root/lib/modules/$version"
-    find root/lib/modules -name '*.xz' -exec busybox unxz {} + # as newer Debians pack them
+    find root/lib/modules -name '*.xz' -exec busybox unxz {} + # newer Debians compress modules
     depmod -b root "$version"
 }
 

@@ -9,12 +9,12 @@ HERE = pathlib.Path(__file__).parent
 
 
 def scenarios(kind):
-    """All of a folder of scenarios."""
+    """All scenarios in a folder."""
     return sorted(f"{kind}/{file.stem}" for file in (HERE / "scenarios" / kind).glob("*.sh"))
 
 
 def has_sequencer():
-    """Whether this machine can run the scenarios that need nothing but a sequencer."""
+    """Whether this machine can run the scenarios that need only a sequencer."""
     return os.access("/dev/snd/seq", os.R_OK | os.W_OK)
 
 
@@ -29,9 +29,11 @@ def build_virtual(work, *programs):
 
 
 def run_virtual(work, scenarios, results, seconds):
-    """Boots the machine that was built in `work`, which must be done in so many seconds. It is
-    emulated: also where /dev/kvm opens, the kernel may not come up on it. On a busy machine its
-    timer comes too late for the check that a kernel does first."""
+    """Boots the machine built in `work`, which must finish within that many seconds.
+
+    The machine is emulated, as the kernel may hang under KVM even if /dev/kvm opens. On a busy
+    machine its timer is too late for the kernel's first check, which is turned off.
+    """
     console, archive = results.with_suffix(".console"), results.with_suffix(".tar.gz")
     archive.unlink(missing_ok=True)
     command = [

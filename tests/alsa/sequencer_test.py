@@ -1,8 +1,8 @@
 """sequencer_test.py BINARIES WORK: the programs on the ALSA sequencer of a real kernel.
 
-Scenarios (scenarios/*/*.sh) run in a virtual machine, twice where what they leave must be the same
-after the next start of the machine; those that need nothing but a sequencer run on this machine
-where it has one. What they leave is judged here.
+Scenarios (scenarios/*/*.sh) run in a virtual machine; those that need only a sequencer run on this
+machine if it has one. Some run twice, as their results must survive a restart of the machine. This
+test checks the results.
 """
 
 import pathlib
@@ -21,14 +21,14 @@ binaries, work = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3]
 
 
 def run_frames(second=0):
-    """What a stripe at "25 fps", DTL, from 01:00:00:00 or a later second sends: stops at the choice
-    of the destination, at start-up and at Play, then setup and start, and two stops at the end."""
+    """The messages of a stripe at "25 fps", DTL, from 01:00:00:00 or a later second: stops when the
+    destination is chosen, at start-up and at Play, then setup and start, and two stops at the end."""
     time = f"F0 7D 42 01 00 {second:02X} 00"
     return [STOP] * 3 + [f"{time} 05 F7", f"{time} 7F F7"] + [STOP] * 2
 
 
 def read_time(pieces):
-    """The time that eight quarter frames tell, at 30 drop-frame."""
+    """The time that eight quarter frames carry, at 30 drop-frame."""
     low, high = pieces[::2], pieces[1::2]
     frames, seconds, minutes, hours = ((h & 0xF) << 4 | l & 0xF for l, h in zip(low, high))
     assert hours >> 5 == 2, f"rate {hours >> 5}"
@@ -36,7 +36,7 @@ def read_time(pieces):
 
 
 class Result:
-    """What a scenario left."""
+    """The results of a scenario."""
 
     def __init__(self, scenario, results="first"):
         self.folder = work / results / scenario
@@ -53,7 +53,7 @@ class Result:
         return re.findall(r"System exclusive +(.*\S)", self.text(name))
 
     def destinations(self, name="destinations"):
-        """Names and IDs, in their order."""
+        """Names and IDs, in order."""
         lines = (line.split("\t") for line in self.text(name).splitlines())
         return [(name, int(identifier)) for _, identifier, name, *_ in lines]
 
@@ -68,8 +68,8 @@ class SequencerTest(unittest.TestCase):
     maxDiff = None
 
     def assert_ended_on_time(self, result, seconds):
-        """A stripe of so many seconds. Nine more are for the start of the program on a busy machine
-        and a farewell to a device; one that is waited for takes ten."""
+        """Checks a stripe of that many seconds. Allows nine more for a slow start on a busy machine
+        and for closing a device; a program that waited for the device would take ten."""
         self.assertEqual(result.number("status"), 0)
         self.assertEqual(result.text("errors"), "")
         self.assertGreaterEqual(result.number("seconds"), seconds)

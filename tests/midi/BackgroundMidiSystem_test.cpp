@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What a driver is to find, and what it was told to send; shared with the test's thread.
+/// What the driver finds and what it was told to send; shared with the test's thread.
 struct World {
     std::mutex mutex;
     std::condition_variable changed;
@@ -79,7 +79,7 @@ struct BackgroundMidi : testing::Test {
             [this] { return std::make_unique<WorldDriver>(world); });
     }
 
-    /// Another system, which finds these.
+    /// Opens another system, which finds these ports.
     void openWith(std::vector<MidiPort> ports) {
         system.reset();
         world.ports = std::move(ports);
@@ -140,7 +140,7 @@ TEST_F(BackgroundMidi, APortThatComesBackElsewhereIsTheSameObject) {
     EXPECT_EQ(system->destination(2), port);
 }
 
-/// What is told of messages and of the destination, in the order of its coming.
+/// Records what is reported of messages and of the destination, in order.
 struct BackgroundReports : BackgroundMidi {
     BackgroundReports() {
         system->numberOfDestinations();
@@ -198,7 +198,7 @@ TEST_F(BackgroundReports, ADestinationThatGoesAndComesIsSeenWhileNothingIsSent) 
 TEST_F(BackgroundReports, OfWhatNeverWasADestinationNothingIsTold) {
     const std::uint8_t byte = 1;
     system->send(0, std::span(&byte, 1), [this](const auto&) { told.emplace_back("told"); });
-    send(system->destination(0)); // of which is told later
+    send(system->destination(0)); // reported later
     EXPECT_THAT(next(2), ElementsAre("MIDI 1 took it", "MIDI 1 is there"));
 }
 
@@ -209,7 +209,7 @@ TEST_F(BackgroundReports, ASystemThatEndsTellsNothingMore) {
     EXPECT_THAT(told, IsEmpty());
 }
 
-/// A port of an interface whose maker gave all of them one serial number.
+/// A port of an interface whose maker gives all devices the same serial number.
 MidiPort twin(const std::string& socket) {
     MidiPort port{"usb:1 at " + socket, "20:0", "MIDI 1", "usb:1 at " + socket, "Box"};
     port.identityInAnySocket = "usb:1";
@@ -307,7 +307,7 @@ TEST_F(BackgroundMidi, TheFirstListIsReadAtOnceAndWaitedForLonger) {
     world.hold(true);
     open();
     const std::jthread release([this] {
-        std::this_thread::sleep_for(600ms); // more than twice as long as later ones are waited for
+        std::this_thread::sleep_for(600ms); // more than twice the wait for later lists
         world.hold(false);
     });
     EXPECT_EQ(system->numberOfDestinations(), 3u);
@@ -363,7 +363,7 @@ TEST_F(BackgroundMidi, ADriverThatIsHeldUpIsAskedForTheListOnlyOnce) {
     while (system->numberOfDestinations() == 3u)
         std::this_thread::yield();
     EXPECT_EQ(system->numberOfDestinations(), 2u);
-    EXPECT_EQ(world.readings, 4) << "once before, once while and once after, and once more";
+    EXPECT_EQ(world.readings, 4) << "one before, one during, one after, and one more";
 }
 
 TEST_F(BackgroundMidi, TheDriverLivesOnAThreadOfItsOwnAndGoesWithTheSystem) {

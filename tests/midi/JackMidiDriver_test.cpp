@@ -28,7 +28,7 @@ namespace {
 
 const std::string stopFrame = "F0 7D 42 00 00 00 00 00 F7";
 
-/// A receiver on the server, there as long as this object.
+/// A receiver on the server for the lifetime of this object.
 class Receiver {
 public:
     explicit Receiver(const char* name, const char* alias = nullptr) {
@@ -43,7 +43,7 @@ public:
         close(output[1]);
         m_input = input[1];
         m_output = fdopen(output[0], "r");
-        std::setvbuf(m_output, nullptr, _IONBF, 0); // or a line could wait where poll() sees none
+        std::setvbuf(m_output, nullptr, _IONBF, 0); // or poll() could miss a buffered line
         if (next() == "ready")
             return;
         leave();
@@ -53,7 +53,7 @@ public:
     Receiver(const Receiver&) = delete;
     Receiver& operator=(const Receiver&) = delete;
 
-    /// Waits for the next message; empty when none comes, or the receiver has ended.
+    /// Waits for the next message; empty if none comes or the receiver has ended.
     std::string next() {
         constexpr int patience = 60000; // ms
         pollfd polled{fileno(m_output), POLLIN, 0};
@@ -64,7 +64,7 @@ public:
         return text.substr(0, text.find_last_not_of(" \n") + 1);
     }
 
-    /// Takes the receiver off the server; returns what it had got since next() was last asked.
+    /// Takes the receiver off the server; returns the messages since the last next().
     std::vector<std::string> leave() {
         std::vector<std::string> rest;
         if (m_pid == 0)
@@ -84,11 +84,11 @@ private:
     std::FILE* m_output = nullptr;
 };
 
-/// The program, as far as MIDI goes, from its launch to its end.
+/// The program's MIDI side, from launch to end.
 class Program {
 public:
     Program() {
-        m_system.numberOfDestinations(); // there is no event loop to tell of the first list
+        m_system.numberOfDestinations(); // no event loop reports the first list
         Vexa_MIDI_Manager::setMidiSystem(&m_system);
     }
     ~Program() { Vexa_MIDI_Manager::setMidiSystem(nullptr); }
@@ -108,7 +108,7 @@ public:
         manager().writePrefs();
     }
 
-    /// Waits until the status of the destination reads so, whatever the age of the last message.
+    /// Waits until the status starts with this text, whatever the age of the last message.
     static std::string statusOnce(const std::string& beginning) {
         std::string text;
         const auto isThere = [&] {
@@ -122,7 +122,7 @@ public:
     }
 
 private:
-    /// A driver that is busy joining a server answers later, and the list before serves until then.
+    /// A driver that is joining a server answers late; until then the previous list serves.
     template<class Wanted>
     static std::vector<std::string> listWhere(const Wanted& isWanted) {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
@@ -199,7 +199,7 @@ TEST_F(JackMidi, AReceiverThatComesBackGetsTheNextMessageAndNoOtherEverDoes) {
         Program::choose("beta:in");
         EXPECT_EQ(beta->next(), stopFrame);
         beta.reset();
-        gamma = std::make_unique<Receiver>("gamma"); // where the server had beta
+        gamma = std::make_unique<Receiver>("gamma"); // takes beta's place on the server
         Program::manager().sendStopMessage();
         Program::awaitList({"alpha:in", "gamma:in"});
         beta = std::make_unique<Receiver>("beta");
@@ -225,7 +225,7 @@ TEST_F(JackMidi, TheStatusTellsOfSentWhatTheReceiverSawAndOfNothingElse) {
     EXPECT_THAT(beta->leave(), IsEmpty());
     EXPECT_EQ(Program::statusOnce("beta:in is"), "beta:in is not there");
     Program::manager().sendStopMessage();
-    Program::awaitList({}); // which comes after the message
+    Program::awaitList({}); // answered after the message is sent
     beta = std::make_unique<Receiver>("beta");
     EXPECT_THAT(Program::statusOnce("beta:in ·"), StartsWith("beta:in · start 01:02:03:04 · "))
         << "the stop was lost";
@@ -276,7 +276,7 @@ TEST_F(JackMidi, HardwareIsKnownByItsAlias) {
     const auto ids = Program::manager().destinationIDs();
     EXPECT_EQ(ids.at(1), id);
     EXPECT_NE(ids.at(0), id);
-    EXPECT_NE(ids.at(2), id) << "a second one of the same name";
+    EXPECT_NE(ids.at(2), id) << "a second one with the same name";
 }
 
 TEST_F(JackMidi, ATwinNeverTakesThePlaceOfTheChosenOne) {

@@ -8,7 +8,7 @@ using testing::IsEmpty;
 
 namespace {
 
-/// The identities that ports get, each given as "identity presence".
+/// The resulting identities of ports, each given as "identity presence".
 std::vector<std::string> numbered(TwinNumbers& numbers,
                                   const std::vector<std::pair<std::string, std::string>>& there) {
     std::vector<MidiPort> ports;
@@ -51,7 +51,7 @@ TEST(TwinNumbers, OfOneThatWentGoToNobodyElse) {
     EXPECT_THAT(numbered(numbers, {{"x", "4"}}), ElementsAre("x#4"));
 }
 
-/// Three twins that come and go: the bits of each step tell which of them are there.
+/// Three twins come and go; the bits of each step tell which are present.
 void expectNoneIsTakenForTheFirst(const std::vector<unsigned>& steps) {
     TwinNumbers numbers;
     std::vector<std::string> presences{"chosen", "b", {}};

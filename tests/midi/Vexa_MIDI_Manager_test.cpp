@@ -105,7 +105,7 @@ TEST_F(Manager, WhatIsSentBeforeTheSystemIsReachedGoesOutThenAndInOrder) {
     system.beOutOfReach();
     shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::dtl);
     EXPECT_EQ(shared().dest(), 0u);
-    EXPECT_EQ(shared().destID(), 12) << "what preferences that are confirmed meanwhile write";
+    EXPECT_EQ(shared().destID(), 12) << "confirming the preferences meanwhile saves this ID";
     EXPECT_THAT(system.takeSent(), IsEmpty());
     system.reach();
     EXPECT_EQ(shared().dest(), second);
@@ -153,7 +153,7 @@ TEST_F(Manager, PositionsAreThoseOfTheListLastAskedFor) {
     EXPECT_THAT(shared().destinationIDs(), ElementsAre(11, 12));
     EXPECT_EQ(shared().indexOfDestination(), 0);
     shared().connectToDestinationAtIndex(0);
-    EXPECT_EQ(shared().dest(), a) << "and not B, which has its position by now";
+    EXPECT_EQ(shared().dest(), a) << "not B, which has this position now";
     EXPECT_EQ(shared().destID(), 11);
     ASSERT_THAT(shared().destinationList(), ElementsAre("B"));
     EXPECT_THAT(shared().destinationIDs(), ElementsAre(12));
@@ -192,7 +192,7 @@ TEST_F(Manager, SplitsPackedTimes) {
 }
 
 struct Status : Manager {
-    /// As it is told two seconds from now.
+    /// The status text about two seconds from now.
     static std::string text() {
         return statusText(shared().status(), std::chrono::steady_clock::now() + 2500ms);
     }
@@ -207,7 +207,7 @@ TEST_F(Status, ToldOfADestinationIsItsNameAndWhatWasSentThereLast) {
     EXPECT_EQ(text(), "Timecode Box MIDI 1 · start 01:00:00:00 · 2 s ago");
     shared().sendStopMessage();
     EXPECT_EQ(text(), "Timecode Box MIDI 1 · stop · 2 s ago");
-    EXPECT_EQ(system.takeSent().size(), 3u) << "telling sends nothing";
+    EXPECT_EQ(system.takeSent().size(), 3u) << "reading the status sends nothing";
 }
 
 TEST_F(Status, WhatIsLostWasNotSent) {
@@ -226,7 +226,7 @@ TEST_F(Status, WhatIsLostWasNotSent) {
 TEST_F(Status, AMessageThatIsLostIsEnoughToTell) {
     const auto box = system.addDestination("Box", 11);
     EXPECT_EQ(text(), "Box");
-    system.unplug(box); // unseen: nothing was sent there so far
+    system.unplug(box); // unnoticed, as nothing has been sent there yet
     EXPECT_EQ(text(), "Box");
     shared().sendStopMessage();
     EXPECT_EQ(text(), "Box is not there");
@@ -263,7 +263,7 @@ TEST_F(Status, ChangesAreTold) {
     system.unplug(box);
     EXPECT_EQ(told, 2);
     shared().sendStopMessage();
-    EXPECT_EQ(told, 2) << "it is known not to be there";
+    EXPECT_EQ(told, 2) << "already known to be gone";
     system.plugIn(box, 0);
     EXPECT_EQ(told, 3);
 }

@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A tree with the shape of /sys, and cards in it.
+/// A folder tree shaped like /sys, with cards in it.
 class Card : public testing::Test {
 protected:
     fs::path folder(const std::string& path) const {
@@ -24,8 +24,7 @@ protected:
         std::ofstream(file) << line << '\n';
     }
 
-    /// A card below the device with that path, as the kernel numbers it. A second card of the
-    /// same number takes its place.
+    /// A card below that device, as the kernel numbers it. Replaces a card with the same number.
     void addCard(int number, const std::string& id, const std::string& device) const {
         const auto card = folder(device + "/sound/card" + std::to_string(number));
         write(card / "id", id);
@@ -35,7 +34,7 @@ protected:
         fs::create_directory_symlink(card, link);
     }
 
-    /// A card of a USB interface 0 in that place.
+    /// A card on interface 0 of that USB device.
     void addUsbCard(int number, const std::string& usbDevice,
                     const std::string& serial = {}) const {
         const auto device = folder(usbDevice);

@@ -82,7 +82,7 @@ TEST_F(DisplayName, OfTheOnlyExternalEntityIsTheDevices) {
 }
 
 struct DestinationName : DisplayName {
-    /// A destination of the interface "Hub" with that connection property.
+    /// The name of a destination of the interface "Hub" with this connection property.
     std::string nameCabledTo(std::optional<Bytes> connections) {
         const auto port = system.addDestination("Port 1", 1, entity("x", device("Hub")));
         system.object(port).connections = std::move(connections);

@@ -1,8 +1,7 @@
-// jack_receive NAME [ALIAS]: prints each message that comes to the JACK port NAME:in as a line
-// "F0 7D 42", until its standard input ends. The first line, "ready", tells that the port is there;
-// a server that is starting is waited for. With an alias, the port is one of the hardware's. A
-// program of its own, since thread sanitizers do not see how the server has clients follow each
-// other.
+// jack_receive NAME [ALIAS]: prints each message that arrives at the JACK port NAME:in as a line
+// "F0 7D 42", until standard input ends. The first line, "ready", confirms that the port exists.
+// Waits for a server that is starting. With an alias, the port counts as hardware. It is a separate
+// program, as thread sanitizers do not see how the server synchronizes its clients.
 
 #include <jack/jack.h>
 #include <jack/midiport.h>
@@ -17,7 +16,7 @@
 
 namespace {
 
-using Message = std::array<char, 64>; // its text
+using Message = std::array<char, 64>; // as text
 
 struct Receiver {
     jack_port_t* port = nullptr;

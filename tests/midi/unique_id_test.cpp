@@ -8,7 +8,7 @@ namespace {
 
 MidiPort port(const std::string& identity) { return {identity, {}, {}, {}, {}}; }
 
-/// A port of a USB interface with that serial number, in that socket.
+/// A port of a USB interface with that serial number in that socket.
 MidiPort usbPort(const std::string& serial, const std::string& socket, int number = 1) {
     const auto name = "usb:1d6b:0104:" + serial + ":00";
     const auto end = '/' + std::to_string(number);
@@ -18,7 +18,7 @@ MidiPort usbPort(const std::string& serial, const std::string& socket, int numbe
 }
 
 TEST(UniqueId, StaysWhatItIsFromReleaseToRelease) {
-    // They are written into the operator's settings.
+    // Operators' settings contain these IDs, so they must not change.
     EXPECT_EQ(uniqueId(port("program:Vexa Generator/Vexa Generator"), {}), 1299922810);
     EXPECT_EQ(uniqueId(port("usb:1d6b:0104:at 1-1:00/1"), {}), -1608722274);
     EXPECT_EQ(uniqueId(usbPort("A1", "0000:00:14.0-2"), {}), -505933833);
@@ -26,7 +26,7 @@ TEST(UniqueId, StaysWhatItIsFromReleaseToRelease) {
 
 TEST(UniqueId, IsNever0AndNoneThatIsTaken) {
     std::set<MidiUniqueId> taken;
-    for (int i = 0; i < 200000; ++i) // enough for collisions of 32 bits
+    for (int i = 0; i < 200000; ++i) // enough for 32-bit collisions
         EXPECT_TRUE(taken.insert(uniqueId(port("port " + std::to_string(i)), taken)).second);
     EXPECT_FALSE(taken.contains(0));
 }

@@ -31,14 +31,14 @@ MidiPort described(snd_seq_client_info_t* client, const snd_seq_port_info_t* inf
     MidiPort port;
     port.address =
         std::to_string(snd_seq_port_info_get_client(info)) + ':' + std::to_string(number);
-    // The kernel gives an address away again, but hardly to the same process.
+    // The kernel reuses addresses, but hardly ever for the same process.
     port.presence = std::to_string(snd_seq_client_info_get_pid(client)) + '@' + port.address;
     if (card < 0) {
         port.identity = "program:" + clientName + '/' + portName;
         port.name = portName == clientName ? portName : clientName + ' ' + ownName;
         port.whereabouts = "at " + port.address;
     } else {
-        // A card's port number counts its raw devices and their subdevices, in a fixed order.
+        // A card's port number counts its raw MIDI devices and their subdevices in a fixed order.
         const auto identity = cardIdentity(card);
         const auto end = '/' + std::to_string(number);
         port.device = identity.exact;
@@ -52,8 +52,7 @@ MidiPort described(snd_seq_client_info_t* client, const snd_seq_port_info_t* inf
     return port;
 }
 
-/// Closing a port lets its device play out what it holds, which for a device that does not take
-/// its bytes lasts up to ten seconds.
+/// Closing a port drains its device. That takes up to ten seconds if the device accepts no bytes.
 template<typename Sequencer>
 void closeInTheBackground(Sequencer sequencer) {
     if (sequencer)
@@ -130,8 +129,8 @@ void AlsaMidiDriver::linkTo(const std::string& identity) {
 }
 
 bool AlsaMidiDriver::send(const std::string& identity, std::span<const std::uint8_t> message) {
-    // Without this look a message could reach another device that has since been given the
-    // address, or none: sent to a hardware port without a subscription, it is lost.
+    // Check first: the address may belong to another device by now. Without a subscription, a
+    // hardware port loses the message.
     if (m_link.identity != identity || !isLinked())
         linkTo(identity);
     if (!m_link.sequencer)
@@ -143,7 +142,7 @@ bool AlsaMidiDriver::send(const std::string& identity, std::span<const std::uint
     snd_seq_ev_set_dest(&event, m_link.destination.client, m_link.destination.port);
     snd_seq_ev_set_direct(&event);
     snd_seq_ev_set_sysex(&event, static_cast<unsigned>(bytes.size()), bytes.data());
-    // A receiver's full queue is no loss yet, but the kernel does not tell when there is room.
+    // A full receiver queue may still drain, but the kernel does not report when there is room.
     for (int attempt = 0; attempt < 500; ++attempt) {
         const int result = snd_seq_event_output_direct(m_link.sequencer.get(), &event);
         if (result != -EAGAIN && result != -ENOMEM)

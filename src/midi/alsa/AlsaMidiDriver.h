@@ -25,8 +25,8 @@ private:
     };
     using Sequencer = std::unique_ptr<snd_seq_t, Closer>;
 
-    /// A client of ours whose output port is subscribed to one destination. The subscription is
-    /// what opens a hardware port; the system ends it when the destination goes away.
+    /// A client of ours whose output port is subscribed to one destination. The subscription opens
+    /// a hardware port; the system ends it when the destination goes away.
     struct Link {
         Sequencer sequencer;
         int port = -1;
@@ -38,7 +38,7 @@ private:
     bool isLinked() const;
     void linkTo(const std::string& identity);
 
-    Sequencer m_lister; ///< a client of its own: listing is open to it while no link is
+    Sequencer m_lister; ///< a separate client, so listing works without a link
     Link m_link;
     TwinNumbers m_twins;
 };

@@ -16,14 +16,14 @@ std::string lineOf(const fs::path& file) {
     return line;
 }
 
-/// The device below which the card is made. Empty where there is none.
+/// The card's parent device; empty if there is none.
 fs::path deviceOf(const fs::path& cardFolder) {
     std::error_code none;
     return fs::canonical(cardFolder / "device", none);
 }
 
-/// The controller, and the ports from there on: "0000:00:14.0-1.4" for port 4 of the hub in its
-/// port 1. Without the bus's number, "3" in "3-1.4", which is given as the buses are found.
+/// The controller and the ports below it: "0000:00:14.0-1.4" is port 4 of the hub in its port 1.
+/// Omits the bus number, "3" in "3-1.4", which depends on the order in which buses are found.
 std::string usbSocket(const fs::path& usbDevice) {
     auto bus = usbDevice;
     while (bus.has_relative_path() && !bus.filename().string().starts_with("usb"))
@@ -47,10 +47,10 @@ CardIdentity usbIdentity(const fs::path& interface) {
 }
 
 CardIdentity otherBusIdentity(const fs::path& device) {
-    // FireWire nodes are numbered anew at each plugging in, and know a number of their own.
+    // FireWire nodes are renumbered whenever they are plugged in, but have a unique number.
     if (const auto guid = lineOf(device.parent_path() / "guid"); !guid.empty())
         return {"firewire:" + guid, {}, "GUID " + guid};
-    // This machine as a USB device: numbered as it comes, below a controller that is not.
+    // This machine as a USB device: the gadget's number varies, that of its controller does not.
     const bool isGadget = device.filename().string().starts_with("gadget");
     const auto place = (isGadget ? device.parent_path() : device).filename().string();
     return {"bus:" + place, {}, "at " + place};
@@ -61,7 +61,7 @@ CardIdentity otherBusIdentity(const fs::path& device) {
 CardIdentity cardIdentity(int card, const std::string& soundClass) {
     const fs::path cardFolder = fs::path(soundClass) / ("card" + std::to_string(card));
     const auto device = deviceOf(cardFolder);
-    // Cards made in software hang below a platform device that is numbered as it comes.
+    // Software cards belong to a platform device whose number varies.
     if (device.empty() || device.string().find("/platform/snd_") != std::string::npos) {
         const auto id = lineOf(cardFolder / "id");
         return {"card:" + id, {}, "card " + id};

@@ -8,8 +8,8 @@ namespace vexa {
 
 namespace {
 
-/// A hardware port is called system:midi_playback_N, where N counts what is plugged in; its alias
-/// names the hardware. Empty when it has none.
+/// A hardware port is called system:midi_playback_N, where N varies with what is plugged in. Its
+/// alias names the hardware. Empty if it has none.
 std::string hardwareAlias(const jack_port_t* port) {
     if (!(jack_port_flags(port) & JackPortIsPhysical))
         return {};
@@ -27,7 +27,7 @@ MidiPort described(const char* portName, const jack_port_t* jackPort, int sessio
     port.address = portName;
     port.name = alias.empty() ? portName : alias.substr(alias.find(':') + 1);
     port.identity = alias.empty() ? port.address : "hardware:" + port.name;
-    // Every server counts from 1 again.
+    // Every server numbers its ports from 1.
     port.presence = std::to_string(session) + '@' + port.address;
     port.whereabouts = alias.empty() ? std::string{} : "at " + port.address;
     return port;

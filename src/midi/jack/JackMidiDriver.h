@@ -8,8 +8,7 @@
 
 namespace vexa {
 
-/// The JACK server that somebody else has started or will start. When it goes away and a new one
-/// comes, that one is joined.
+/// The JACK server, which others start. When the server goes away, the driver joins the next one.
 class JackMidiDriver final : public MidiDriver {
 public:
     std::vector<MidiPort> ports() override;
@@ -21,9 +20,9 @@ private:
     bool connectTo(const std::string& identity);
 
     std::unique_ptr<JackSession> m_session;
-    int m_sessions = 0; ///< how many were tried
+    int m_sessions = 0; ///< number of sessions tried
     TwinNumbers m_twins;
-    std::string m_identity; ///< of the port that messages last went to
+    std::string m_identity; ///< of the last message's port
 };
 
 } // namespace vexa

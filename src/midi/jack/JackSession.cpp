@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t queueBytes = 65536;
-constexpr auto longestPeriod = 5s; // as long as a server waits for a client that is held up
+constexpr auto longestPeriod = 5s; // a server waits this long for a slow client
 
 void ignoreMessage(const char*) {}
 
@@ -22,8 +22,8 @@ void ignoreMessage(const char*) {}
 std::unique_ptr<JackSession> JackSession::open() {
     jack_set_error_function(ignoreMessage);
     jack_set_info_function(ignoreMessage);
-    // A busy server can miss its own sign that a client has come or joined and, five seconds later,
-    // refuse it: the next attempt is as good as the first.
+    // A busy server can miss its own signal that a client has come or joined, and refuses the
+    // client five seconds later. A second attempt has the same chances as the first.
     jack_status_t status{};
     for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
         auto* client = jack_client_open(midiClientName, JackNoStartServer, &status);
@@ -41,7 +41,7 @@ JackSession::JackSession(jack_client_t* client)
       m_output(jack_port_register(client, midiOutputPortName, JACK_DEFAULT_MIDI_TYPE,
                                   JackPortIsOutput, 0)),
       m_queue(jack_ringbuffer_create(queueBytes)) {
-    // Both callbacks run on threads of the server's choosing and may neither wait nor allocate.
+    // The callbacks run on threads of the JACK library. They must neither wait nor allocate.
     jack_set_process_callback(
         client,
         [](jack_nframes_t frames, void* self) {
@@ -52,7 +52,7 @@ JackSession::JackSession(jack_client_t* client)
         client,
         [](void* self) {
             static_cast<JackSession*>(self)->m_serverGone = true;
-            static_cast<JackSession*>(self)->m_period.release(); // nobody waits any longer
+            static_cast<JackSession*>(self)->m_period.release(); // wakes a waiting thread
         },
         this);
 }
@@ -71,7 +71,7 @@ int JackSession::process(jack_nframes_t frames) {
             break;
         auto* event = jack_midi_event_reserve(buffer, 0, length);
         if (!event)
-            break; // the period is full: the rest goes with the next
+            break; // the period is full; the rest follows in the next
         jack_ringbuffer_read_advance(m_queue.get(), 1);
         jack_ringbuffer_read(m_queue.get(), reinterpret_cast<char*>(event), length);
     }
@@ -85,7 +85,7 @@ bool JackSession::awaitPeriod() {
     if (isAlive() && m_period.try_acquire_for(longestPeriod))
         return isAlive();
     if (!m_periodAwaited.exchange(false))
-        m_period.acquire(); // it has come by now, and must not count for the next
+        m_period.acquire(); // the period came after all; it must not count for the next wait
     return false;
 }
 
@@ -94,7 +94,7 @@ void JackSession::awaitEmptyQueue() {
         return; // nothing was ever sent
     while (jack_ringbuffer_read_space(m_queue.get()) > 0 && awaitPeriod()) {
     }
-    awaitPeriod(); // what left the queue last is delivered when its period ends
+    awaitPeriod(); // the last message is delivered when its period ends
 }
 
 bool JackSession::isConnectedTo(const std::string& portName) const {
@@ -113,12 +113,12 @@ void JackSession::connectTo(const std::string& portName) {
     if (jack_connect(m_client, ours, portName.c_str()) != 0)
         return;
     awaitConnectionTo(portName);
-    awaitPeriod(); // one that began before the change may be under way
+    awaitPeriod(); // a period that began before the change may still be running
 }
 
 void JackSession::awaitConnectionTo(const std::string& portName) {
-    // The server makes the connection in one of the next periods. A message that leaves the queue
-    // sooner is lost; a port that goes away meanwhile is not waited for.
+    // The server connects in one of the next periods, and messages sent earlier are lost. Does not
+    // wait for a port that goes away.
     constexpr int mostPeriods = 8;
     for (int period = 0; period < mostPeriods; ++period) {
         if (isConnectedTo(portName) || !awaitPeriod())

@@ -12,34 +12,34 @@
 
 namespace vexa {
 
-/// A client of a JACK server with one MIDI output port, for as long as that server lives.
+/// A JACK client with one MIDI output port. Usable while its server runs.
 class JackSession {
 public:
-    /// Nothing when no server answers.
+    /// Null if no server answers.
     static std::unique_ptr<JackSession> open();
     ~JackSession();
     JackSession(const JackSession&) = delete;
     JackSession& operator=(const JackSession&) = delete;
 
-    /// Whether the server is still there.
+    /// Whether the server is still running.
     bool isAlive() const { return !m_serverGone; }
     jack_client_t* client() const { return m_client; }
 
-    /// Leads what is sent from now on to that port and no longer to the one before. Returns when
-    /// the server has taken the change over, so that the next message is not lost to it.
+    /// Connects the output to this port instead of the previous one. Returns when the server has
+    /// made the change, so the next message is not lost.
     void connectTo(const std::string& portName);
-    /// Whether what is sent now reaches the port that connectTo() named last.
+    /// Whether messages now reach the port last passed to connectTo().
     bool isConnected() const { return isAlive() && isConnectedTo(m_connected); }
 
-    /// Hands a whole message, 255 bytes at most, to the server's next period. One that finds no
-    /// room, as with a server that hangs, is lost: false.
+    /// Queues a whole message, 255 bytes at most, for the server's next period. If there is no
+    /// room, as when the server hangs, drops it and returns false.
     bool write(std::span<const std::uint8_t> message);
 
 private:
     explicit JackSession(jack_client_t* client);
     int process(jack_nframes_t frames);
     bool isConnectedTo(const std::string& portName) const;
-    /// False when none comes: the server hangs or is gone.
+    /// False if no period comes: the server hangs or is gone.
     bool awaitPeriod();
     void awaitEmptyQueue();
     void awaitConnectionTo(const std::string& portName);
@@ -51,7 +51,7 @@ private:
     jack_client_t* m_client;
     jack_port_t* m_output = nullptr;
     std::string m_connected;
-    /// Each message follows one byte that tells its length.
+    /// A length byte precedes each message.
     std::unique_ptr<jack_ringbuffer_t, RingCloser> m_queue;
     std::atomic<bool> m_serverGone = false;
     std::atomic<bool> m_periodAwaited = false;

@@ -1,10 +1,10 @@
-# What scenarios are written in.
+# The commands for writing scenarios.
 
 trap 'kill $(jobs -p) 2> /dev/null || true' EXIT
 
 now() { cut -d ' ' -f 1 /proc/uptime; }
 
-# await COMMAND…: repeats the command until it succeeds, for ten seconds at most.
+# await COMMAND…: repeats the command until it succeeds, for at most ten seconds.
 await() {
     tries=100
     until "$@" > /dev/null 2>&1; do
@@ -14,7 +14,7 @@ await() {
     done
 }
 
-# receive FILE [PORT]: starts a receiver, which is a port "aseqdump", or listens at PORT.
+# receive FILE [PORT]: starts a receiver: a port "aseqdump", or a listener at PORT.
 receive() {
     aseqdump ${2:+-p "$2"} > "$1" &
     receiver=$!
@@ -23,11 +23,11 @@ receive() {
 haveReceivers() { [ "$(grep -c 'Port .*"aseqdump"' /proc/asound/seq/clients)" -eq "$1" ]; }
 receiverShows() { grep -A 1 'Port .*"aseqdump"' /proc/asound/seq/clients | grep "$1"; }
 
-# received FILE COUNT: whether so many frames have come.
+# received FILE COUNT: whether that many frames have arrived.
 received() { [ "$(grep -c 'System exclusive' "$1")" -ge "$2" ]; }
 
-# endReception FILE COUNT: ends the receiver when so many frames have come, or do not come, and a
-# moment for more than those has passed.
+# endReception FILE COUNT: ends the receiver once that many frames have arrived or the wait is over.
+# Waits a moment longer to catch extra frames.
 endReception() {
     await received "$1" "$2" || true
     sleep 0.3
@@ -44,8 +44,8 @@ remember() {
         awk '{ print "vexamididest=" $2 }' > "$HOME/.config/vexa-remote/vexa-remote.ini"
 }
 
-# stripe START STOP [--destination NAME]: `status`, `shown` and `errors` are the program's,
-# `seconds` how long it ran.
+# stripe START STOP [--destination NAME]: leaves the program's `status`, `shown` and `errors`, and
+# its run time in `seconds`.
 stripe() {
     began=$(now)
     status=0
@@ -55,8 +55,8 @@ stripe() {
     echo "$(now) $began" | awk '{ print $1 - $2 }' > seconds
 }
 
-# A Timecode Box is a USB MIDI interface with two ports, made in software: its inside is a card too,
-# where what is sent to it comes out. There are two sockets to plug boxes into, 0 and 1.
+# A Timecode Box is a software USB MIDI interface with two ports. Its inside is also a card, which
+# outputs whatever the box is sent. Boxes can be plugged into two sockets, 0 and 1.
 boxes=/sys/kernel/config/usb_gadget
 devices=/sys/bus/platform/devices
 
@@ -94,10 +94,10 @@ unplug() {
 cards() { ls /sys/class/sound | grep -c '^card'; }
 haveCards() { [ "$(cards)" -eq "$1" ]; }
 
-# clientOf CARD: the sequencer's client for the card with that folder.
+# clientOf CARD: the sequencer client of the card with that folder.
 clientOf() { echo $((16 + 4 * ${1##*/card})); }
 
-# inside SOCKET PORT: where that comes out which is sent to a port, counted from 0, of the box in
+# inside SOCKET PORT: the port that outputs what is sent to this port, counted from 0, of the box in
 # that socket.
 inside() { echo "$(clientOf $devices/dummy_udc.$1/gadget*/sound/card*):$2"; }
 

@@ -1,4 +1,4 @@
-# Two MTC stripes in a row, heard at the generator's output.
+# Two MTC stripes in a row, received from the generator's output.
 vexa-generator --log log &
 generator=$!
 await grep ready log

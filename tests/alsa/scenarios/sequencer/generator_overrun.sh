@@ -1,4 +1,4 @@
-# The generator does not read for a while, hears of what it lost, and then understands a stripe.
+# The generator stops reading for a while, reports the loss, and then understands a stripe.
 vexa-generator --log log &
 generator=$!
 await grep ready log

@@ -1,4 +1,4 @@
-# It does not read, and there is no room left in its queue.
+# The receiver does not read, and its queue is full.
 receive frames
 kill -STOP "$receiver"
 song song.mid

@@ -1,4 +1,4 @@
-# Two receivers of one name. The chosen one ends in the middle of a stripe, and a third one begins.
+# Two receivers with the same name. The chosen one ends during a stripe, and a third one starts.
 receive frames-chosen
 chosen=$receiver
 receive frames-twin

@@ -1,5 +1,5 @@
-# Two boxes without a serial number, one of them remembered as the destination; then plugged in the
-# other way round; then with the buses of their sockets found the other way round.
+# Two boxes without serial numbers, one of them the remembered destination. Then the boxes swap
+# their plug-in order; then the buses of their sockets swap theirs.
 makeBox order-0
 makeBox order-1
 plug order-0 0

@@ -1,4 +1,4 @@
-# In the middle of a stripe.
+# The box is replugged during a stripe.
 makeBox replug
 plug replug 0
 receive frames-before f_midi:1

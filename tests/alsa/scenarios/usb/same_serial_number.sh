@@ -1,4 +1,4 @@
-# Two boxes whose maker gave all of them one serial number.
+# Two boxes with the same serial number.
 makeBox same-a 0001
 makeBox same-b 0001
 plug same-a 0

@@ -1,4 +1,4 @@
-# Two boxes with a serial number each, and each in the socket of the other.
+# Two boxes with different serial numbers, which swap sockets.
 makeBox serial-a A1
 makeBox serial-b B2
 plug serial-a 0

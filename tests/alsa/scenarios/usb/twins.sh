@@ -1,12 +1,12 @@
-# Two boxes whose maker gave all of them one serial number. One is remembered while it is alone; then
-# the other comes and goes.
+# Two boxes with the same serial number. One is remembered while it is alone; then the other comes
+# and goes.
 makeBox twin-a 0001
 makeBox twin-b 0001
 plug twin-a 0
 destinations > destinations-alone
 remember destinations-alone
 
-# In the middle of a stripe.
+# The other box arrives during a stripe.
 receive frames-arrival "$(inside 0 1)"
 stripe 01:00:00:00 01:00:05:00 &
 run=$!
@@ -16,7 +16,7 @@ wait $run
 endReception frames-arrival 7
 destinations > destinations-both
 
-# The remembered one goes away in the middle of a stripe, and its twin stays.
+# The remembered box goes away during a stripe, and its twin stays.
 receive frames-twin "$(inside 1 1)"
 rm shown
 stripe 01:00:00:00 01:00:05:00 &
@@ -26,7 +26,7 @@ unplug twin-a
 wait $run
 endReception frames-twin 0
 
-# The remembered one alone, in the other socket.
+# The remembered box alone, in the other socket.
 unplug twin-b
 plug twin-a 1
 receive frames-moved "$(inside 1 1)"

@@ -1,4 +1,4 @@
-# A card made in software, before and behind other cards.
+# A software card, loaded before and after other cards.
 modprobe snd-virmidi
 destinations > destinations-first
 rmmod snd-virmidi
