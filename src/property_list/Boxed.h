@@ -5,8 +5,8 @@
 
 namespace vexa {
 
-/// A value kept apart from its owner, so that the owner is no larger than a pointer. Copies and
-/// comparisons are those of the value. A box moved from may only be assigned to or destroyed.
+/// Stores a value on the heap, so its owner is no larger than a pointer. Copying and comparing
+/// apply to the value. A moved-from box may only be assigned to or destroyed.
 template<typename T>
 class Boxed {
 public:

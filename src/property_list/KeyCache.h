@@ -9,12 +9,12 @@
 
 namespace vexa {
 
-/// Lets dictionaries with the same keys share the text of these keys. A few slots, each holding
-/// the key that came by last, are enough for that, and cannot be made to grow or to slow down.
+/// Lets dictionaries with the same keys share the text of those keys. A small fixed table, which
+/// keeps the latest key in each slot, is enough. No input can make it grow or slow down.
 class KeyCache {
 public:
-    /// The key that a file spells as `source`: the one made of it before, or what make(source)
-    /// now gives, which may be nothing. The bytes of `source` must outlive the cache.
+    /// The key that a file spells as `source`: the cached one, or the result of make(source), which
+    /// may be nothing. The bytes of `source` must outlive the cache.
     template<typename Make>
     std::optional<PropertyListKey> key(std::string_view source, Make make) {
         auto& slot = m_slots[hash(source) % m_slots.size()];

@@ -4,21 +4,21 @@
 
 namespace vexa {
 
-/// How much memory the reading of one property list may still take, with all that is made of it.
-/// A file of a few hundred bytes can name the same object again and again and so unfold to
-/// gigabytes; every value therefore pays each time it is referred to, before anything is allocated
-/// for it. False means that there is not enough left; the reading then has to be given up.
+/// How much memory reading one property list may still take, including everything made from it. A
+/// file of a few hundred bytes can refer to the same object so often that it unfolds to gigabytes.
+/// So every reference to a value is charged before any allocation for it. False means the budget is
+/// exhausted and reading must stop.
 class MemoryBudget {
 public:
-    /// Values with their places in arrays and dictionaries.
+    /// Values, with their slots in arrays and dictionaries.
     [[nodiscard]] bool takeValues(std::size_t count) {
         return count <= m_left / valueBytes && takeBytes(count * valueBytes);
     }
-    /// A block of memory for text or data.
+    /// A memory block for text or data.
     [[nodiscard]] bool takeText(std::size_t bytes) {
         return takeBytes(bytes) && takeBytes(textOverhead);
     }
-    /// A key of a dictionary; its text is apart.
+    /// A dictionary key without its text.
     [[nodiscard]] bool takeKey() { return takeBytes(valueBytes) && takeText(0); }
     [[nodiscard]] bool takeBytes(std::size_t bytes) {
         const bool enough = bytes <= m_left;
@@ -27,7 +27,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t valueBytes = 64;   // with a box, and its share of spare room
+    static constexpr std::size_t valueBytes = 64;   // with a box, and its share of spare capacity
     static constexpr std::size_t textOverhead = 32; // of the allocator and of Qt
     std::size_t m_left = std::size_t{512} << 20;
 };

@@ -16,23 +16,22 @@
 
 namespace vexa {
 
-/// One value of a property list with all that it holds: boolean, integer, real, date, string,
-/// data, array or dictionary. A plain value: copies are deep (strings and data share their text
-/// until one is changed), moves are cheap, and a value moved from may only be assigned to or
-/// destroyed.
+/// One value of a property list with its contents: boolean, integer, real, date, string, data,
+/// array or dictionary. A value type: copies are deep, though strings and data share their text
+/// until one changes. Moves are cheap; a moved-from value may only be assigned to or destroyed.
 ///
-/// Copying, comparing and destroying go as deep as the value does. Readers make nothing deeper
-/// than 512 values, one in the other; whoever builds values by hand keeps to that as well.
+/// Copying, comparing and destroying recurse as deep as the value is nested. Readers nest at most
+/// 512 values; code that builds values must stay within that too.
 class PropertyList {
 public:
     using Array = std::vector<PropertyList>;
     class Dictionary;
     struct Entry;
 
-    /// Which of several entries with the same key stays.
+    /// Which of several entries with the same key to keep.
     enum class Duplicates { keepFirst, keepLast };
 
-    /// A moment, in seconds since 2001-01-01 00:00:00 UTC.
+    /// A point in time, in seconds since 2001-01-01 00:00:00 UTC.
     struct Date {
         double seconds = 0;
 
@@ -41,7 +40,7 @@ public:
 
     /// false
     PropertyList() = default;
-    /// Booleans stay booleans. Other integers are kept by their value, whatever their type.
+    /// Booleans stay booleans. Other integers keep their value but not their type.
     template<std::integral T>
     explicit PropertyList(T value);
     explicit PropertyList(double value) : m_value(value) {}
@@ -51,9 +50,9 @@ public:
     explicit PropertyList(Array value) : m_value(Boxed(std::move(value))) {}
     explicit PropertyList(Dictionary value);
 
-    /// What the value holds if it is of exactly this kind, else null. The kinds are bool,
-    /// std::uint64_t (every integer from 0 on), std::int64_t (negative integers only), double,
-    /// Date, QString, QByteArray, Array and Dictionary.
+    /// The content if it is of exactly this kind, otherwise null. The kinds are bool, std::uint64_t
+    /// (all integers from 0), std::int64_t (negative integers only), double, Date, QString,
+    /// QByteArray, Array and Dictionary.
     template<typename T>
     const T* as() const {
         if constexpr (isBoxed<T>) {
@@ -68,14 +67,13 @@ public:
         return const_cast<T*>(std::as_const(*this).template as<T>());
     }
 
-    /// Calls `visitor` with what the value holds.
+    /// Calls `visitor` with the content.
     template<typename Visitor>
     decltype(auto) visit(Visitor&& visitor) const {
         return std::visit([&](const auto& held) { return visitor(unboxed(held)); }, m_value);
     }
 
-    /// Equal in kind and, all the way down, in content. A NaN equals a NaN, so that every value
-    /// equals its copy.
+    /// Same kind and, at every level, same content. NaN equals NaN, so every value equals its copy.
     bool operator==(const PropertyList& other) const;
 
 private:
@@ -93,7 +91,7 @@ private:
 
     static bool same(double a, double b) { return a == b || (a != a && b != b); }
 
-    // Two words a value: all that is larger has a box of its own.
+    // Two words per value: larger content is boxed.
     std::variant<bool, std::uint64_t, std::int64_t, double, Date, Boxed<QString>, Boxed<QByteArray>,
                  Boxed<Array>, Boxed<Dictionary>>
         m_value;
@@ -106,17 +104,17 @@ struct PropertyList::Entry {
     bool operator==(const Entry&) const = default;
 };
 
-/// Entries in ascending order of their keys, compared by UTF-16 code unit; no key twice.
+/// Entries in ascending order of their keys, by UTF-16 code unit; keys are unique.
 class PropertyList::Dictionary {
 public:
     Dictionary() = default;
-    /// Takes entries in any order.
+    /// Accepts entries in any order.
     Dictionary(std::vector<Entry> entries, Duplicates duplicates);
 
-    /// The value of a key, null if there is none. Valid until the next set().
+    /// The value of a key, or null. Valid until the next set().
     const PropertyList* find(QStringView key) const;
     PropertyList* find(QStringView key);
-    /// Replaces the value of the key or adds it.
+    /// Adds the key or replaces its value.
     void set(const PropertyListKey& key, PropertyList value);
 
     std::size_t size() const { return m_entries.size(); }

@@ -6,8 +6,8 @@
 
 namespace vexa {
 
-/// The key of a dictionary: a string that its copies share, the size of a pointer. Lists hold the
-/// same few keys in item after item.
+/// A dictionary key: a string that its copies share, the size of a pointer. The items of a list all
+/// have the same few keys.
 class PropertyListKey {
 public:
     PropertyListKey(const QString& text) : m_text(new Text(text)) {}

@@ -54,7 +54,7 @@ enum class Kind : std::uint8_t {
 
 std::size_t unitSize(Kind kind) { return kind == Kind::utf16 ? sizeof(char16_t) : 1; }
 
-/// Of the bytes of a string, or of data.
+/// Size of a string or of data, given its bytes in the file.
 std::size_t sizeInMemory(Kind kind, std::string_view bytes) {
     return bytes.size() * (kind == Kind::latin1 ? sizeof(char16_t) : 1);
 }
@@ -70,7 +70,7 @@ public:
     std::optional<PropertyList> propertyList();
 
 private:
-    /// An object opened: what kind it is, the low half of its first byte, and all that follows.
+    /// An object: its kind, the low half of its first byte, and all bytes after that.
     struct Object {
         Kind kind;
         std::uint8_t size;
@@ -80,9 +80,9 @@ private:
     std::optional<Object> object(std::uint64_t reference) const;
     std::uint64_t referenceAt(std::string_view references, std::size_t index) const;
 
-    /// The bytes of a number of 2^size bytes. They are taken off the front of `rest`.
+    /// Reads a number of 2^size bytes and removes them from the front of `rest`.
     static std::optional<std::string_view> number(std::uint8_t size, std::string_view& rest);
-    /// The bytes of `object` if it holds a number of elements of so many bytes each.
+    /// The elements of `object`, elementSize bytes each, if it contains as many as it states.
     static std::optional<std::string_view> elements(const Object& object, std::size_t elementSize);
 
     std::optional<PropertyList> value(std::uint64_t reference, int depth);
@@ -94,7 +94,7 @@ private:
     std::optional<PropertyListKey> key(std::uint64_t reference);
 
     std::string_view m_file;
-    std::string_view m_objects; // with the header, so that offsets count from its start
+    std::string_view m_objects; // with the header, so offsets count from its start
     std::string_view m_offsets;
     std::size_t m_offsetSize = 0;
     std::size_t m_referenceSize = 0;
@@ -227,7 +227,7 @@ std::optional<PropertyList> BinaryReader::text(const Object& object) {
     return PropertyList(stringFrom(object.kind, *bytes));
 }
 
-/// The dictionary that stands for it in XML.
+/// The dictionary that represents a UID in XML.
 std::optional<PropertyList> BinaryReader::uid(const Object& object) {
     static const PropertyListKey key(QStringLiteral("CF$UID"));
     const auto size = std::size_t{object.size} + 1;

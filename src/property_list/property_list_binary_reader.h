@@ -9,9 +9,9 @@
 
 namespace vexa {
 
-/// Reads the binary form, "bplist0" and any digit. Of several equal keys the first counts. A UID is
-/// read as XML has it, a dictionary of the key "CF$UID" and a number. Null and sets have no place
-/// in XML and are refused like damage.
+/// Reads the binary form: "bplist0" and any digit. The first of several equal keys wins. A UID
+/// becomes a dictionary of the key "CF$UID" and a number, as in XML. Null and sets do not exist in
+/// XML and are refused like damage.
 std::optional<PropertyList> readBinaryPropertyList(QByteArrayView bytes, MemoryBudget& budget);
 
 } // namespace vexa

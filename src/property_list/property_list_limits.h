@@ -2,10 +2,10 @@
 
 #include <QtGlobal>
 
-/// What the readers of property lists take; anything beyond is no property list to them.
+/// Limits of the readers: anything larger does not count as a property list.
 namespace vexa::property_list {
 
-inline constexpr qsizetype maximumInput = qsizetype{256} << 20; ///< bytes of a file
-inline constexpr int maximumDepth = 512; ///< values one in the other, the outermost counted
+inline constexpr qsizetype maximumInput = qsizetype{256} << 20; ///< bytes in a file
+inline constexpr int maximumDepth = 512; ///< nested values, including the outermost
 
 } // namespace vexa::property_list

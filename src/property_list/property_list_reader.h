@@ -9,14 +9,14 @@
 
 namespace vexa {
 
-/// Reads a property list of either form, XML or binary, told apart by its first bytes. Returns
-/// nothing if anything is wrong with the bytes. The time is linear in bytes and values, and the
-/// bounds of property_list_limits.h always hold. Memory is charged to the budget; callers that make
-/// more of the value charge what is left of it.
+/// Reads a property list in XML or binary form; its first bytes tell which. Returns nothing if the
+/// bytes have any fault. Takes time linear in bytes and values, and enforces
+/// property_list_limits.h. Memory is charged to the budget; callers that derive more from the value
+/// charge it to the rest.
 ///
-/// Why our own: lists come from strangers. libplist 2.2 crashes at a million nested arrays and
-/// hangs on a million keys. XML parsers refuse control characters that lists may hold, and change
-/// carriage returns. The grammar is small, and one scanner that is bounded was also the fastest.
+/// Why our own reader: lists come from strangers. libplist 2.2 crashes on a million nested arrays
+/// and hangs on a million keys. XML parsers refuse control characters that lists may contain, and
+/// change carriage returns. The grammar is small, and one bounded scanner was also the fastest.
 std::optional<PropertyList> readPropertyList(QByteArrayView bytes, MemoryBudget& budget);
 
 inline std::optional<PropertyList> readPropertyList(QByteArrayView bytes) {

@@ -17,7 +17,7 @@ namespace {
 
 using xml::isBlank;
 
-/// The last elements of a vector, in a vector of just their size.
+/// Moves the elements from `first` on into a new vector of exactly their size.
 template<typename T>
 std::vector<T> takenFrom(std::vector<T>& all, std::size_t first) {
     const auto begin = all.begin() + static_cast<std::ptrdiff_t>(first);
@@ -26,8 +26,8 @@ std::vector<T> takenFrom(std::vector<T>& all, std::size_t first) {
     return taken;
 }
 
-/// Goes through the text once, from its start to the end of the property list. Every function
-/// that reads something leaves the position behind it, or gives up for good.
+/// Scans the text once, from its start to the end of the property list. Every read function leaves
+/// the position after what it read; a failure ends the scan.
 class XmlReader {
 public:
     XmlReader(std::string_view utf8, MemoryBudget& budget) : m_rest(utf8), m_budget(budget) {}
@@ -63,7 +63,7 @@ private:
     std::string m_unescaped;
     KeyCache m_keys;
     MemoryBudget& m_budget;
-    // Elements of the arrays and dictionaries that are not at their end yet.
+    // Elements of arrays and dictionaries that are still open.
     PropertyList::Array m_values;
     std::vector<PropertyList::Entry> m_entries;
 };
@@ -87,7 +87,7 @@ void XmlReader::skipBlanks() {
     m_rest.remove_prefix(static_cast<std::size_t>(blanks));
 }
 
-/// Passes blanks, comments and processing instructions.
+/// Skips blanks, comments and processing instructions.
 bool XmlReader::skipBetweenElements() {
     for (;;) {
         skipBlanks();
@@ -135,14 +135,14 @@ bool XmlReader::endTag(std::string_view name) {
     return take(">");
 }
 
-/// The content of an element, as it stands, up to the next tag: its end tag.
+/// The raw content of an element, up to the next tag, which must be its end tag.
 std::optional<std::string_view> XmlReader::plainText(const Tag& tag) {
     const auto content = m_rest.substr(0, tag.empty ? 0 : m_rest.find('<'));
     m_rest.remove_prefix(content.size());
     return tag.empty || endTag(tag.name) ? std::optional(content) : std::nullopt;
 }
 
-/// The content of an element with references and CDATA sections resolved. Valid until the next
+/// The content of an element, with references and CDATA sections resolved. Valid until the next
 /// call.
 std::optional<std::string_view> XmlReader::text(const Tag& tag) {
     if (tag.empty)
@@ -215,7 +215,7 @@ std::optional<PropertyList> XmlReader::string(const Tag& tag) {
     return PropertyList(stringFromUtf8(*content));
 }
 
-/// Calls readElement() wherever an element starts, up to the end of the array or dictionary.
+/// Calls readElement() at each element, until the array or dictionary ends.
 template<typename ReadElement>
 bool XmlReader::elements(const Tag& tag, ReadElement readElement) {
     while (!tag.empty) {

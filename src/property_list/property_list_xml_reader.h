@@ -9,11 +9,10 @@
 
 namespace vexa {
 
-/// Reads the XML form, as property-list-1.0.dtd describes it and with the leniency usual for it:
-/// declaration, document type and the plist element may be missing, attributes mean nothing, and
-/// what follows the end of the property list is not looked at. There are no entities but the five
-/// of XML; a document type with declarations of its own is refused. Of several equal keys the
-/// last counts. Control characters and carriage returns in text are kept as they are.
+/// Reads the XML form described by property-list-1.0.dtd, with the usual leniency. Declaration,
+/// document type and plist element are optional; attributes, and text after the property list, are
+/// ignored. Only XML's five entities exist, and a document type with declarations is refused. The
+/// last of several equal keys wins. Text keeps control characters and carriage returns.
 std::optional<PropertyList> readXmlPropertyList(QByteArrayView bytes, MemoryBudget& budget);
 
 } // namespace vexa

@@ -29,7 +29,7 @@ std::string_view escape(char16_t unit) {
         return {};
     }
 }
-constexpr qsizetype longestEscape = 5; // and no code unit takes more than three bytes of UTF-8
+constexpr qsizetype longestEscape = 5; // a code unit takes at most three bytes of UTF-8
 
 class Writer {
 public:
@@ -56,7 +56,7 @@ private:
     void append(QStringView text);
     char* room(qsizetype bytes);
 
-    QByteArray m_xml; // what is beyond m_size is not written yet
+    QByteArray m_xml; // bytes after m_size are not written yet
     qsizetype m_size = 0;
     qsizetype m_depth = 0;
 };
@@ -92,7 +92,7 @@ void Writer::element(std::string_view name, const Text& text) {
     append(">\n");
 }
 
-/// Where the next bytes go; there is room for so many.
+/// The write position, with room for that many bytes.
 char* Writer::room(qsizetype bytes) {
     if (m_xml.size() - m_size < bytes)
         m_xml.resize(std::max(2 * m_xml.size(), m_size + bytes));
@@ -134,7 +134,7 @@ void Writer::content(PropertyList::Date value) {
     if (const auto text = xml::dateText(value))
         element("date", *text);
     else
-        content(value.seconds); // another date in its place would be a lie
+        content(value.seconds); // any date would be wrong
 }
 
 void Writer::content(const QByteArray& value) {

@@ -7,15 +7,15 @@
 
 namespace vexa {
 
-/// The text of valid UTF-8. Unlike QString's own conversion it keeps a U+FEFF at the start, which
-/// is a byte-order mark at the start of a file only.
+/// The text of valid UTF-8. Unlike QString's own conversion, keeps a leading U+FEFF, which is a
+/// byte-order mark only at the start of a file.
 inline QString stringFromUtf8(std::string_view utf8) {
     if (!utf8.starts_with("\uFEFF"))
-        return QString::fromUtf8(utf8); // in half the time
+        return QString::fromUtf8(utf8); // twice as fast
     return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(utf8);
 }
 
-/// Writes one character as UTF-8 and returns the end of it, at most four bytes on.
+/// Writes one character as UTF-8, in one to four bytes, and returns the end.
 inline char* writeUtf8(char32_t character, char* out) {
     const auto put = [&out](char32_t byte) { *out++ = static_cast<char>(byte); };
     if (character < 0x80) {

@@ -14,7 +14,7 @@ struct ByteOrderMark {
     QStringConverter::Encoding encoding;
 };
 
-/// UTF-32 first: its little-endian mark begins with that of UTF-16.
+/// UTF-32 comes first: its little-endian mark starts with that of UTF-16.
 constexpr std::array<ByteOrderMark, 5> byteOrderMarks{{
     {{"\xFF\xFE\x00\x00", 4}, QStringConverter::Utf32LE},
     {{"\x00\x00\xFE\xFF", 4}, QStringConverter::Utf32BE},
@@ -41,8 +41,8 @@ QByteArray declaredEncoding(QByteArrayView file) {
     return end < 0 ? QByteArray() : rest.sliced(1, end - 1).toByteArray();
 }
 
-/// Calls take(utf8) with one piece of the text after the other: all of it as UTF-16 would be held
-/// for nothing. False if a byte is not valid.
+/// Calls take(utf8) for one piece of text after another, to avoid holding all of it as UTF-16.
+/// Returns false if any byte is invalid.
 template<typename Take>
 bool transcode(QByteArrayView text, QStringDecoder& decoder, Take take) {
     constexpr qsizetype pieceSize = 1 << 16;
@@ -60,7 +60,7 @@ std::optional<QByteArray> transcoded(QByteArrayView text, QStringDecoder decoder
         !budget.takeBytes(static_cast<std::size_t>(size)))
         return std::nullopt;
     QByteArray utf8;
-    utf8.reserve(size); // growing step by step, it would take twice as much
+    utf8.reserve(size); // growing step by step would take twice as much
     transcode(text, decoder, [&utf8](const QByteArray& piece) { utf8 += piece; });
     return utf8;
 }

@@ -15,7 +15,7 @@ namespace {
 constexpr std::array<std::pair<std::string_view, char>, 5> entities{
     {{"lt", '<'}, {"gt", '>'}, {"amp", '&'}, {"quot", '"'}, {"apos", '\''}}};
 
-/// What stands between & and ;.
+/// Decodes the text between & and ;.
 std::optional<char32_t> character(std::string_view reference) {
     if (!reference.starts_with('#')) {
         const auto* const entity =

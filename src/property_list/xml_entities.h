@@ -5,8 +5,8 @@
 
 namespace vexa::xml {
 
-/// Appends UTF-8 text with its references put in: the five entities of XML and characters by
-/// their number, decimal or hexadecimal, surrogates excepted. False if there is any other `&`.
+/// Appends UTF-8 text and resolves its references: XML's five entities, and decimal or hexadecimal
+/// character numbers except surrogates. False if there is any other `&`.
 [[nodiscard]] bool appendUnescaped(std::string_view text, std::string& to);
 
 } // namespace vexa::xml

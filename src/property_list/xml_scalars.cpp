@@ -25,7 +25,7 @@ bool takeSign(std::string_view& text, char sign) {
     return found;
 }
 
-/// The number that is all of the text.
+/// Reads the whole text as a number.
 template<typename Number, typename... Format>
 std::optional<Number> wholeNumber(std::string_view text, Format... format) {
     Number number{};
@@ -99,7 +99,7 @@ std::optional<std::string> dateText(PropertyList::Date date) {
     constexpr double first = seconds(sys_days(0y / January / 1) - reference).count();
     constexpr double end = seconds(sys_days(10000y / January / 1) - reference).count();
     const bool isDate = date.seconds >= first && date.seconds < end;
-    if (!isDate) // nor is what is not a number
+    if (!isDate) // false for NaN, too
         return std::nullopt;
     const auto time = reference + seconds(static_cast<std::int64_t>(std::floor(date.seconds)));
     const year_month_day day(floor<days>(time));

@@ -6,28 +6,28 @@
 #include <string>
 #include <string_view>
 
-/// What stands between the tags of numbers and dates.
+/// The content of number and date elements.
 namespace vexa::xml {
 
 constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-/// Decimal, or hexadecimal after 0x, with or without a sign, from -2^63 to 2^64 - 1. Blanks may
-/// stand before it, not after.
+/// Decimal, or hexadecimal after 0x, with an optional sign, from -2^63 to 2^64 - 1. Allows leading
+/// blanks but no trailing ones.
 std::optional<PropertyList> integerFromText(std::string_view text);
 
-/// A decimal number, "nan", "infinity" or "inf", with or without a sign, letters in any case.
-/// Blanks may stand before it, not after.
+/// A decimal number, "nan", "infinity" or "inf", with an optional sign, in upper or lower case.
+/// Allows leading blanks but no trailing ones.
 std::optional<PropertyList> realFromText(std::string_view text);
 
-/// "YYYY-MM-DDThh:mm:ssZ" (ISO 8601) in UTC, the Gregorian calendar from the year 0000 on.
+/// "YYYY-MM-DDThh:mm:ssZ" (ISO 8601) in UTC, in the Gregorian calendar from the year 0000.
 std::optional<PropertyList> dateFromText(std::string_view text);
 
-/// The shortest form with 17 significant digits that reads back as the same number, "0.0", "nan",
-/// "+infinity" or "-infinity".
+/// 17 significant digits without trailing zeros, which read back as the same number; or "0.0",
+/// "nan", "+infinity" or "-infinity".
 std::string realText(double number);
 
-/// What dateFromText() reads, in whole seconds, fractions rounded down. Nothing for a moment before
-/// the year 0000 or after 9999, and for no moment at all.
+/// The text that dateFromText() reads; rounds down to whole seconds. Returns nothing for NaN and
+/// for times before the year 0000 or after 9999.
 std::optional<std::string> dateText(PropertyList::Date date);
 
 } // namespace vexa::xml

@@ -8,7 +8,7 @@
 
 namespace vexa {
 
-/// A number in the last bytes of its big-endian form.
+/// The low bytes of a number in big-endian order.
 inline std::string bigEndianBytes(std::uint64_t number, std::size_t size) {
     std::string bytes(size, '\0');
     for (; size-- > 0; number >>= 8)
@@ -16,9 +16,9 @@ inline std::string bigEndianBytes(std::uint64_t number, std::size_t size) {
     return bytes;
 }
 
-/// A binary property list put together by hand, so that any part of it can be wrong.
+/// A hand-made binary property list, in which any part can be wrong.
 struct BinaryFile {
-    std::vector<std::string> objects; ///< first byte and all, in the order of their references
+    std::vector<std::string> objects; ///< with first byte, in the order of their references
     std::size_t offsetSize = 2;
     std::size_t referenceSize = 1;
     std::uint64_t root = 0;

@@ -1,7 +1,7 @@
 """Compares the program's property lists with those of Python's plistlib.
 
-Random values, always the same ones, are written by plistlib in both forms, read and written as
-XML by the program given, and read by plistlib again: they have to come back unchanged.
+plistlib writes the same random values each time, in both forms. The given program reads them and
+writes them as XML, and plistlib reads them again. They must come back unchanged.
 """
 
 import datetime
@@ -63,7 +63,7 @@ def main(program):
     for form in (plistlib.FMT_XML, plistlib.FMT_BINARY):
         files = [plistlib.dumps(value, fmt=form) for value in values]
         for number, (value, xml) in enumerate(zip(values, rewritten(program, files))):
-            # repr() shows kinds and the order of keys, and is the same for every NaN.
+            # repr() shows kinds and key order, and is the same for every NaN.
             if not xml or repr(plistlib.loads(xml)) != repr(value):
                 sys.exit(f"value {number} as {form.name} came back as {xml!r}")
     print(f"{COUNT} values came back unchanged from each form")

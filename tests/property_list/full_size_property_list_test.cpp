@@ -11,15 +11,15 @@
 using namespace vexa;
 using namespace vexa::test;
 
-/// Files of the greatest length that is read, made to unfold to as much memory as can be.
+/// Files of the maximum length, made to unfold to as much memory as possible.
 namespace {
 
 struct FullFile {
     const char* name;
     std::string declaration;
-    std::size_t blanks; ///< that follow it, MiB: as many as it takes for the rest to be read
+    std::size_t blanks; ///< MiB after the declaration, enough for the rest to be read
     std::string before;
-    std::string piece; ///< again and again, a number in place of any #
+    std::string piece; ///< repeated, with a number in place of any #
     std::string after;
 
     std::string text() const {
@@ -45,14 +45,14 @@ class FullPropertyList : public testing::TestWithParam<FullFile> {};
 
 TEST_P(FullPropertyList, TakesNoMoreThanAGibibyte) {
     if (!isMemoryOurs)
-        GTEST_SKIP() << "a sanitizer takes memory of its own";
+        GTEST_SKIP() << "a sanitizer uses memory of its own";
     const auto text = GetParam().text();
     EXPECT_LT(peakMemory([&] { readPropertyList(text); }), 1024) << "MiB";
 }
 
 const std::string windows = "<?xml version=\"1.0\" encoding=\"windows-1252\"?>";
 const std::string ascii(4096, 'a');
-const std::string euros(4096, '\x80'); // each of them three bytes of UTF-8
+const std::string euros(4096, '\x80'); // each takes three bytes of UTF-8
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, FullPropertyList,

@@ -6,8 +6,8 @@
 
 using namespace vexa;
 
-/// Files made to exhaust stack, memory or patience. They are large enough for anything that is
-/// not linear in their size to run into the time limit of the test.
+/// Files made to exhaust stack, memory or time. They are large enough for anything slower than
+/// linear to exceed the test's time limit.
 namespace {
 
 constexpr qsizetype million = 1'000'000;

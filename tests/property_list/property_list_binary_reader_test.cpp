@@ -128,7 +128,7 @@ TEST(PropertyListBinaryReader, TakesAnyDigitAfterTheZeroOfTheVersion) {
 TEST(PropertyListBinaryReader, KeepsTheFirstOfEqualKeys) {
     Dictionary expected;
     expected.set(QStringLiteral("k"), PropertyList(1));
-    // The same key as one object, as two, and as two of different widths.
+    // The same key as one object, as two objects, and as two of different widths.
     EXPECT_EQ(readObjects({"\xD2\1\1\2\3", "\x51k", "\x10\1", "\x10\2"}), PropertyList(expected));
     EXPECT_EQ(readObjects({"\xD2\1\4\2\3", "\x51k", "\x10\1", "\x10\2", "\x51k"}),
               PropertyList(expected));

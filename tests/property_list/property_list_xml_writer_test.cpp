@@ -66,7 +66,7 @@ TEST(PropertyListXmlWriter, WritesNumbersInDecimal) {
     EXPECT_EQ(written(0.1), document("<real>0.10000000000000001</real>\n"));
 }
 
-// No date element could hold them, and one that held something else would be a lie.
+// No date element can represent them, and any other date would be wrong.
 TEST(PropertyListXmlWriter, WritesMomentsThatAreNoDatesAsTheirNumberOfSeconds) {
     const auto number = [](double seconds) { return written(PropertyList::Date{seconds}); };
     EXPECT_EQ(number(1e300), document("<real>1.0000000000000001e+300</real>\n"));

@@ -8,9 +8,9 @@
 
 using namespace vexa;
 
-/// Reads property lists from standard input, each after its length in four big-endian bytes, and
-/// writes them as XML in the same way, with a length of 0 for one that cannot be read. Ends with 1
-/// if something it wrote does not read back as the same value.
+/// Reads property lists from standard input, each preceded by its length in four big-endian bytes.
+/// Writes them as XML in the same format; an unreadable one gets length 0. Exits with 1 if its
+/// output does not read back as the same value.
 int main() {
     std::ios::sync_with_stdio(false);
     std::uint32_t length = 0;
