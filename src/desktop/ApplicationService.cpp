@@ -9,7 +9,7 @@ namespace vexa {
 
 namespace {
 
-/// Empty when there is none, or one that no desktop makes: it goes into the environment and, in
+/// Empty if there is none or it is too long for any desktop. It goes into the environment and, in
 /// small pieces, to the X server.
 QByteArray token(const QVariantMap& platformData, const QString& name) {
     constexpr qsizetype longest = 4096;
@@ -22,7 +22,7 @@ QByteArray token(const QVariantMap& platformData, const QString& name) {
 BusName ApplicationService::takeName() {
     if (!m_bus.isConnected())
         return BusName::noBus;
-    // The object first: whoever has been waiting for the name calls at once.
+    // Register the object first: callers that wait for the name call at once.
     m_bus.registerObject(applicationPath(), this, QDBusConnection::ExportAllSlots);
     const auto reply = m_bus.interface()->registerService(applicationId);
     if (!reply.isValid())

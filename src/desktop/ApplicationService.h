@@ -10,8 +10,7 @@ namespace vexa {
 
 enum class BusName { ours, taken, noBus };
 
-/// The program as other programs see it on the session bus: org.freedesktop.Application, as the
-/// Desktop Entry Specification has it.
+/// The program on the session bus: org.freedesktop.Application of the Desktop Entry Specification.
 class ApplicationService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -19,22 +18,22 @@ class ApplicationService : public QObject {
 public:
     explicit ApplicationService(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
-    /// Tries to become the program that answers to the application id, for as long as it runs. May
-    /// be called on any thread; what is called on the bus is answered on that of this object.
+    /// Tries to own the application ID on the bus while the program runs. May be called on any
+    /// thread; bus calls are answered on this object's thread.
     BusName takeName();
 
-    // Their names are those on the bus. platformData: as from startupTokens().
+    // The names are those on the bus. platformData: see startupTokens().
     Q_SLOT void Activate(const QVariantMap& platformData);
     Q_SLOT void Open(const QStringList& uris, const QVariantMap& platformData);
-    /// The program's desktop entry names no actions.
+    /// The program's desktop entry has no actions.
     Q_SLOT void ActivateAction(const QString&, const QVariantList&,
                                const QVariantMap& platformData) {
         Activate(platformData);
     }
 
 Q_SIGNALS:
-    /// The window is to come to the front. token: leave to do so, on desktops that ask for one.
-    /// startupId: of the launch that asks for it, on X. Either may be empty.
+    /// Bring the window to the front. token: permission to do so, on desktops that require it.
+    /// startupId: identifies the requesting launch on X. Either may be empty.
     void activated(const QByteArray& token, const QByteArray& startupId);
     void fileOpened(const QString& path);
 

@@ -16,10 +16,10 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
     : m_window(window),
       m_controller(controller),
       m_openRequests([&controller](const QString& path) {
-          if (QFileInfo(path).isDir()) // the list at hand is not given up for a folder
+          if (QFileInfo(path).isDir()) // a folder does not replace the current list
               return true;
           controller.openFile(path);
-          return !controller.dirty(); // changes that are still there were not to be given up
+          return !controller.dirty(); // unsaved changes remain: the operator cancelled
       }),
       m_drops(window) {
     connect(&service, &ApplicationService::activated, this, &DesktopRequests::bringToFront);
@@ -34,7 +34,7 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
 void DesktopRequests::bringToFront(const QByteArray& token, const QByteArray& startupId) {
     const bool isWayland = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
     const auto leave = token.isEmpty() && isWayland ? attentionToken() : token;
-    // On Wayland, Qt takes the leave to come to the front from here.
+    // On Wayland, Qt reads the permission to come to the front from this variable.
     if (!leave.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", leave);
     m_window.setWindowState(m_window.windowState() & ~Qt::WindowMinimized);
@@ -45,7 +45,7 @@ void DesktopRequests::bringToFront(const QByteArray& token, const QByteArray& st
 }
 
 void DesktopRequests::joinSession(QSessionManager& session) {
-    // A start sends to the device, and that is for the operator to begin, not for the next log-in.
+    // A start sends messages to the device, so the operator must start it, not the next login.
     session.setRestartHint(QSessionManager::RestartNever);
     qGuiApp->installEventFilter(this);
 }
@@ -62,7 +62,7 @@ void DesktopRequests::prepareForLogOut(QSessionManager& session) {
 bool DesktopRequests::eventFilter(QObject* application, QEvent* event) {
     if (application != qGuiApp || event->type() != QEvent::Quit)
         return false;
-    QCoreApplication::exit(); // not by closing the window, which would ask again
+    QCoreApplication::exit(); // closing the window would ask again
     return true;
 }
 

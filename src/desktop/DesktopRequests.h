@@ -12,8 +12,8 @@ namespace vexa {
 class ApplicationService;
 class Vexa_RemoteAppDelegate;
 
-/// Leads what the desktop asks of the program to its window and its controller: to open a file, to
-/// come to the front, to end with the session. All of them outlive this.
+/// Passes the desktop's requests to the window and the controller: open a file, come to the front,
+/// end with the session. The window, controller and service must outlive this.
 class DesktopRequests : public QObject {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ public:
                     ApplicationService& service);
 
 protected:
-    /// Ends the program without a question when the session does.
+    /// Quits without asking when the session ends.
     bool eventFilter(QObject* application, QEvent* event) override;
 
 private:

@@ -21,7 +21,7 @@ bool FileDrops::eventFilter(QObject*, QEvent* event) {
     drop.setAccepted(!path.isEmpty() && drop.possibleActions().testFlag(Qt::CopyAction));
     if (!drop.isAccepted())
         return true;
-    // Where a move is proposed, the other program would delete the file afterwards.
+    // After a move, the other program would delete the file.
     drop.setDropAction(Qt::CopyAction);
     if (type == QEvent::Drop)
         Q_EMIT fileDropped(path);

@@ -5,7 +5,7 @@
 
 namespace vexa {
 
-/// Takes files that are dropped on a window, wherever no control of it takes them for itself.
+/// Accepts files dropped on a window, unless one of its controls takes them.
 class FileDrops : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ namespace vexa {
 
 void OpenRequests::add(const QString& path) {
     m_waiting += path;
-    // Every event loop says when it has come to rest, also the ones that run inside commands.
+    // Every event loop emits this signal when idle, even one nested in a command.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &OpenRequests::openNext, Qt::UniqueConnection);
 }

@@ -7,14 +7,14 @@
 
 namespace vexa {
 
-/// Files to open that come in at any time. One is opened when no command of the operator is under
-/// way: while a command asks something, or shows a panel, the files wait, in their order. When one
-/// is not opened after all, those that wait are let go: the answer would be the same again.
+/// A queue of files to open, which arrive at any time. Opens one only while no command is running;
+/// while a command asks something or shows a panel, files wait in order. If the operator declines
+/// one file, the others are dropped, since the answer would be the same.
 class OpenRequests : public QObject {
     Q_OBJECT
 
 public:
-    /// open: false when the file is not opened because the operator does not want to.
+    /// open: returns false if the operator declines.
     explicit OpenRequests(std::function<bool(const QString&)> open) : m_open(std::move(open)) {}
 
     void add(const QString& path);

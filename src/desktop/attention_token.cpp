@@ -17,10 +17,10 @@ namespace {
 
 using Display = std::unique_ptr<wl_display, decltype(&wl_display_disconnect)>;
 
-/// What the compositor has told so far.
+/// The compositor's answers so far.
 struct Answers {
     xdg_activation_v1* activation = nullptr;
-    bool isComplete = false; ///< of the globals that it has
+    bool isComplete = false; ///< all globals are known
     QByteArray token;
 };
 
@@ -42,7 +42,7 @@ constexpr wl_registry_listener registryListener{noteGlobal, noteRemoval};
 constexpr wl_callback_listener endListener{noteEnd};
 constexpr xdg_activation_token_v1_listener tokenListener{noteToken};
 
-/// Sends and receives until it is done. False when the time is up before, or the connection lost.
+/// Sends and receives until isDone(). Returns false on timeout or a lost connection.
 template<class IsDone>
 bool exchange(wl_display* display, const IsDone& isDone, const QElapsedTimer& timer,
               std::chrono::milliseconds patience) {
@@ -71,7 +71,7 @@ QByteArray attentionToken(std::chrono::milliseconds patience) {
         return {};
     QElapsedTimer timer;
     timer.start();
-    Answers answers; // the compositor's objects go with the connection
+    Answers answers; // the compositor's objects end with the connection
     wl_registry_add_listener(wl_display_get_registry(display.get()), &registryListener, &answers);
     wl_callback_add_listener(wl_display_sync(display.get()), &endListener, &answers);
     const auto isComplete = [&] { return answers.isComplete; };

@@ -6,9 +6,9 @@
 
 namespace vexa {
 
-/// A Wayland compositor's leave for a window of this program to ask for attention. Only a launch
-/// by the operator brings leave to come to the front; this one comes for the asking, by a
-/// connection of its own. Empty where there is no such compositor, or none that answers in time.
+/// A Wayland compositor's permission for this program's window to ask for attention. Only a launch
+/// by the operator brings permission to come to the front; this weaker one can be requested, over a
+/// connection of its own. Empty if there is no such compositor or it does not answer in time.
 QByteArray attentionToken(std::chrono::milliseconds patience = std::chrono::milliseconds(500));
 
 } // namespace vexa

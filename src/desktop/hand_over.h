@@ -6,12 +6,12 @@
 
 namespace vexa {
 
-/// What the desktop gave this process, by its environment, to put a window in front with. To be
-/// called before there is a QGuiApplication, which takes it away.
+/// The tokens from the desktop, in this process's environment, for bringing a window to the front.
+/// Call before creating a QGuiApplication, which removes them.
 QVariantMap startupTokens();
 
-/// Lets the program that has the application id show itself and open the file, if any. False when
-/// it does not answer within the time, in milliseconds.
+/// Asks the program that owns the application ID to show itself and open the file, if any. Returns
+/// false if it does not answer within the time, in milliseconds.
 bool handOver(const QDBusConnection& bus, const QString& file, const QVariantMap& startupTokens,
               int patience);
 

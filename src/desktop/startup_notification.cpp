@@ -22,8 +22,8 @@ xcb_atom_t atomNamed(xcb_connection_t* x, const QByteArray& name) {
     return atom;
 }
 
-/// Messages to all who listen at the root window, of up to 20 bytes each. They come from a window,
-/// by which they are told from those of others.
+/// Sends messages of up to 20 bytes to all listeners at the root window. Their source window tells
+/// them apart from those of other clients.
 void broadcast(xcb_connection_t* x, const QByteArray& text) {
     const auto root = xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
     xcb_client_message_event_t event{};
@@ -53,7 +53,7 @@ void endStartupNotification(const QByteArray& startupId) {
         return;
     auto quoted = startupId;
     quoted.replace('\\', "\\\\").replace('"', "\\\"");
-    // The zero at the end is part of the message.
+    // The terminating zero is part of the message.
     broadcast(platform->connection(), "remove: ID=\"" + quoted + "\"" + '\0');
 }
 

@@ -54,7 +54,7 @@ TEST_F(Service, OthersActivateItAndOpenFiles) {
     EXPECT_TRUE(call("ActivateAction", {u"x"_s, QVariantList{u"y"_s}, QVariantMap()}));
     EXPECT_TRUE(call("Open", {QStringList{u"https://example.org/a"_s}, QVariantMap()}));
     EXPECT_TRUE(call("Open", {QStringList(), QVariantMap()}));
-    // Newer versions of Qt warn of such a call.
+    // Newer versions of Qt warn about such a call.
     const auto handler = qInstallMessageHandler([](QtMsgType, const auto&, const QString&) {});
     EXPECT_FALSE(call("deleteLater", {}));
     qInstallMessageHandler(handler);

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Drops : testing::Test {
-    /// The action that is accepted of the thing over the window; none when it is refused.
+    /// The action accepted by the window; none if it refuses.
     Qt::DropAction drop(QEvent::Type type, Qt::DropActions offered) {
         QDropEvent event({}, offered, &thing, Qt::LeftButton, Qt::NoModifier, type);
         event.ignore();

@@ -9,11 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What comes after all that waits now.
+/// Runs the action after everything that is already queued.
 void soon(std::function<void()> action) { QTimer::singleShot(0, std::move(action)); }
 
 struct FilesToOpen : testing::Test {
-    /// Runs until as many files have been opened.
+    /// Runs until that many files have been opened.
     void awaitOpened(qsizetype files) {
         wanted = files;
         program.exec();

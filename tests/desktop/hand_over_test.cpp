@@ -20,7 +20,7 @@ constexpr int patience = 10'000; // ms
 struct HandOver : testing::Test {
     HandOver() { service.takeName(); }
 
-    /// By another program, while this one runs.
+    /// Hands over from another thread while this one serves the bus.
     bool handedOver(const QString& file) {
         auto answer = std::async(std::launch::async, [&] {
             return handOver(bus.connection(u"second"_s), file,
@@ -52,7 +52,7 @@ TEST_F(HandOver, ActivatesWithoutAFile) {
 }
 
 TEST_F(HandOver, FailsWhereNobodyAnswers) {
-    // This program, which would answer, waits for the call instead.
+    // This program, which should answer, is blocked in the call.
     EXPECT_FALSE(handOver(bus.connection(u"third"_s), u"/a"_s, {}, 50));
 }
 
