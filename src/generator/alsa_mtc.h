@@ -11,16 +11,16 @@
 
 namespace vexa {
 
-/// A queue of the ALSA sequencer, which delivers at the time that an event is stamped with.
+/// A queue of the ALSA sequencer, which delivers events at their time stamps.
 class AlsaQueue {
 public:
-    /// The sequencer outlives the queue.
+    /// The sequencer must outlive the queue.
     explicit AlsaQueue(snd_seq_t* sequencer);
 
     bool isRunning() const { return m_queue >= 0; }
     unsigned char id() const { return static_cast<unsigned char>(m_queue); }
 
-    /// The zero of the queue's clock on ours. Its timer need not run just like ours.
+    /// The zero of the queue's clock, on our clock. The two may run at slightly different speeds.
     Moment epoch() const;
 
 private:
@@ -28,22 +28,22 @@ private:
     int m_queue;
 };
 
-/// MIDI time code from a port of the ALSA sequencer to all who listen there.
+/// Sends MIDI time code from a port of the ALSA sequencer to all subscribers.
 class AlsaMtc {
 public:
-    /// The sequencer and the queue outlive this.
+    /// The sequencer and the queue must outlive this.
     AlsaMtc(snd_seq_t* sequencer, int port, const AlsaQueue& queue);
 
-    /// Sends the full frame.
+    /// Sends a full frame.
     void announce(const Timecode& time, const FrameRate& rate);
 
-    /// Quarter frames of a run that begins at a moment, as far as fill() puts them into the queue.
+    /// Starts the quarter frames of a run at a moment; fill() queues them.
     void start(const Timecode& first, const FrameRate& rate, Moment moment);
 
-    /// No quarter frames from that moment on.
+    /// Sends no quarter frames from that moment on.
     void stop(Moment moment);
 
-    /// Puts those of the next second into the queue. To be called more often than that.
+    /// Queues the quarter frames of the next second. Call it more often than that.
     void fill();
 
 private:
@@ -54,7 +54,7 @@ private:
     int m_port;
     const AlsaQueue& m_queue;
     Moment m_start;
-    std::optional<QuarterFrames> m_frames; ///< the next one to be queued; none while stopped
+    std::optional<QuarterFrames> m_frames; ///< the next one to queue; none while stopped
 };
 
 } // namespace vexa

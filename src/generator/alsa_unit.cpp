@@ -17,10 +17,10 @@ namespace vexa {
 namespace {
 using Clock = std::chrono::steady_clock;
 
-/// From a message's arrival to what it does: time enough to be read and to reach JACK's period.
+/// Delay from a message's arrival to its effect: enough to read it and to reach JACK's period.
 constexpr std::chrono::milliseconds delay{100};
 
-/// Looks for a JACK server, and fills the queue of quarter frames.
+/// How often to look for a JACK server and to fill the queue of quarter frames.
 constexpr itimerspec everyHalfSecond{{0, 500'000'000}, {0, 1}};
 
 struct CloseSequencer {
@@ -28,7 +28,7 @@ struct CloseSequencer {
 };
 using Sequencer = std::unique_ptr<snd_seq_t, CloseSequencer>;
 
-/// A port that stamps what arrives with the time of a queue; negative on failure.
+/// A port that stamps incoming events with the queue's time; negative on failure.
 int createInput(snd_seq_t* sequencer, int queue) {
     snd_seq_port_info_t* info = nullptr;
     snd_seq_port_info_alloca(&info);
@@ -42,7 +42,7 @@ int createInput(snd_seq_t* sequencer, int queue) {
     return snd_seq_create_port(sequencer, info);
 }
 
-/// A port to listen at; negative on failure.
+/// A port for subscribers; negative on failure.
 int createOutput(snd_seq_t* sequencer) {
     return snd_seq_create_simple_port(
         sequencer, "MTC", SND_SEQ_PORT_CAP_READ | SND_SEQ_PORT_CAP_SUBS_READ,
@@ -54,7 +54,7 @@ public:
     AlsaUnit(Sequencer sequencer, const OutputOptions& options);
     ~AlsaUnit() override;
 
-    /// Makes the ports. False where that fails.
+    /// Creates the ports. Returns false on failure.
     bool open();
 
     std::string name() const override { return generatorName; }
@@ -85,7 +85,7 @@ private:
     SysExReader m_reader;
     GeneratorState m_state;
     Moment m_started;
-    std::optional<RunningTime> m_time; ///< of a run, without LTC
+    std::optional<RunningTime> m_time; ///< of a run without LTC
 };
 
 AlsaUnit::AlsaUnit(Sequencer sequencer, const OutputOptions& options)
@@ -156,7 +156,7 @@ bool AlsaUnit::readEvents(Listener& listener) {
         if (result == -EAGAIN)
             return true;
         if (result == -ENOSPC) {
-            // What follows a gap is not the rest of what came before it.
+            // A gap ends the message: the next bytes do not continue it.
             finish(listener);
             listener.noted(Clock::now(), "lost: messages came faster than they could be read");
         } else if (result < 0) {
@@ -232,7 +232,7 @@ SignalStatus AlsaUnit::signal() {
     return status;
 }
 
-/// alsa-lib's own words about a sequencer that is not there would add nothing to ours.
+/// Silences alsa-lib, whose messages about a missing sequencer add nothing to ours.
 void ignoreMessage(const char*, int, const char*, int, const char*, ...) {}
 } // namespace
 

@@ -7,9 +7,8 @@
 
 namespace vexa {
 
-/// The generator on the ALSA sequencer; none where that does not open. LTC comes out of a JACK
-/// server, if one runs. Messages are acted on a tenth of a second after they arrive, so that the
-/// delay is always the same.
+/// The generator on the ALSA sequencer; null if that does not open. LTC goes to a JACK server, if
+/// one runs. Acts on messages a tenth of a second after they arrive, so the delay is constant.
 std::unique_ptr<Unit> openAlsaUnit(const OutputOptions& options);
 
 } // namespace vexa

@@ -19,7 +19,7 @@ double level(const std::string& text) {
     double level = 0;
     const auto* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, level);
-    // No comparison holds for what is not a number.
+    // Refuses NaN too, as it fails every comparison.
     if (error != std::errc() || rest != end || !(level >= OutputOptions::lowestLevel && level <= 0))
         throw std::invalid_argument("--level takes a number from -60 to 0, not '" + text + "'");
     return level;

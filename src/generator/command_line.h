@@ -10,7 +10,7 @@ namespace vexa {
 
 enum class GeneratorMidi { automatic, alsa, jack };
 
-/// What the program was asked to do.
+/// The user's command.
 struct GeneratorCommandLine {
     enum class Action { run, help, version };
 
@@ -20,11 +20,11 @@ struct GeneratorCommandLine {
     OutputOptions output;
 };
 
-/// Reads the arguments that follow the program's name; of an option given twice the last counts,
-/// but for connections, which add up. Throws std::invalid_argument with a message for the user.
+/// Reads the arguments after the program's name. The last of several equal options wins, except
+/// connections, which add up. Throws std::invalid_argument with a message for the user.
 GeneratorCommandLine readCommandLine(const std::vector<std::string>& arguments);
 
-/// What --help prints.
+/// The output of --help.
 std::string helpText();
 
 } // namespace vexa

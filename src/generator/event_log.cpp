@@ -7,7 +7,7 @@
 namespace vexa {
 
 namespace {
-/// To the first column, and everything right of it erased (ECMA-48 EL).
+/// Returns to the first column and erases the line (ECMA-48 EL).
 constexpr std::string_view clearLine = "\r\x1B[K";
 
 constexpr std::string_view lastOfCopy = "full: nothing more is written here";

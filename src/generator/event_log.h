@@ -11,25 +11,25 @@ namespace vexa {
 /// Seconds and microseconds of CLOCK_MONOTONIC, "12345.678901".
 std::string momentText(Moment moment);
 
-/// Writes the event lines, and on a terminal keeps a status line below them. Every line is
-/// flushed. The streams outlive the log.
+/// Writes the event lines and, on a terminal, keeps a status line below them. Flushes every line.
+/// The streams must outlive the log.
 class EventLog {
 public:
-    /// The bound of the copy, in bytes: a flood of messages is not to fill a disk.
+    /// Size limit of the copy, in bytes, so that a flood of messages cannot fill a disk.
     static constexpr std::size_t mostCopied = 16 * 1024 * 1024;
 
-    /// The same lines go to `out` and, as far as its bound, to `copy`; the status goes to `out` if
+    /// Writes all lines to `out` and, up to the size limit, to `copy`. Shows the status on `out` if
     /// that is a terminal.
     EventLog(std::ostream& out, bool outIsTerminal, std::ostream& copy);
 
-    /// Clears the status line away.
+    /// Clears the status line.
     ~EventLog();
     EventLog(const EventLog&) = delete;
     EventLog& operator=(const EventLog&) = delete;
 
     bool showsStatus() const { return m_outIsTerminal; }
 
-    /// A line that belongs to no moment.
+    /// A line without a time.
     void note(std::string_view text);
 
     void event(Moment moment, std::string_view text);

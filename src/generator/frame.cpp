@@ -30,7 +30,7 @@ std::optional<Mode> modeForCode(std::uint8_t code) {
     return std::nullopt;
 }
 
-/// What keeps the message from being a frame of this device, before its content is looked at.
+/// The fault of the message's envelope, if any. Its content is not checked.
 std::optional<Fault> envelopeFault(const SysEx& message) {
     const auto& bytes = message.bytes;
     const auto sizeBeforeEnd = message.complete ? message.size - 1 : message.size;
@@ -56,7 +56,7 @@ const FrameRate& rateToCheckBy(const std::optional<Mode>& mode) {
     return frameRateForCode(mode && mode->rate ? *mode->rate : rate::fps30);
 }
 
-/// Which fields keep the time from being one at the rate; without a rate, at any.
+/// Names the fields that are invalid at the mode's rate, or at any rate if it is unknown.
 std::string timeFaultText(const Timecode& time, const std::optional<Mode>& mode) {
     const auto& rate = rateToCheckBy(mode);
     std::string fault;

@@ -11,7 +11,7 @@ namespace vexa {
 
 struct SysEx;
 
-/// What a mode code stands for.
+/// The meaning of a mode code.
 struct Mode {
     std::uint64_t sync = 0;            ///< sync-type code
     std::optional<std::uint64_t> rate; ///< frame-rate code; FSK carries none
@@ -22,30 +22,30 @@ struct Mode {
 /// "25 fps DTL", or "FSK, rate unknown".
 std::string modeText(const Mode& mode);
 
-/// Run from this time in this mode when the start comes.
+/// Sets up the time and mode for the next start.
 struct SetupFrame {
-    Timecode time; ///< valid at the mode's rate; at a rate of 30 where that is unknown
+    Timecode time; ///< valid at the mode's rate, or at 30 fps if that is unknown
     Mode mode;
 
     bool operator==(const SetupFrame&) const = default;
 };
 
-/// Run now, from the time that was set up.
+/// Starts a run from the time that was set up.
 struct StartFrame {
     Timecode time;
 
     bool operator==(const StartFrame&) const = default;
 };
 
-/// Stop. The setup for 00:00:00:00 at 24 fps MTC has the same bytes.
+/// Stops. The setup for 00:00:00:00 at 24 fps MTC has the same bytes.
 struct StopFrame {
     bool operator==(const StopFrame&) const = default;
 };
 
-/// What keeps a message from being one of the device's.
+/// Why a message is not one of the device's.
 enum class Fault { manufacturer, device, cutOff, size, modeCode, time };
 
-/// None of the device's messages.
+/// Not one of the device's messages.
 struct MalformedFrame {
     Fault fault;
 
@@ -54,10 +54,10 @@ struct MalformedFrame {
 
 using Frame = std::variant<SetupFrame, StartFrame, StopFrame, MalformedFrame>;
 
-/// What a System Exclusive message says to the device, looked at by itself. Real-time safe.
+/// Decodes a single System Exclusive message, whatever came before it. Real-time safe.
 Frame decodedFrame(const SysEx& message);
 
-/// What is wrong with the message that has the fault, to be read by a person.
+/// Describes the message's fault for people.
 std::string faultText(Fault fault, const SysEx& message);
 
 } // namespace vexa

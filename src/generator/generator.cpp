@@ -5,7 +5,7 @@
 namespace vexa {
 
 namespace {
-/// Where MTC is to run from: receivers locate there.
+/// Sends the start time of an MTC run, so that receivers locate to it.
 void announce(const SetupFrame& setup, MidiWriter& midi) {
     if (setup.mode.sync == sync::mtc)
         midi.write(0, mtcFullFrame(setup.time, frameRateForCode(*setup.mode.rate)));

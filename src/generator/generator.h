@@ -11,25 +11,24 @@
 
 namespace vexa {
 
-/// The generator between the messages it is sent and the signals it puts out, all counted by the
-/// samples of one clock. Now is always before the next sample to be rendered. A run's first word
-/// begins with LTC's lead-in after its start, and so does its first quarter frame where the first
-/// number is even. MTC runs give LTC and MTC, DTL runs LTC, FSK runs nothing. Real-time safe, but
-/// for the constructor.
+/// Turns messages into signals, both timed by the samples of one clock. "Now" is just before the
+/// next sample to render. A run's first word begins one LTC lead-in after its start. So does its
+/// first quarter frame, if the first number is even. MTC runs produce LTC and MTC, DTL runs LTC,
+/// FSK runs nothing. Real-time safe, except the constructor.
 class Generator {
 public:
-    /// Samples a second, and the level of LTC in dBFS.
+    /// Sample rate in samples per second; LTC level in dBFS.
     Generator(std::uint32_t sampleRate, double level);
 
-    /// Acts on a message now. The report has no arrival yet.
+    /// Acts on a message now. The report has no arrival time yet.
     Report take(const SysEx& message, MidiWriter& midi);
 
-    /// The next samples of LTC, and the quarter frames that fall on them.
+    /// Renders the next LTC samples and sends the quarter frames that fall on them.
     void render(std::span<float> ltc, MidiWriter& midi);
 
     const GeneratorState& state() const { return m_state; }
 
-    /// The number under way in a run, or the last one.
+    /// The current timecode of a run, or the last one.
     const Timecode& time() const { return m_ltc.time(); }
 
 private:
@@ -41,7 +40,7 @@ private:
     std::uint32_t m_sampleRate;
     GeneratorState m_state;
     LtcSignal m_ltc;
-    std::optional<QuarterFrames> m_mtc; ///< while they run
+    std::optional<QuarterFrames> m_mtc; ///< set while they run
     std::uint64_t m_position = 0;       ///< samples rendered since the start
 };
 

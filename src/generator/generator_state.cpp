@@ -5,8 +5,8 @@
 namespace vexa {
 
 namespace {
-/// The setup whose bytes are those of the stop frame: a start at 00:00:00:00 after a stop may
-/// well mean it.
+/// The setup with the same bytes as the stop frame. A start at 00:00:00:00 after a stop may mean
+/// it.
 constexpr SetupFrame setupInStop{{}, {sync::mtc, rate::fps24}};
 } // namespace
 

@@ -6,18 +6,18 @@
 
 namespace vexa {
 
-/// What becomes of a frame.
+/// The outcome of a frame.
 enum class Reply {
     done,
-    doneBySetupInStop, ///< a start whose setup is the stop frame with the same bytes
+    doneBySetupInStop, ///< a start set up by the stop frame, which has the bytes of a setup
     malformed,
-    whileRunning,    ///< a setup or start that comes in mid-run
+    whileRunning,    ///< a setup or start during a run
     withoutSetup,    ///< a start with nothing to run
     afterOtherSetup, ///< a start with another time than its setup
 };
 
-/// The rules of the generator: stopped, set up or running. A frame with anything wrong changes
-/// nothing. Starts out stopped. Real-time safe.
+/// The rules of the generator, which is stopped, set up or running; initially stopped. A faulty
+/// frame changes nothing. Real-time safe.
 class GeneratorState {
 public:
     enum class Phase { stopped, setUp, running };
@@ -26,7 +26,7 @@ public:
 
     Phase phase() const { return m_phase; }
 
-    /// What a start would run, or what runs; none before the first setup.
+    /// The current run, or the one that a start would begin; none before the first setup.
     const std::optional<SetupFrame>& setup() const { return m_setup; }
 
 private:

@@ -36,13 +36,13 @@ bool JackClient::setCallbacks() {
         static_cast<JackClient*>(self)->wakeUp();
         return 0;
     };
-    // A port can be connected not when it appears but when its client has become active.
+    // A port can be connected only once its client is active, which is after the port appears.
     const auto graphChanged = [](void* self) {
         static_cast<JackClient*>(self)->m_graphChanged = true;
         static_cast<JackClient*>(self)->wakeUp();
         return 0;
     };
-    // A signal is made for one sample rate. Opened again, it is made for the new one.
+    // A signal is made for one sample rate. Reopening makes it for the new rate.
     const auto sampleRate = [](jack_nframes_t rate, void* self) {
         if (rate != static_cast<JackClient*>(self)->m_sampleRate)
             static_cast<JackClient*>(self)->end();
@@ -60,7 +60,7 @@ void JackClient::end() {
 }
 
 void JackClient::wakeUp() {
-    // Fails only when a wake-up is pending already.
+    // Fails only if a wake-up is already pending.
     eventfd_write(m_wakeUps, 1);
 }
 

@@ -10,14 +10,14 @@
 
 namespace vexa {
 
-/// A client of a JACK server with an output for LTC, its connections and the server's news. What
-/// derives from it makes the sound; its destructor calls close() before anything else.
+/// A client of a JACK server with an LTC output. Handles connections and server events. Derived
+/// classes make the sound; their destructors must call close() first.
 class JackClient {
 public:
     JackClient(const JackClient&) = delete;
     JackClient& operator=(const JackClient&) = delete;
 
-    /// Lets the server call process(). False where it does not.
+    /// Lets the server call process(). Returns false on failure.
     bool activate();
 
 protected:
@@ -26,7 +26,7 @@ protected:
 
     void close() { m_client.reset(); }
 
-    /// Makes a period of samples. Called by a thread of JACK's that must not wait or allocate.
+    /// Makes one period of samples. Called on a JACK thread, so it must not wait or allocate.
     virtual void process(jack_nframes_t samples) = 0;
 
     jack_client_t* client() const { return m_client.get(); }
@@ -37,15 +37,15 @@ protected:
     void wakeUp();
     void clearWakeUps();
 
-    /// Whether the server has ended, or changed its sample rate.
+    /// Whether the server has ended or changed its sample rate.
     bool isGone() const { return m_gone; }
 
     unsigned xruns() const { return m_xruns; }
 
-    /// Makes those connections that are asked for and can be made since the last call.
+    /// Makes the requested connections that have become possible since the last call.
     void connect(Listener& listener);
 
-    /// The zero of the server's clock on ours. They need not be the same: jackd runs on
+    /// The zero of the server's clock, on our clock. The two may differ: jackd uses
     /// CLOCK_MONOTONIC_RAW, a few hundred milliseconds and some parts per million away.
     static Moment epoch();
 
@@ -72,12 +72,12 @@ private:
 /// Keeps the library from writing to the terminal.
 void silenceJack();
 
-/// A client on the running server; none where no server runs. Does not start one.
+/// A client on the running server; null if no server runs. Does not start one.
 template<typename Client>
 std::unique_ptr<Client> openedOnJack(const OutputOptions& options) {
     silenceJack();
-    // A busy server can miss its own sign that a client has come or joined and, five seconds later,
-    // refuse it: the next attempt is as good as the first.
+    // A busy server can miss its own signal that a client has come or joined, and refuses the
+    // client five seconds later. A second attempt has the same chances as the first.
     jack_status_t status{};
     for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
         auto* const handle = jack_client_open(generatorName, JackNoStartServer, &status);

@@ -20,20 +20,20 @@ public:
     bool read(Listener& listener) override;
 
 private:
-    /// A start with what to run, or the finish.
+    /// A start with its run, or a finish.
     struct Order {
         Moment moment;
         std::optional<LtcRun> run;
-        jack_nframes_t sample = 0; ///< of the moment, as the server counts
+        jack_nframes_t sample = 0; ///< the server's count at that moment
     };
 
     void process(jack_nframes_t samples) override;
     void order(Order order);
-    /// Whether m_next holds the order that is due next.
+    /// Whether m_next is set; fetches the next order first, if necessary.
     bool hasNext();
 
     const double m_level;
-    unsigned m_xrunsBefore = 0; ///< the run
+    unsigned m_xrunsBefore = 0; ///< before the current run
 
     RealTimeQueue<Order> m_orders{64};
     std::atomic<PackedTimecode> m_time = 0;

@@ -8,7 +8,7 @@
 
 namespace vexa {
 
-/// LTC for a unit whose messages come another way, and whose clock is ours.
+/// LTC output for a unit that runs on our clock and does not receive its messages from JACK.
 class LtcOutput {
 public:
     LtcOutput() = default;
@@ -16,22 +16,21 @@ public:
     LtcOutput(const LtcOutput&) = delete;
     LtcOutput& operator=(const LtcOutput&) = delete;
 
-    /// Starts a run, or finishes it, at a moment that is to come; where it has passed, at once.
-    /// The calls come in the order of their moments.
+    /// Starts or finishes a run at a future moment, or at once if the moment has passed. Calls come
+    /// in the order of their moments.
     virtual void start(const LtcRun& run, Moment moment) = 0;
     virtual void finish(Moment moment) = 0;
 
     virtual SignalStatus signal() = 0;
 
-    /// Polls readable when read() has something to do.
+    /// Becomes readable when read() has work to do.
     virtual int descriptor() const = 0;
 
-    /// Tells what has happened. False when the sound has gone away for good.
+    /// Reports what has happened. Returns false when the output is gone for good.
     virtual bool read(Listener& listener) = 0;
 };
 
-/// LTC on the port "LTC" of the JACK server that runs; none where no server runs. Does not start
-/// one.
+/// LTC on the port "LTC" of the running JACK server; null if no server runs. Does not start one.
 std::unique_ptr<LtcOutput> openJackLtc(const OutputOptions& options);
 
 } // namespace vexa

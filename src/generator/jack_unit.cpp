@@ -9,10 +9,10 @@
 namespace vexa {
 
 namespace {
-/// A time of the server's clock, in the place of one of ours until it is converted.
+/// A time on the server's clock, stored as a Moment until it is converted.
 Moment onJackClock(jack_time_t time) { return Moment(std::chrono::microseconds(time)); }
 
-/// What goes out in one period.
+/// The output of one period.
 class Period : public MidiWriter {
 public:
     Period(Generator& generator, std::span<float> ltc, void* mtc)
@@ -61,7 +61,7 @@ private:
     jack_port_t* m_inPort;
     jack_port_t* m_mtcPort;
 
-    /// Used by process(), and after it by finish().
+    /// Used by process(), and by finish() afterwards.
     SysExReader m_reader;
     Generator m_generator;
     bool m_running = false;
@@ -70,7 +70,7 @@ private:
     RealTimeQueue<Report> m_reports{1024};
     std::atomic<bool> m_lost = false;
     std::atomic<PackedTimecode> m_time = 0;
-    std::atomic<unsigned> m_xrunsBefore = 0; ///< the run
+    std::atomic<unsigned> m_xrunsBefore = 0; ///< before the current run
 };
 
 JackUnit::JackUnit(jack_client_t* client, const OutputOptions& options)
@@ -122,7 +122,7 @@ Report JackUnit::malformed(const SysEx& message) const {
 }
 
 void JackUnit::endAtGap(jack_time_t time) {
-    // What follows a gap is not the rest of what came before it.
+    // A gap ends the message: the next bytes do not continue it.
     if (const auto message = m_reader.finish())
         tell(malformed(*message), time);
     m_lost = true;

@@ -7,7 +7,7 @@
 
 namespace vexa {
 
-/// The generator on the JACK server that runs, with the ports "in", "LTC" and "MTC"; none where no
+/// The generator on the running JACK server, with the ports "in", "LTC" and "MTC"; null if no
 /// server runs. Does not start one.
 std::unique_ptr<Unit> openJackUnit(const OutputOptions& options);
 

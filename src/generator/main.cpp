@@ -25,8 +25,8 @@ int fail(const std::string& message, int status) {
     return status;
 }
 
-/// A descriptor that becomes readable when the program is asked to end. To be called before any
-/// other thread begins, so that none of them is interrupted.
+/// A descriptor that becomes readable when the program is asked to end. Call this before starting
+/// other threads, so that the signals do not interrupt them.
 int endSignals() {
     sigset_t signals;
     sigemptyset(&signals);
@@ -52,7 +52,7 @@ std::vector<System> systemsFor(GeneratorMidi choice, const OutputOptions& output
 }
 
 int run(const GeneratorCommandLine& commandLine) {
-    std::ofstream copy; // swallows what it is given unless it is opened
+    std::ofstream copy; // discards everything unless it is opened
     if (commandLine.logFile) {
         copy.open(*commandLine.logFile, std::ios::app);
         if (!copy)

@@ -5,10 +5,10 @@
 
 namespace vexa {
 
-/// Takes MIDI messages that go out.
+/// Accepts outgoing MIDI messages.
 class MidiWriter {
 public:
-    /// A message for so many samples after now. Calls come in the order of time.
+    /// Sends a message that many samples from now. Calls come in order of time.
     virtual void write(std::uint64_t samples, std::span<const std::uint8_t> message) = 0;
 
 protected:

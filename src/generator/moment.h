@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// A time on CLOCK_MONOTONIC, which is what std::chrono::steady_clock reads on Linux.
+/// A time on CLOCK_MONOTONIC, the clock of std::chrono::steady_clock on Linux.
 using Moment = std::chrono::steady_clock::time_point;
 
 } // namespace vexa

@@ -5,12 +5,12 @@
 
 namespace vexa {
 
-/// What the user wants of the signals.
+/// The user's settings for the signals.
 struct OutputOptions {
     static constexpr double lowestLevel = -60;
 
     double level = -18;                   ///< of LTC, in dBFS: lowestLevel to 0
-    std::vector<std::string> connections; ///< JACK ports, sound to LTC and MIDI to MTC
+    std::vector<std::string> connections; ///< JACK ports: audio ports for LTC, MIDI ports for MTC
 };
 
 } // namespace vexa

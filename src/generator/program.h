@@ -7,11 +7,11 @@
 
 namespace vexa {
 
-/// The generator at work: logs what happens to the unit, shows what it does, and has it opened
-/// again when its MIDI system comes back.
+/// Runs the generator: logs the unit's events, shows its status, and reopens it when its MIDI
+/// system returns.
 class Program : private Listener {
 public:
-    /// `unit` is one that `system` opened. The log outlives the program.
+    /// `system` must have opened `unit`. The log must outlive the program.
     Program(System system, std::unique_ptr<Unit> unit, EventLog& log,
             std::chrono::milliseconds retryInterval = std::chrono::seconds(1));
 
@@ -30,9 +30,9 @@ private:
     System m_system;
     std::chrono::milliseconds m_retryInterval;
     std::unique_ptr<Unit> m_unit; ///< none while its system is away
-    Moment m_nextTry;             ///< when to look for it again
+    Moment m_nextTry;             ///< when to try again
     EventLog& m_log;
-    GeneratorState m_state; ///< of the unit, as far as it has been read
+    GeneratorState m_state; ///< of the unit, after the last report read
 };
 
 } // namespace vexa

@@ -7,13 +7,13 @@
 
 namespace vexa {
 
-/// Values on their way from one thread to another, neither of which waits or allocates.
+/// Passes values from one thread to another; neither waits nor allocates.
 template<typename Value>
 class RealTimeQueue {
 public:
     explicit RealTimeQueue(std::size_t capacity) : m_values(capacity) {}
 
-    /// False where there is no room.
+    /// Returns false if the queue is full.
     bool push(const Value& value) {
         const auto pushed = m_pushed.load(std::memory_order_relaxed);
         if (pushed - m_popped.load(std::memory_order_acquire) == m_values.size())

@@ -9,27 +9,27 @@
 
 namespace vexa {
 
-/// A message and what became of it.
+/// A message and its outcome.
 struct Report {
     Moment arrival;
     SysEx message;
     Reply reply = Reply::malformed;
     GeneratorState state;              ///< after the message
-    std::optional<Timecode> stoppedAt; ///< the number under way where the message ended a run
+    std::optional<Timecode> stoppedAt; ///< where the message ended a run
     unsigned xruns = 0;                ///< of that run
 };
 
-/// The message and what it meant, for the log: "F0 7D 42 01 00 00 00 7F F7  start 01:00:00:00".
+/// The message and its meaning, for the log: "F0 7D 42 01 00 00 00 7F F7  start 01:00:00:00".
 std::string reportText(const Report& report);
 
-/// What the signal has come to in a run.
+/// The state of the signals during a run.
 struct SignalStatus {
-    Timecode time;                  ///< the number under way
-    std::optional<double> ltcLevel; ///< in dBFS; none where there is no sound
+    Timecode time;                  ///< the current timecode
+    std::optional<double> ltcLevel; ///< in dBFS; none without audio
     unsigned xruns = 0;             ///< of this run
 };
 
-/// What the generator is doing, in one line.
+/// The generator's status, in one line.
 std::string statusText(const GeneratorState& state, const SignalStatus& signal);
 
 } // namespace vexa

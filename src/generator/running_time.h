@@ -7,19 +7,19 @@
 
 namespace vexa {
 
-/// Counts the frames of a run by a clock of ours, where no signal does.
+/// Counts the frames of a run on our own clock, for runs without a signal.
 class RunningTime {
 public:
-    /// The first number is valid at the rate.
+    /// The first time must be valid at the rate.
     RunningTime(const Timecode& first, const FrameRate& rate)
         : m_rate(rate), m_time(first), m_next(rate, nanosecondsASecond, 1) {
         m_next.advance();
     }
 
-    /// The number under way so long after the start. Time does not go back.
+    /// The timecode that long after the start. Calls must not go back in time.
     const Timecode& at(std::chrono::nanoseconds sinceStart) {
         for (; static_cast<std::int64_t>(m_next.sample()) <= sinceStart.count(); m_next.advance())
-            m_time = advanced(m_time, 1, m_rate); // drop-frame numbers are left out by single steps
+            m_time = advanced(m_time, 1, m_rate); // single steps skip dropped numbers
         return m_time;
     }
 
@@ -28,7 +28,7 @@ private:
 
     FrameRate m_rate;
     Timecode m_time;
-    FrameSteps m_next; ///< the next frame, a sample being a nanosecond
+    FrameSteps m_next; ///< the next frame, in nanoseconds instead of samples
 };
 
 } // namespace vexa

@@ -11,20 +11,20 @@ namespace vexa {
 
 inline constexpr const char* generatorName = "Vexa Generator";
 
-/// Hears what happens to a unit.
+/// Receives a unit's events.
 class Listener {
 public:
     virtual void happened(const Report& report) = 0;
 
-    /// Something that no message brought about.
+    /// An event not caused by a message.
     virtual void noted(Moment moment, const std::string& text) = 0;
 
 protected:
     ~Listener() = default;
 };
 
-/// The generator on one of the MIDI systems, for as long as it lives: a MIDI destination, and the
-/// signals that come of what arrives there.
+/// The generator on one MIDI system, while that system runs: a MIDI destination, and the signals
+/// that its messages cause.
 class Unit {
 public:
     Unit() = default;
@@ -32,26 +32,26 @@ public:
     Unit(const Unit&) = delete;
     Unit& operator=(const Unit&) = delete;
 
-    /// The name that senders find it under.
+    /// The name under which senders find the unit.
     virtual std::string name() const = 0;
 
-    /// Polls readable when read() has something to do.
+    /// Becomes readable when read() has work to do.
     virtual int descriptor() const = 0;
 
-    /// Tells what has happened, in order. Does not block. False when the MIDI system has gone
-    /// away, and nothing will happen any more.
+    /// Reports what has happened, in order. Does not block. Returns false when the MIDI system is
+    /// gone and nothing more will happen.
     virtual bool read(Listener& listener) = 0;
 
-    /// Hears no more, and tells of what has happened up to now.
+    /// Stops receiving, and reports what has happened until now.
     virtual void finish(Listener& listener) = 0;
 
     virtual SignalStatus signal() = 0;
 };
 
-/// A MIDI system for a unit to be on.
+/// A MIDI system that a unit can run on.
 struct System {
     std::string name;    ///< "JACK"
-    std::string absence; ///< what keeps it from being used when open() gives nothing
+    std::string absence; ///< why the system cannot be used, if open() returns null
     std::function<std::unique_ptr<Unit>()> open;
 };
 

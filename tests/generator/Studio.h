@@ -15,7 +15,7 @@
 
 namespace vexa::test {
 
-/// Keeps what it hears.
+/// Records what it hears.
 class Hearing : public Listener {
 public:
     void happened(const Report& report) override { reports.push_back(report); }
@@ -25,7 +25,7 @@ public:
     std::vector<std::string> notes;
 };
 
-/// What jack_studio recorded.
+/// The recording made by jack_studio.
 struct Recording {
     std::vector<float> ltc;
     std::vector<std::string> mtc;       ///< "1920 F1 00"
@@ -41,7 +41,7 @@ inline std::vector<std::string> linesOf(const std::string& file) {
     return lines;
 }
 
-/// The other end of the generator's ports. recording() is to be called.
+/// The other end of the generator's ports. Tests must call recording().
 class Studio {
 public:
     Studio(std::size_t samples, const std::vector<std::string>& events) {

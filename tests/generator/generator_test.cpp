@@ -23,7 +23,7 @@ const std::string dtlSetup = "F0 7D 42 01 00 00 00 05 F7"; // 25 fps
 const std::string mtcSetup = "F0 7D 42 01 00 00 00 01 F7";
 const std::string start = "F0 7D 42 01 00 00 00 7F F7";
 
-/// A generator, and what it puts out.
+/// A generator and its output.
 class GeneratorTest : public testing::Test, public MidiWriter {
 protected:
     Report send(const std::string& hex) { return generator.take(messagesIn(hex).at(0), *this); }
@@ -66,7 +66,7 @@ TEST_F(GeneratorTest, GivesLtcAndMtcForMtc) {
     send(start);
     run(24 + 5 * 1920);
     EXPECT_THAT(ltc[120], 0.0f);
-    EXPECT_GT(ltc[121], 0.0f) << "the lead-in begins with 0, at the sample of the start";
+    EXPECT_GT(ltc[121], 0.0f) << "the lead-in starts with 0, at the sample of the start";
     EXPECT_EQ(words().at(0), (ReadWord{{1, 0, 0, 0}, false}));
     EXPECT_EQ(midi.at(0), "100 F0 7F 7F 01 01 21 00 00 00 F7");
     midi.erase(midi.begin());
@@ -174,7 +174,7 @@ TEST_F(GeneratorTest, IsTheSameInPeriodsOfAnySize) {
         EXPECT_EQ(recorded(period), whole) << period;
 }
 
-/// Takes messages, and forgets what goes out.
+/// Accepts messages and discards them.
 class Sink : public MidiWriter {
 public:
     void write(std::uint64_t, std::span<const std::uint8_t>) override {}

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// The bytes that a text like "F0 7D 42" names.
+/// The bytes of a text like "F0 7D 42".
 inline std::vector<std::uint8_t> bytesFromHex(const std::string& text) {
     std::vector<std::uint8_t> bytes;
     std::istringstream words(text);
@@ -16,7 +16,7 @@ inline std::vector<std::uint8_t> bytesFromHex(const std::string& text) {
     return bytes;
 }
 
-/// The messages in the bytes, the one that the end cuts off included.
+/// The messages in the bytes, including one that the end cuts off.
 inline std::vector<vexa::SysEx> messagesIn(const std::string& hex) {
     vexa::SysExReader reader;
     std::vector<vexa::SysEx> messages;

@@ -39,12 +39,12 @@ TEST(JackLtc, RunsFromOneMomentToAnother) {
     const auto& rate = frameRateForCode(rate::fps25);
     output->start({{1, 0, 0, 0}, rate}, now + std::chrono::seconds(1));
     output->finish(now + std::chrono::milliseconds(1410));
-    // One that is late begins at once.
+    // A late start takes effect at once.
     output->start({{2, 0, 0, 0}, rate, 3}, now + std::chrono::seconds(2));
     output->start({{3, 0, 0, 0}, rate, 3}, now - std::chrono::seconds(1));
     const auto words = wordsIn(studio.recording().ltc, 48000, rate);
 
-    // A clock that goes a little slower or faster, and periods that a busy server leaves out.
+    // Allows for a slightly slower or faster clock, and for periods that a busy server skips.
     std::size_t i = 0;
     for (; i < words.size() && words[i].time.hours == 1; ++i)
         EXPECT_EQ(words[i], (ReadWord{{1, 0, 0, i}, false}));

@@ -1,6 +1,6 @@
-// jack_send PORT EVENT…: sends the events, each given as "F0 7D 42", to a JACK port, in as few
-// cycles as they fit in, and ends when they have been received. A program of its own, since thread
-// sanitizers do not see that the server has one client finish before the next begins.
+// jack_send PORT EVENT…: sends the events, each given as "F0 7D 42", to a JACK port in as few
+// cycles as possible, and ends when they have been received. It is a separate program, as thread
+// sanitizers do not see that the server finishes one client before the next begins.
 
 #include "generator/hex_bytes.h"
 
@@ -56,14 +56,14 @@ int main(int argc, char* argv[]) {
     jack_on_shutdown(client, [](void*) { std::_Exit(EXIT_FAILURE); }, nullptr);
     if (jack_activate(client) != 0 || jack_connect(client, "sender:out", argv[1]) != 0)
         return EXIT_FAILURE;
-    // A busy server connects some cycles later, and what is sent until then is lost.
+    // A busy server connects some cycles later, and messages sent before that are lost.
     while (!jack_port_connected_to(sender.port, argv[1]))
         awaitCycles(sender, 1);
     awaitCycles(sender, 2);
     sender.mayBegin = true;
     while (sender.sent < sender.events.size())
         awaitCycles(sender, 1);
-    // What a cycle writes is read in the same or in the next one.
+    // What a cycle writes is read in that cycle or in the next.
     awaitCycles(sender, 4);
     jack_client_close(client);
 }

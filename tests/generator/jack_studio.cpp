@@ -1,10 +1,10 @@
 // jack_studio FOLDER SAMPLES EVENT…: two clients of a JACK server around the generator, a sender
-// and a recorder that comes after it. An event is "SAMPLE F0 7D 42", sent to "Vexa Generator:in" at
-// that sample, or "SAMPLE period 512", asked of the server about then. Samples are counted from the
-// start of the recording, which lasts for SAMPLES and goes into the folder: the sound of
-// "recorder:ltc" as floats in "ltc", the messages of "recorder:mtc" as lines "SAMPLE F1 00" in
-// "mtc". Prints "ready" when its ports are there, and begins at the end of its input. A port of the
-// generator that is not connected is connected.
+// before it and a recorder after it. An event is "SAMPLE F0 7D 42", which is sent to "Vexa
+// Generator:in" at that sample, or "SAMPLE period 512", which sets the server's period at about
+// that sample. Samples count from the start of the recording, which lasts for SAMPLES. The folder
+// receives the audio of "recorder:ltc" as floats in "ltc", and the messages of "recorder:mtc" as
+// lines "SAMPLE F1 00" in "mtc". Prints "ready" when its ports exist, and starts when its input
+// ends. Connects the generator's ports that are not connected yet.
 
 #include "generator/hex_bytes.h"
 
@@ -31,7 +31,7 @@ struct Received {
     vexa::SysEx message; ///< for its text
 };
 
-/// Shared by both clients. Their threads run one after the other in every period.
+/// Shared by both clients, whose threads run one after the other in every period.
 struct Studio {
     std::vector<Event> events;
     std::size_t sent = 0;
@@ -43,7 +43,7 @@ struct Studio {
     jack_port_t* mtcIn = nullptr;
 
     std::atomic<bool> begun = false;
-    std::size_t begin = 0; ///< of the period under way, the sender's count
+    std::size_t begin = 0; ///< of the current period, in the sender's count
     std::atomic<std::size_t> recorded = 0;
 };
 

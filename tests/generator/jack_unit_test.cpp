@@ -26,7 +26,7 @@ const std::string stop = "F0 7D 42 00 00 00 00 00 F7";
 const std::string mtcSetup = "F0 7D 42 01 00 00 00 01 F7"; // 25 fps
 const std::string start = "F0 7D 42 01 00 00 00 7F F7";
 
-/// A JACK server, and what is opened on it.
+/// A JACK server and the units opened on it.
 class JackUnitTest : public testing::Test {
 protected:
     /// Opens the unit as soon as the server is up.
@@ -99,7 +99,7 @@ TEST_F(JackUnitTest, TellsOfWhatItHadNoRoomFor) {
     EXPECT_THAT(heard.notes, ElementsAre("lost: messages came faster than they could be read"));
     send(*unit, {start});
     EXPECT_TRUE(unit->read(heard));
-    EXPECT_EQ(heard.reports.back().reply, Reply::done) << "the setup before was not acted on";
+    EXPECT_EQ(heard.reports.back().reply, Reply::done) << "the earlier setup had no effect";
     EXPECT_EQ(heard.notes.size(), 1u);
 }
 
@@ -117,7 +117,8 @@ TEST_P(Signals, ComeAtTheSamplesOfTheMessages) {
     server.start(GetParam().sampleRate, GetParam().period);
     const auto unit = openWhenUp();
     ASSERT_NE(unit, nullptr);
-    // Four runs of five frames and a bit, at samples that share no divisor with any period.
+    // Four runs of slightly more than five frames, at samples that share no divisor with any
+    // period.
     std::vector<std::string> events;
     std::vector<std::size_t> starts;
     for (std::size_t run = 0; run < 4; ++run) {
@@ -135,7 +136,7 @@ TEST_P(Signals, ComeAtTheSamplesOfTheMessages) {
     for (const auto at : starts) {
         for (std::uint64_t i = 0; i < 6; ++i)
             words.push_back({{1, 0, 0, i}, false});
-        // One sample after the start the lead-in has left zero.
+        // The lead-in leaves zero one sample after the start.
         EXPECT_EQ(recording.ltc[at - 1], 0.0f);
         EXPECT_EQ(recording.ltc[at], 0.0f);
         EXPECT_GT(recording.ltc[at + 1], 0.0f);

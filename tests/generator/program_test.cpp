@@ -13,7 +13,7 @@ using namespace vexa;
 
 namespace {
 
-/// What the next reads give; after the last the program is told to end.
+/// The results of the next reads. After the last one, the program is told to end.
 struct Script {
     struct Step {
         std::string messages; ///< "F0 7D 42 ... F7"
@@ -29,7 +29,7 @@ struct Script {
     Script& operator=(const Script&) = delete;
 
     std::deque<Step> steps;
-    int readable; ///< always
+    int readable; ///< always readable
     int end;
 };
 
@@ -62,7 +62,7 @@ private:
     GeneratorState m_state;
 };
 
-/// What a run writes to its terminal or to a file.
+/// The output of a run to a terminal or to a file.
 std::string outputOf(std::deque<Script::Step> steps, bool isTerminal) {
     Script script;
     script.steps = std::move(steps);
@@ -75,7 +75,7 @@ std::string outputOf(std::deque<Script::Step> steps, bool isTerminal) {
     return out.str();
 }
 
-/// The lines of a run, without the moments that are the machine's.
+/// The lines of a run, without their varying times.
 std::string linesOf(std::deque<Script::Step> steps) {
     std::istringstream lines(outputOf(std::move(steps), false));
     std::string kept;

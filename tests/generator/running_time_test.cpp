@@ -37,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Rates, RunningTimeOf,
                                          Run{"10:00:00:00", rate::fps30, 108000, "11:00:00:00"},
                                          Run{"00:00:59:29", rate::fps30Drop, 1, "00:01:00:02"},
                                          Run{"00:09:59:29", rate::fps30Drop, 1, "00:10:00:00"},
-                                         // An hour of drop-frame leaves 108 numbers out.
+                                         // An hour of drop-frame skips 108 numbers.
                                          Run{"10:00:00:00", rate::fps30Drop, 107892,
                                              "11:00:00:00"}));
 

@@ -8,7 +8,7 @@ using testing::ElementsAre;
 
 namespace {
 
-/// The messages as text, those cut off with a trailing "|".
+/// The messages as text; a trailing "|" marks those cut off.
 std::vector<std::string> textsIn(const std::string& hex) {
     std::vector<std::string> texts;
     for (const auto& message : messagesIn(hex))
@@ -60,7 +60,7 @@ TEST(SysExReader, KeepsTheBeginningOfALongMessageAndCountsTheRest) {
     EXPECT_EQ(hexText(message), text + " ... (100002 bytes)");
 }
 
-/// A reader in a message that is one byte short of the longest.
+/// A reader inside a message that is one byte short of the longest.
 SysExReader readerOfALongMessage() {
     SysExReader reader;
     reader.take(0xF0);
@@ -75,7 +75,7 @@ TEST(SysExReader, CutsOffAMessageThatDoesNotEnd) {
     EXPECT_FALSE(message.complete);
     EXPECT_EQ(message.size, SysEx::longest);
     for (std::size_t i = 0; i < 2 * SysEx::longest; ++i)
-        ASSERT_FALSE(reader.take(0x11)) << "told twice";
+        ASSERT_FALSE(reader.take(0x11)) << "reported twice";
     EXPECT_FALSE(reader.take(0xF7));
     for (const auto byte : {0xF0, 0x01})
         reader.take(static_cast<std::uint8_t>(byte));
