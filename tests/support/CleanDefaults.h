@@ -5,7 +5,7 @@
 
 namespace vexa::test {
 
-/// No settings stored when a test begins, and none left behind.
+/// Clears the stored settings before and after a test.
 struct CleanDefaults {
     CleanDefaults() { clear(); }
     ~CleanDefaults() { clear(); }

@@ -13,21 +13,21 @@
 
 namespace vexa::test {
 
-/// "hh:mm:ss:ff" as the number that carries it.
+/// The packed timecode of "hh:mm:ss:ff".
 inline std::uint64_t tc(const char* text) { return pack(timecodeFromText(text).value()); }
 
-/// The reading of a display.
+/// The text on a display.
 inline std::string shown(const PlainDisplay& display) {
     return timecodeText(unpack(display.bcdValue()));
 }
 
-/// The frames of the generator, spelled out.
+/// The generator's frames as text.
 inline const std::string stopFrame = "F0 7D 42 00 00 00 00 00 F7";
 inline std::string frame(const char* timeBytes, const char* code) {
     return std::string("F0 7D 42 ") + timeBytes + ' ' + code + " F7";
 }
 
-/// Puts the controls into the states that the window's description gives them.
+/// Gives the controls their initial states, as the window's .ui file does.
 inline void describe(PlainOutlets& ui) {
     ui.addToBatchButton.setHidden(true);
     ui.removeFromBatchButton.setHidden(true);
@@ -35,10 +35,10 @@ inline void describe(PlainOutlets& ui) {
     ui.batchRadios.setMatrixEnabled(false);
 }
 
-/// A controller without a window, one MIDI destination that notes what it gets, and time that
-/// passes by hand. Started up, and past what start-up sends.
+/// A controller without a window, with a MIDI destination that records its messages and a clock
+/// that advances by hand. Start-up is over, and its messages are discarded.
 struct ControllerRig {
-    /// startDisplay: stands in the place of the plain one where a test brings its own.
+    /// startDisplay: replaces the plain display, if a test brings its own.
     explicit ControllerRig(TimecodeEntry* startDisplay = nullptr)
         : controller(outlets(startDisplay), runLoop) {
         destination = midi.addDestination("Timecode Box", 77);
@@ -51,13 +51,13 @@ struct ControllerRig {
     ControllerRig(const ControllerRig&) = delete;
     ControllerRig& operator=(const ControllerRig&) = delete;
 
-    /// Presses a button of the transport.
+    /// Presses a transport button.
     void press(std::uint64_t state) {
         ui.transportMatrix.selectCellWithTag(state);
         controller.handleTransportButtons();
     }
 
-    /// What is entered in a display is committed.
+    /// Commits the time entered in a display.
     void commit(const PlainDisplay& display) {
         controller.timeChanged(display.tag(), display.bcdValue());
     }
@@ -68,7 +68,7 @@ struct ControllerRig {
             runLoop.fireTimerOf(RunLoop::Seconds(controller.frameInterval()));
     }
 
-    /// Sets what a single stripe needs, as the operator's edits would.
+    /// Enters the settings of a single stripe, as the operator's edits would.
     void setStripe(const char* start, const char* stop, std::uint64_t rate,
                    std::uint64_t type = sync::mtc) {
         controller.handleFrameRateMenuItems(rate);

@@ -12,7 +12,7 @@
 
 namespace vexa::test {
 
-/// A MIDI system made of whatever objects a test puts into it. It notes every message.
+/// A MIDI system of the objects that a test adds. Records every message.
 class FakeMidiSystem final : public MidiSystem {
 public:
     struct Object {
@@ -23,7 +23,7 @@ public:
         MidiObjectRef parent = 0; ///< an endpoint's entity, an entity's device
         bool isThere = true;
         std::optional<std::string> whereabouts{};
-        std::optional<MidiUniqueId> earlierId{}; ///< by which it is found as well
+        std::optional<MidiUniqueId> earlierId{}; ///< finds the object as well
     };
 
     struct Sent {
@@ -44,7 +44,7 @@ public:
         return ref;
     }
 
-    /// What happens to a destination that is unplugged, and when it is plugged in again.
+    /// Unplugs a destination, or plugs it in again.
     void unplug(MidiObjectRef ref) {
         object(ref).isThere = false;
         std::erase(m_destinations, ref);
@@ -58,7 +58,7 @@ public:
 
     Object& object(MidiObjectRef ref) { return m_objects.at(ref); }
 
-    /// What was sent since the last call.
+    /// The messages since the last call.
     std::vector<Sent> takeSent() { return std::exchange(m_sent, {}); }
     std::vector<std::string> takeBytes() {
         std::vector<std::string> bytes;
@@ -67,7 +67,7 @@ public:
         return bytes;
     }
 
-    /// Until reach() is called, nobody knows what is there.
+    /// Until reach() is called, the destinations are unknown.
     void beOutOfReach() { m_isReached = false; }
     void reach() {
         m_isReached = true;
@@ -144,8 +144,8 @@ private:
     std::vector<std::function<void()>> m_waiting;
     MidiObjectRef m_next = 1;
     std::map<MidiObjectRef, Object> m_objects;
-    std::vector<MidiObjectRef> m_destinations; ///< those that are there
-    std::vector<MidiObjectRef> m_listed;       ///< those that were at the last reading
+    std::vector<MidiObjectRef> m_destinations; ///< present now
+    std::vector<MidiObjectRef> m_listed;       ///< present at the last reading
     std::vector<Sent> m_sent;
     Seen m_seen;
 };

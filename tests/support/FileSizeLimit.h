@@ -6,7 +6,7 @@
 
 namespace vexa::test {
 
-/// While it lives, this process's files end at so many bytes, as on a disk that is full.
+/// While it exists, limits the size of this process's files, like a full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes) {

@@ -16,8 +16,7 @@
 
 namespace vexa::test {
 
-/// Starts a program that is found on the path. Files: what it gets as its standard input and
-/// output, where given.
+/// Starts a program from the path. files: its standard input and output, if given.
 inline pid_t spawned(std::vector<const char*> arguments, const std::vector<int>& files = {}) {
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions;
@@ -32,8 +31,7 @@ inline pid_t spawned(std::vector<const char*> arguments, const std::vector<int>&
     return pid;
 }
 
-/// A JACK server of the test's own, without sound hardware, for everything that is opened on one
-/// from now on.
+/// The test's own JACK server, without sound hardware. From now on, everything on JACK uses it.
 class JackServer {
 public:
     JackServer() {
@@ -44,11 +42,11 @@ public:
     JackServer(const JackServer&) = delete;
     JackServer& operator=(const JackServer&) = delete;
 
-    /// Returns when it is up, and ends the test when it does not come up. Synchronous: a receiver
-    /// that comes late on a busy machine still gets its period.
+    /// Returns when the server is up, and throws if it fails to start. Synchronous, so a receiver
+    /// that is late on a busy machine still gets its period.
     void start(const char* sampleRate = "48000", const char* period = "256") {
-        // A server that was killed may have locked a database of all servers for good, at which the
-        // next one hangs. What others share stays.
+        // A killed server may leave a database of all servers locked, which would hang the next
+        // one. A shared database is left alone.
         if (std::getenv("VEXA_OWN_SHM"))
             std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()));
         m_pid = spawned({"jackd", "-n", m_name.c_str(), "-r", "-S", "-d", "dummy", "-r", sampleRate,
@@ -57,10 +55,10 @@ public:
         while (!isUp()) {
             if (waitpid(m_pid, nullptr, WNOHANG) != 0) {
                 m_pid = 0;
-                throw std::runtime_error("jackd ended instead of coming up");
+                throw std::runtime_error("jackd ended during start-up");
             }
             if (std::chrono::steady_clock::now() > deadline)
-                throw std::runtime_error("jackd does not come up");
+                throw std::runtime_error("jackd did not start in time");
         }
     }
 

@@ -8,7 +8,7 @@
 
 namespace vexa::test {
 
-/// A run loop whose time passes only by hand.
+/// A run loop whose time advances only by hand.
 class ManualRunLoop final : public RunLoop {
 public:
     std::unique_ptr<RunLoopTimer> scheduleTimer(Seconds interval, bool repeats,
@@ -22,7 +22,7 @@ public:
         return std::make_unique<Timer>(*this, entry);
     }
 
-    /// Lets that much time pass and fires what falls due in it, in order.
+    /// Advances the time and fires the timers that fall due, in order.
     void advance(Seconds time) {
         constexpr Seconds rounding{1e-9};
         const auto end = m_now + time;
@@ -35,7 +35,7 @@ public:
 
     Seconds now() const { return m_now; }
 
-    /// Fires the timer of that interval once, whatever the time is.
+    /// Fires the timer with that interval once, whatever the time.
     void fireTimerOf(Seconds interval) {
         for (const auto& entry : live())
             if (std::abs((entry->interval - interval).count()) < 1e-12)

@@ -10,15 +10,15 @@
 namespace vexa::test {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-inline constexpr bool isMemoryOurs = false; ///< sanitizers take a multiple of it for themselves
+inline constexpr bool isMemoryOurs = false; ///< sanitizers use a multiple of it
 #else
 inline constexpr bool isMemoryOurs = true;
 #endif
 
-/// The most memory, in MiB, that a copy of this process has resident while it does something.
+/// The peak resident memory, in MiB, of a copy of this process during the action.
 template<typename Action>
 long peakMemory(Action action) {
-    malloc_trim(0); // what earlier tests have let go
+    malloc_trim(0); // memory freed by earlier tests
     const pid_t child = fork();
     if (child == 0) {
         action();
@@ -27,7 +27,7 @@ long peakMemory(Action action) {
     int status = 0;
     rusage usage{};
     EXPECT_EQ(wait4(child, &status, 0, &usage), child);
-    EXPECT_TRUE(WIFEXITED(status)) << "it ended by a signal";
+    EXPECT_TRUE(WIFEXITED(status)) << "ended by a signal";
     return usage.ru_maxrss / 1024;
 }
 

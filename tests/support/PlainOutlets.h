@@ -11,7 +11,7 @@
 
 namespace vexa::test {
 
-// Outlets that hold what they are told and answer as a test tells them.
+// Outlets that store what they are told and give the answers that a test sets.
 
 class PlainRadioMatrix : public RadioMatrix {
 public:
@@ -141,7 +141,7 @@ private:
     std::map<BatchItemRef, StripeMark> m_marks;
 };
 
-/// Cancelled when it is shown, where nobody answers in its place.
+/// Acts as if cancelled when shown, unless a test answers.
 class PlainAddToPanel : public AddToPanel {
 public:
     void setReel(std::uint64_t reel) override { m_reel = reel; }
@@ -165,7 +165,7 @@ public:
     void showPreferences() override {}
 };
 
-/// As if every panel were cancelled.
+/// Acts as if every panel were cancelled.
 class PlainFilePanels : public FilePanels {
 public:
     std::optional<QString> runOpenPanel() override { return {}; }
@@ -177,7 +177,7 @@ public:
     void noteNewRecentDocument(const QString&) override {}
 };
 
-/// A whole set of them, but for the alerts.
+/// A complete set of outlets, except the alerts.
 struct PlainOutlets {
     PlainWindowTitle window;
     PlainRadioMatrix transportMatrix{3};

@@ -8,7 +8,7 @@
 
 namespace vexa::test {
 
-/// Answers alerts as told, by the first button where nothing was told, and notes them.
+/// Answers alerts as scripted, otherwise by the first button, and records them.
 class ScriptedAlerts final : public Alerts {
 public:
     int runModal(const Alert& alert) override {

@@ -6,7 +6,7 @@
 
 namespace vexa::test {
 
-/// A session bus of the test's own.
+/// The test's own session bus.
 class SessionBus {
 public:
     SessionBus() {
@@ -24,9 +24,9 @@ public:
     SessionBus(const SessionBus&) = delete;
     SessionBus& operator=(const SessionBus&) = delete;
 
-    /// The connection of one program among several.
+    /// A separate connection for each program.
     QDBusConnection connection(const QString& program) const {
-        // Connections are kept by name, and those to a bus that is gone are none.
+        // Connections are cached by name, and a cached one to an earlier bus would be dead.
         return QDBusConnection::connectToBus(m_address, m_address + program);
     }
 

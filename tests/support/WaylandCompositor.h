@@ -12,11 +12,11 @@
 
 namespace vexa::test {
 
-/// A Wayland compositor without a screen, that programs reach by the environment. All that it has
-/// is tokens for activation.
+/// A Wayland compositor without a screen, which programs find through the environment. It offers
+/// only activation tokens.
 class WaylandCompositor {
 public:
-    /// token: what it hands out; nothing where it is to know no tokens.
+    /// token: handed out to programs; if empty, no tokens are offered.
     explicit WaylandCompositor(std::string token = {}) : m_token(std::move(token)) {
         qputenv("XDG_RUNTIME_DIR", m_runtime.path().toLocal8Bit());
         qputenv("WAYLAND_DISPLAY", wl_display_add_socket_auto(m_display));
@@ -33,7 +33,7 @@ public:
         qputenv("XDG_RUNTIME_DIR", m_before);
     }
 
-    /// Answers from now on.
+    /// Starts to answer.
     void run() {
         m_loop = std::thread([this] {
             while (!m_ends) {

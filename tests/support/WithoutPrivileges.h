@@ -8,8 +8,8 @@
 
 namespace vexa::test {
 
-/// Somebody who may not write everywhere, also where root runs the tests. What is below the path
-/// is theirs.
+/// A user who may not write everywhere, even if root runs the tests. Owns everything below the
+/// path.
 class WithoutPrivileges {
 public:
     explicit WithoutPrivileges(const QString& path) {

@@ -2,7 +2,7 @@
 
 namespace vexa::test {
 
-/// How often the program has asked for memory.
+/// How often the program has allocated memory.
 int allocations();
 
 } // namespace vexa::test

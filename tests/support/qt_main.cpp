@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What Qt warns of is a mistake of ours, unless it is of what a machine without a screen lacks.
+/// Fails on Qt's warnings, except those about a machine without a screen.
 void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
     std::fprintf(stderr, "%s\n", qUtf8Printable(message));
     const bool isOfPlatform = message.startsWith(QLatin1String("This plugin does not support "));
@@ -18,7 +18,7 @@ void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& mes
 
 int main(int argc, char* argv[]) {
     testing::InitGoogleTest(&argc, argv);
-    // Settings of the person who runs the tests are neither read nor written.
+    // Tests neither read nor write the settings of the person who runs them.
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
     qputenv("XDG_DATA_HOME", config.path().toLocal8Bit());
