@@ -1,4 +1,4 @@
-"""The batch list in the window: filled, edited, taken back, and striped row by row."""
+"""The batch list in the window: filled, edited, undone, and striped row by row."""
 
 import unittest
 
@@ -9,7 +9,7 @@ from support.items import Item, items_in
 from support.waiting import eventually
 from support.wire import run
 
-# Apart by each thing that they are sorted by.
+# Differ in each field of the sort order.
 SORTED = [
     Item(1, "b", "00:59:59:20", "01:00:00:02", "30 df", "MTC"),
     Item(1, "Z", "01:00:00:00", "01:00:00:06", "25 fps", "DTL"),

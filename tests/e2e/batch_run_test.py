@@ -25,7 +25,8 @@ TITLES_AND_REELS = (("one", 1), ("two", 1), ("three", 2))
 
 class BatchRun(DeviceTest):
     def open_three_items(self, delay, length=THIRD_OF_A_SECOND):
-        """The window with the three items, batch striping on and settings of the operator's."""
+        """Opens the window with the three items, batch striping on, and other settings of the
+        operator."""
         self.write_settings(vexadelay=delay)
         self.window, self.batch, _ = self.open_list(
             Item(reel, title, f"0{hour}:00:00:00", f"0{hour}:00:{length}")
@@ -37,11 +38,12 @@ class BatchRun(DeviceTest):
         self.window.await_on("Batch striping")
 
     def expect_item(self, hour, *end):
-        """A later item of the run begins, without a stop before it, and ends."""
+        """Expects the messages of a later item, which starts without a stop before it, and its
+        end."""
         return self.expect_messages(*play(hour, 0, 0, 0, FPS_30_MTC)[1:], *end)
 
     def expect_two_items(self):
-        """The first items of a run without a delay."""
+        """Expects the messages of the first two items in a run without a delay."""
         first, second = play(1, 0, 0, 0, FPS_30_MTC), play(2, 0, 0, 0, FPS_30_MTC)
         return self.expect_messages(*first, STOP, *second[1:], STOP)
 
@@ -78,7 +80,7 @@ class BatchRun(DeviceTest):
         self.expect_settings_back()
 
     def strike_until_answered(self, key):
-        """Keys count only when the question can have been read."""
+        """Repeats the key: keys count only after there was time to read the question."""
 
         def is_answered():
             self.window.keys(key)

@@ -1,5 +1,5 @@
-"""The clock where time itself goes wrong: it is a count of ticks, and neither follows the time of
-day nor catches up."""
+"""The clock when time itself goes wrong: it counts ticks, ignores the time of day, and does not
+catch up."""
 
 import os
 import pathlib
@@ -23,7 +23,7 @@ def setUpModule():
 
 class Clock(DeviceTest):
     def start_stripe(self, stop_time):
-        """The window, and a moment just before the stripe's beginning."""
+        """Starts a stripe. Returns the window and a moment just before the start."""
         window = self.open_window()
         window.type_time("Stop time", stop_time)
         before = time.monotonic()
@@ -65,7 +65,7 @@ class Clock(DeviceTest):
         self.assertEqual(self.monitor.take(1, seconds=3), [])
         away = time.monotonic() - stopped
         window.program.send_signal(signal.SIGCONT)
-        # The ticks of that time are one tick, and the clock does not catch up.
+        # The missed ticks count as one, and the clock does not catch up.
         self.check_end(window, "01:00:02:00", no_sooner_than=before + 2 + away - A_FEW_TICKS)
 
 

@@ -41,7 +41,7 @@ class CommandLine(ProgramTest):
                 self.assertNotIn("\x1b", done.stderr)
 
     def test_keeps_its_arguments_to_itself(self):
-        """What stands behind an option is the option's, not Qt's."""
+        """An option's value is its own, even if it looks like an option of Qt."""
         os.environ["QT_QPA_PLATFORM"] = "offscreen"
         self.addCleanup(os.environ.pop, "QT_QPA_PLATFORM")
         done = program.run("--midi", "none", "--destination", "-platform", "nowhere.vexaB")

@@ -1,5 +1,5 @@
-"""The program among others on the desktop: a second launch, calls on the session bus, files that are
-dropped on the window, the end of the session."""
+"""The program on the desktop: a second launch, calls on the session bus, files dropped on the
+window, and the end of the session."""
 
 import os
 import pathlib
@@ -49,12 +49,12 @@ def call(method, *arguments, platform_data=None):
 
 
 def await_window_of(running, title):
-    """For those that the accessibility bus does not know, or does not reach."""
+    """For programs that the accessibility bus does not know or cannot reach."""
     eventually("it has a window", lambda: desktop.x_windows(title, running.pid))
 
 
 class DyingProgram:
-    """Has the program's name on the bus, and ends instead of answering."""
+    """Owns the program's name on the bus, and ends instead of answering."""
 
     INTERFACE = """<node><interface name="org.freedesktop.Application"><method name="Open">
         <arg type="as" direction="in"/><arg type="a{sv}" direction="in"/>
@@ -80,7 +80,7 @@ class DyingProgram:
 
 
 class RunningProgram:
-    """Mixed into a case: its window, files to open and a change of the list."""
+    """Mixed into a case: adds its window, files to open, and a change to the list."""
 
     def setUp(self):
         super().setUp()
@@ -89,7 +89,7 @@ class RunningProgram:
         self.folder = pathlib.Path(folder.name)
 
     def list_file(self, name):
-        """A list of one item that has the file's name for its title."""
+        """A list of one item, with the file's name as its title."""
         file = self.folder / f"{name}.vexaB"
         file.write_bytes(list_file([Item(1, name, "01:00:00:00", "02:00:00:00")]))
         return file
@@ -234,7 +234,7 @@ class AtRest(RunningProgram, ProgramTest):
         return source
 
     def drop(self, name, target="Current time"):
-        """Drops a list as from a file manager, which would rather have it moved than copied."""
+        """Drops a list as a file manager does, which would rather move it than copy it."""
         source = self.drag(self.list_file(name).as_uri(), target)
         source.await_welcome()
         self.assertEqual(source.drop(), "copied")

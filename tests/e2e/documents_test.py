@@ -1,4 +1,5 @@
-"""The document commands in the window: every question with every answer, and files of any name."""
+"""The document commands in the window: every question with every answer, and files with any
+name."""
 
 import pathlib
 import tempfile
@@ -43,7 +44,7 @@ class Documents(ProgramTest):
         self.list = BatchList(self.window)
 
     def file(self, name, items):
-        """A list file of that many items."""
+        """A list file with that many items."""
         path = self.folder / name
         path.write_bytes(list_file([Item(1, "item", "01:00:00:00", "02:00:00:00")] * items))
         return path
@@ -68,7 +69,7 @@ class Documents(ProgramTest):
         self.assertEqual(self.window.question(), question)
 
     def in_panel(self, title, path=None):
-        """Enters a path in a file panel, or cancels it."""
+        """Enters a path in a file panel, or cancels the panel."""
         self.window.await_active(title)
         if path:
             self.window.enter("File name:", str(path))
@@ -243,7 +244,7 @@ class Documents(ProgramTest):
         self.assertEqual(self.items_in(day), 1)
 
     def recent(self):
-        """The items of Open Recent, which is left open."""
+        """The items of Open Recent. Leaves the menu open."""
         self.window.keys("alt+f", "c")
         eventually("the menu is open", lambda: self.window.menu("File", "Open Recent"))
         return self.window.menu("File", "Open Recent")
@@ -265,7 +266,7 @@ class Documents(ProgramTest):
             self.recent(),
             ["Night & more.vexaB", "(Gone.vexaB (not found))", "Day.vexaB", "Clear Menu"],
         )
-        self.window.keys("Down", "Return")  # over the one that is gone
+        self.window.keys("Down", "Return")  # past the missing file
         self.expect("Vexa Remote: Day", 1, can_save=False)
 
         self.add_item()

@@ -1,5 +1,5 @@
-"""What goes wrong around the program, in the middle of everything: cables, disks and sessions.
-Nobody is told; a run goes on, and ends in time."""
+"""Faults around a working program: cables, disks and sessions. The program shows nothing; a run
+goes on and ends in time."""
 
 import resource
 import signal
@@ -29,12 +29,12 @@ def setUpModule():
 
 
 def check_one_second_since(test, pressed):
-    """No sooner than a stripe of one second takes."""
+    """Checks that a stripe of one second had time to end."""
     test.assertGreaterEqual(time.monotonic() - pressed, 1)
 
 
 class LostInABatch(DeviceTest):
-    """The cable is pulled, or JACK's server crashes, between two stripes."""
+    """The cable is pulled, or the JACK server crashes, between two stripes."""
 
     def setUp(self):
         super().setUp()
@@ -149,7 +149,7 @@ class DisksThatTakeNothing(DeviceTest):
         self.assertIn("Save", self.window.menu("File"))
 
     def save(self):
-        """It counts as saved, whatever became of it."""
+        """Saves; the list counts as saved, whatever the outcome."""
         self.window.keys("ctrl+s")
         eventually("it counts as saved", lambda: "(Save)" in self.window.menu("File"))
         self.assertEqual(self.window.titles(), ["Vexa Remote: Day 1"])
@@ -166,7 +166,7 @@ class DisksThatTakeNothing(DeviceTest):
         self.assertEqual(titles, ["first", "second", "third", "later", "new"])
 
     def fill_disk(self, room=200):
-        """From now on, the program can write only so many bytes into a file."""
+        """Limits the size of the files that the program writes from now on."""
         self.limit_files(room)
         self.addCleanup(self.limit_files, resource.RLIM_INFINITY)
 
@@ -241,7 +241,7 @@ class DisksThatTakeNothing(DeviceTest):
 
 
 class Termination(DeviceTest):
-    """A session that ends has nobody to answer questions."""
+    """The end of a session, when nobody can answer questions."""
 
     def check_ends(self, window):
         window.program.send_signal(signal.SIGTERM)

@@ -1,4 +1,4 @@
-"""The software generator at the other end of the cable, as scripts/run has it."""
+"""The software generator as the program's destination, as scripts/run starts it."""
 
 import os
 import pathlib
@@ -33,7 +33,7 @@ class Generator(ProgramTest):
         return self.log.read_text() if os.path.exists(self.log) else ""
 
     def events(self, count):
-        """So many events, when they have come."""
+        """Waits for that many events and returns them."""
         eventually("the events are there", lambda: self.text().count("\n") == count + 1)
         return [EVENT.fullmatch(line) for line in self.text().splitlines()[1:]]
 
@@ -45,7 +45,7 @@ class Generator(ProgramTest):
         self.assertEqual(
             texts[:5], ["stop"] * 3 + ["setup 00:00:59:20 30 df DTL", "start 00:00:59:20"]
         )
-        # What a busy machine does not play takes no frames.
+        # On a busy machine, xruns cost frames.
         self.assertRegex(texts[5], r"^stop at (00:01:00:(09|10|11)|\S+ after \d+ xruns?)$")
         self.assertEqual(texts[6], "stop")
 

@@ -1,5 +1,4 @@
-"""The Help menu: the guide opens in whatever the desktop has for it, from wherever the program is
-installed."""
+"""The Help menu: the guide opens in the desktop's viewer, wherever the program is installed."""
 
 import os
 import pathlib
@@ -38,7 +37,8 @@ class Help(ProgramTest):
         os.environ["PATH"] = f"{viewer.parent}:{path}"
 
     def install(self):
-        """The program and its resources in a place of their own; the path of the program."""
+        """Installs the program and its resources in a folder of their own; returns the program's
+        path."""
         installed = self.folder / "bin" / "vexa-remote"
         installed.parent.mkdir()
         shutil.copy(program.PATH, installed)

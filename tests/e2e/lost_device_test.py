@@ -1,5 +1,5 @@
-"""JACK's server crashes or hangs, or the receiver goes away, in the middle of a run: the run goes on,
-nobody is told, and what is sent later arrives again."""
+"""The JACK server crashes or hangs, or the receiver goes away, during a run. The run goes on,
+nothing is shown, and later messages arrive again."""
 
 import time
 import unittest
@@ -16,7 +16,8 @@ def setUpModule():
 
 class LostDevice(DeviceTest):
     def start_run_of(self, seconds):
-        """A run in the window, and a moment that it does not end before."""
+        """Starts a run in the window. Returns the window and a moment before which the run cannot
+        end."""
         window = self.open_window()
         window.type_time("Stop time", f"01:00:{seconds:02}:00")
         end = time.monotonic() + seconds
@@ -30,7 +31,7 @@ class LostDevice(DeviceTest):
         self.assertEqual(window.titles(), ["Vexa Remote: Untitled Batch List"])
 
     def check_stops(self, end):
-        """The messages of a run's end have come, and not before it."""
+        """Checks that the messages of a run's end arrive, and not too early."""
         self.assertGreaterEqual(self.expect_messages(STOP, STOP)[0], end)
 
     def check_next_play(self, window):
@@ -96,8 +97,8 @@ class LostDevice(DeviceTest):
         self.expect_messages(STOP)
 
     def test_the_window_does_not_wait_for_a_server_that_hangs(self):
-        """Else, the window is there, and the list it chooses from still empty, when the wait is
-        over; and what is sent reaches nobody."""
+        """A window that waited would come up with an empty list of destinations, and its messages
+        would reach nobody."""
         with self.server.hung():
             window = Window("--midi", "jack")
             self.addCleanup(window.close)
@@ -113,7 +114,7 @@ class LostDevice(DeviceTest):
             window.keys("F6")
             window.await_clock("01:00:00:10")
             self.check_quits(window)
-        # The messages are lost, unless a period was still under way.
+        # The messages are lost, unless a period was still running.
         self.monitor.stop()
         arrived = [message for _, message in self.monitor.take(0)]
         self.assertIn(arrived, ([], play(1, 0, 0, 0, 2)))

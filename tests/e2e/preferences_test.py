@@ -124,7 +124,7 @@ class StoredSettings(DeviceTest):
         self.expect_messages(STOP)
 
     def change_and_confirm(self):
-        """A change is in force, whatever becomes of it on the disk."""
+        """Confirms a change, which takes effect even if it cannot be stored."""
         self.panel.change(delay="12", rate=1)
         self.confirm()
         self.window.await_on("30 df")
@@ -137,7 +137,7 @@ class StoredSettings(DeviceTest):
         return dict(line.split("=") for line in lines if "=" in line)
 
     def await_stored_delay(self, delay):
-        """Settings are written in the background."""
+        """Waits, as settings are written in the background."""
         eventually("it is stored", lambda: self.stored().get("vexadelay") == delay)
 
     def check_not_stored(self):

@@ -1,4 +1,4 @@
-"""Batches of a thousand items without a pause: every message counts, and memory stays as it is."""
+"""Batches of a thousand items without a pause: every message counts, and memory does not grow."""
 
 import os
 import sys
@@ -11,7 +11,7 @@ from support.wire import STOP, run
 
 ITEMS_IN_TERMINAL = 1000
 ITEMS_IN_WINDOW = int(os.environ.get("VEXA_SOAK_ITEMS", 500))
-WARM_UP = 100  # items after which a program has what it needs
+WARM_UP = 100  # items until the program has allocated what it needs
 ALLOWED_GROWTH = 1024  # KiB
 PATIENCE = 60  # s
 
@@ -21,7 +21,7 @@ def setUpModule():
 
 
 def item(number):
-    """A stripe of one frame; the whole minutes are ones that drop no frame."""
+    """A stripe of one frame. Its minutes are multiples of ten, which drop no frames."""
     minute, second = divmod(number, 60)
     start = f"{minute // 6:02}:{minute % 6}0:{second:02}"
     rate, sync = RATES[number % len(RATES)], SYNC_TYPES[number % len(SYNC_TYPES)]
@@ -29,13 +29,13 @@ def item(number):
 
 
 def items(count):
-    """The last of them is long enough to look at the program while it lasts."""
+    """That many items and a last one, which is long enough to examine the program while it runs."""
     last = item(count)
     return [*map(item, range(count)), last._replace(stop=last.start[:-5] + "59:00")]
 
 
 def memory(process):
-    """What the process holds of the machine's memory, in KiB."""
+    """The process's resident memory, in KiB."""
     with open(f"/proc/{process.pid}/status", encoding="ascii") as status:
         return next(int(line.split()[1]) for line in status if line.startswith("VmRSS"))
 
@@ -46,7 +46,7 @@ class Soak(DeviceTest):
         self.write_settings(vexadelay=0, vexapauseforreel="false")
 
     def receive(self, count):
-        """At least so many messages."""
+        """Receives at least that many messages."""
         received = []
         while len(received) < count:
             taken = self.monitor.take(1, PATIENCE)
@@ -55,7 +55,8 @@ class Soak(DeviceTest):
         return received
 
     def check_run(self, process, sent, items):
-        """The messages come in order, up to the last item, and no memory is lost on the way."""
+        """Checks that all messages up to the last item arrive in order, and that memory does not
+        grow."""
         received = self.receive(3 * WARM_UP)
         before = memory(process)
         received += self.receive(len(sent) - len(received))

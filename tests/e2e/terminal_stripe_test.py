@@ -59,7 +59,7 @@ class TerminalStripe(DeviceTest):
                 self.assertEqual(done.returncode, 0)
                 self.assertTrue(done.stdout.startswith("Destination: Tape Room:input\n"))
                 received = [message for _, message in other.take(7)]
-                # One stop more than elsewhere: a generator that was just chosen is put at rest.
+                # One extra stop, as a newly chosen generator is stopped first.
                 self.assertEqual(received, [STOP, STOP, *play(10, 0, 0, 0, 2), STOP, STOP])
         self.expect_messages()
 

@@ -1,4 +1,4 @@
-"""Times typed in the window with real key events, taken back and sent."""
+"""Times typed in the window with real key events, undone and sent."""
 
 import signal
 import unittest
@@ -26,7 +26,7 @@ class TimeEntry(DeviceTest):
         self.window.await_on(name)
 
     def paste(self, text, check):
-        """Leaves what is copied on the clipboard until the check is over."""
+        """Keeps the copied text on the clipboard until the check is done."""
         with desktop.clipboard(text):
             self.window.keys("ctrl+v")
             check()
@@ -206,7 +206,7 @@ class Pasting(TimeEntry):
 class Undoing(TimeEntry):
     def setUp(self):
         super().setUp()
-        # Pressing the stop time commits the start time as it is: a step of its own, below these.
+        # Pressing the stop time commits the unchanged start time: a separate step, below these.
         self.window.type_time(STOP_TIME, "02:00:00:00")
         self.window.type_time(START, "01:02:03:04")
         self.check_committed("01:02:03:04")
@@ -245,7 +245,7 @@ class Undoing(TimeEntry):
 
 class QueuedEvents(TimeEntry):
     def queue_keys(self, *names):
-        """Strikes keys while the program is busy; it then finds them all at once."""
+        """Presses keys while the program is stopped, so it then finds them all at once."""
         self.window.program.send_signal(signal.SIGSTOP)
         self.window.keys(*names)
         self.window.program.send_signal(signal.SIGCONT)
@@ -260,7 +260,7 @@ class QueuedEvents(TimeEntry):
         self.check_committed(AT_FIRST)
 
     def check_stop_time_set_and_cleared(self):
-        """In two steps."""
+        """Checks that this took two steps."""
         self.check_committed("01:00:05:00", STOP_TIME)
         self.window.await_on("Set stop time", False)
         self.window.keys("ctrl+z")

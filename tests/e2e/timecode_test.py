@@ -1,5 +1,5 @@
-"""The signal of the software generator, driven by the window, recorded and decoded by programs that
-are not ours."""
+"""The signals of the software generator, driven by the window, and recorded and decoded by
+independent programs."""
 
 import itertools
 import math
@@ -30,7 +30,7 @@ def setUpModule():
 
 
 def words(first, last, rate):
-    """All that stand on the wire from one time to another, as ltc_read prints them."""
+    """All words on the wire from one time to another, as ltc_read prints them."""
     hours, minutes, seconds, frames = (int(pair) for pair in first.split(":"))
     for second in itertools.count(hours * 3600 + minutes * 60 + seconds):
         for frame in range(frames, RATES[rate]):
@@ -44,7 +44,7 @@ def words(first, last, rate):
 
 
 class Recording:
-    """jack_capture of a port."""
+    """A recording of a port by jack_capture."""
 
     def __init__(self, port, path):
         self._path = path
@@ -54,7 +54,7 @@ class Recording:
         eventually("the recording runs", lambda: any("jack_capture" in p for p in listed_ports()))
 
     def words(self):
-        """What libltc's decoder reads in the recording, which ends."""
+        """Ends the recording, and returns the words that libltc decodes from it."""
         self._child.stop(signal.SIGINT)
         with wave.open(str(self._path)) as file:
             samples, rate = file.readframes(file.getnframes()), file.getframerate()
@@ -82,7 +82,7 @@ class GeneratorTest(ProgramTest):
 
 
 class MidiTimecode(GeneratorTest):
-    """Quarter frames, recorded with their samples and taken apart by mido."""
+    """Quarter frames, recorded with their samples and decoded by mido."""
 
     SECOND = 48000
     BITS = {"24 fps": 0, "25 fps": 1, "30 df": 2, "30 fps": 3}
@@ -97,7 +97,8 @@ class MidiTimecode(GeneratorTest):
             yield int(sample), mido.Message.from_hex(message)
 
     def check(self, rate, code, interval):
-        """A second from 00:00:59:15 on, set up and started at samples that divide by nothing."""
+        """Checks a second from 00:00:59:15, set up and started at samples without common
+        divisors."""
         frame = "F0 7D 42 00 00 3B 0F {} F7".format
         setup, *quarters = self.recorded(
             1.5, [f"1013 {frame(code)}", f"9973 {frame('7F')}",
@@ -106,7 +107,7 @@ class MidiTimecode(GeneratorTest):
         hours = self.BITS[rate] << 5
         self.assertEqual(setup[1].data, (0x7F, 0x7F, 1, 1, hours, 0, 59, 15))
 
-        # 15 is odd: they begin a frame later. The first word begins 24 samples after the start.
+        # 15 is odd, so they begin a frame later. The first word begins 24 samples after the start.
         begin = 9973 + 24 + interval
         read, times = [0] * 8, []
         for number, (sample, message) in enumerate(quarters):
@@ -131,7 +132,7 @@ class MidiTimecode(GeneratorTest):
 
 
 class LinearTimecode(GeneratorTest):
-    """LTC, recorded by jack_capture and read by libltc."""
+    """LTC, recorded by jack_capture and decoded by libltc."""
 
     def open(self, sample_rate, period):
         self.open_generator(sample_rate, period)
@@ -139,7 +140,8 @@ class LinearTimecode(GeneratorTest):
         self.addCleanup(self.window.close)
 
     def run_once(self, start, rate, until):
-        """Gives the first and the last number that the generator tells of."""
+        """Makes one run. Returns its start, the last number that the generator reports, and the
+        rate."""
         self.window.press(rate)
         self.window.type_time("Start time", start)
         runs = self.text().count("stop at")
@@ -150,7 +152,7 @@ class LinearTimecode(GeneratorTest):
         return start, re.findall(r"stop at (\S+)", self.text())[-1], rate
 
     def check(self, sample_rate, period, turn):
-        """A run at each rate; the turn decides which start goes with which."""
+        """Makes a run at each rate; the turn decides which start goes with which rate."""
         self.open(sample_rate, period)
         recording = Recording("Vexa Generator:LTC", self.folder / "recording.wav")
         runs = []

@@ -9,8 +9,8 @@ from support.wire import STOP, play
 
 FPS_24, FPS_30 = 0, 2  # mode codes with MTC
 FIRST_START = (1, 0, 0, 0)
-# Two hundred, in rounds that the receiver's memory of 128 messages has room for: it is read late
-# on a busy machine.
+# Two hundred runs, in rounds that fit the receiver's queue of 128 messages, which a busy machine
+# reads late.
 ROUNDS = 8
 TIMES_A_ROUND = 25
 
@@ -112,7 +112,7 @@ class Transport(DeviceTest):
         self.window.type_time("Stop time", "01:00:00:05")
         self.window.keys("F6")
         self.expect_messages(*play(*FIRST_START, 6), STOP, STOP)
-        # No batch run came before, which is the same as one with everything at zero.
+        # No batch run came before, so everything is zero.
         self.window.await_on("24 fps")
         self.assertTrue(self.window.is_on("MTC"))
         self.assertEqual(self.window.shown("Start time"), "00:00:00:00")

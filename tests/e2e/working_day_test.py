@@ -1,4 +1,4 @@
-"""Whole days of an operator, from the first launch to the crash."""
+"""Whole days of an operator, from the first launch to a crash."""
 
 import unittest
 from itertools import cycle
@@ -46,7 +46,7 @@ class TheFirstDay(DeviceTest):
 
         window = Window("--midi", "jack")
         self.addCleanup(window.close)
-        expect_in_tape_room(STOP, STOP)  # one as it is found, one as the program is at rest
+        expect_in_tape_room(STOP, STOP)  # one on finding it, one at start-up
         panel = Preferences(window)
         panel.open()
         self.assertEqual(panel.shown(), ("5", "tape-room:input", "30 fps", "MTC", True))
@@ -56,7 +56,7 @@ class TheFirstDay(DeviceTest):
 
 
 class TenReels(DeviceTest):
-    """The list is edited in the pauses, while the operator walks to the machine."""
+    """The operator edits the list in the pauses, while walking to the machine."""
 
     REELS = [
         Item(n, f"reel {n}", f"{n:02}:00:00:00", f"{n:02}:00:00:10", rate, sync)
@@ -65,7 +65,7 @@ class TenReels(DeviceTest):
 
     def setUp(self):
         super().setUp()
-        self.write_settings(vexadelay=8)  # a busy machine takes some of it for an edit
+        self.write_settings(vexadelay=8)  # on a busy machine, an edit takes part of it
         self.window, self.batch, self.file = self.open_list(self.REELS)
 
     def row_of(self, reel):
@@ -86,7 +86,7 @@ class TenReels(DeviceTest):
         eventually("the list is longer", lambda: self.batch.length() == length + 1)
 
     def test_each_is_striped_as_the_list_stands_when_its_turn_comes(self):
-        # Of the rate and sync type of the reel that is striped before it is added.
+        # Has the rate and sync type of the reel that is striped just before it is added.
         encore = self.REELS[4 - 1]._replace(
             reel=11, title="encore", start="20:00:00:00", stop="20:00:00:08"
         )
@@ -126,7 +126,7 @@ class ADayOfUndo(DeviceTest):
         self.window, self.batch, _ = self.open_list(self.LIST)
 
     def state(self):
-        """All that an edit can change, and what undoing would take back."""
+        """Everything that an edit can change, and the title of the Undo item."""
         times = [self.window.shown(name) for name in ("Start time", "Stop time")]
         return self.window.all_on(), times, self.batch.rows(), self.window.menu("Edit")[0]
 
@@ -197,7 +197,7 @@ class ADayOfUndo(DeviceTest):
         for state, (name, _) in zip(reversed(states[:-1]), reversed(edits)):
             self.window.keys("ctrl+z")
             if name == "Change Stop Time":
-                # Pressing the stop time commits the start time as it is: a step of its own.
+                # Pressing the stop time commits the unchanged start time, as a separate step.
                 self.window.keys("ctrl+z")
             self.await_state(state)
         self.assertEqual(states[0][-1], "(Undo)")
@@ -217,7 +217,7 @@ class ADayOfCrashes(DeviceTest):
         self.window, self.batch, self.file = self.open_list(self.LIST)
 
     def add(self, title):
-        """Adds an item; returns the list as it then is."""
+        """Adds an item and returns the new list."""
         if not self.window.is_on("Set stop time"):
             self.window.press("Set stop time")
             self.window.await_shown("Stop time", "01:00:05:00")
@@ -228,7 +228,7 @@ class ADayOfCrashes(DeviceTest):
 
     def crash(self):
         self.window.program.kill()
-        self.replace_server()  # it waits for a client that was killed
+        self.replace_server()  # the server waits for a killed client
 
     def reopen(self):
         self.window = self.open_window(str(self.file))

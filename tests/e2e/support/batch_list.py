@@ -26,7 +26,7 @@ class BatchList:
         return Atspi.Table.get_n_rows(self._table())
 
     def marks(self):
-        """Of every row, how far a run has come with it, as a screen reader says it."""
+        """How far a run has come with each row, as a screen reader says it."""
         table = self._table()
         rows = range(Atspi.Table.get_n_rows(table))
         cells = (Atspi.Table.get_accessible_at(table, row, TITLE) for row in rows)
@@ -36,7 +36,7 @@ class BatchList:
         return list(Atspi.Table.get_selected_rows(self._table()))
 
     def is_in_view(self, row):
-        """Whether the whole row can be seen."""
+        """Whether the whole row is visible."""
         table, cell = extents(self._table()), extents(self._cell(row, TITLE))
         return table.y < cell.y and cell.y + cell.height <= table.y + table.height
 
@@ -48,7 +48,7 @@ class BatchList:
         eventually(f"the rows are marked {marks}", lambda: self.marks() == marks)
 
     def select(self, *rows):
-        """Clicks on the first, and on the others with Ctrl."""
+        """Clicks on the first row, and on the others with Ctrl."""
         click(self._cell(rows[0], START))
         for row in rows[1:]:
             self.toggle(row)
@@ -64,7 +64,7 @@ class BatchList:
         click(self._cell(row, column), times=2)
 
     def rename(self, row, title):
-        """Edits the title of the row in its place, by keyboard."""
+        """Edits the title of a row in place, with the keyboard."""
         self.select(row)
         self._window.keys("F2")
         self._window.write(title)
@@ -72,8 +72,8 @@ class BatchList:
         eventually(f"the title is {title}", lambda: self.rows()[row][TITLE] == title)
 
     def set_up(self, item):
-        """Gives the window the settings that the item is to be made of."""
-        self._window.press("MTC")  # or the rates could not be chosen
+        """Enters the item's settings in the window."""
+        self._window.press("MTC")  # otherwise the rates are disabled
         self._window.press(item.rate)
         self._window.press(item.sync)
         self._window.type_time("Start time", item.start)
@@ -91,7 +91,7 @@ class BatchList:
         self._window.await_title(ADD_PANEL, there=False)
 
     def add(self, item):
-        """Adds an item of the window's settings under its reel number and title."""
+        """Adds an item with the window's settings and its own reel number and title."""
         length = self.length()
         self.open_panel()
         self._window.write(str(item.reel))

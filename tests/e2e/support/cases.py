@@ -1,4 +1,4 @@
-"""What the tests of the program have in common."""
+"""Base classes for tests of the program."""
 
 import contextlib
 import os
@@ -15,7 +15,7 @@ from support.wire import STOP
 
 
 class ProgramTest(unittest.TestCase):
-    """Programs started here have settings and recent files of their own."""
+    """Gives the programs started here their own settings and recent files."""
 
     def setUp(self):
         settings = tempfile.TemporaryDirectory(prefix="vexa-e2e-settings-")
@@ -31,7 +31,7 @@ class ProgramTest(unittest.TestCase):
 
     @contextlib.contextmanager
     def read_only(self, directory):
-        """Meanwhile, nothing can be made or replaced in it."""
+        """Prevents changes to the directory meanwhile."""
         directory.chmod(0o555)
         try:
             yield
@@ -40,7 +40,7 @@ class ProgramTest(unittest.TestCase):
 
 
 class DeviceTest(ProgramTest):
-    """A JACK server, and a receiver on it in the place of the timecode generator."""
+    """A JACK server, with a receiver in place of the timecode generator."""
 
     def setUp(self):
         super().setUp()
@@ -54,15 +54,15 @@ class DeviceTest(ProgramTest):
         self.monitor = MidiMonitor()
 
     def replace_server(self):
-        """The server crashes and comes back, and so does the receiver."""
+        """Kills the server and starts it again, with a new receiver."""
         self.server.kill()
         self.monitor.stop()
         self.server.start()
         self.connect_monitor()
 
     def expect_messages(self, *messages, seconds=PATIENCE):
-        """These messages and no others have come since the last time, or come now. Returns the
-        moments of their arrival."""
+        """Expects exactly these messages since the last call, and waits for them. Returns the times
+        of their arrival."""
         taken = self.monitor.take(len(messages), seconds)
         self.assertEqual([m.hex(" ") for _, m in taken], [m.hex(" ") for m in messages])
         return [moment for moment, _ in taken]
@@ -72,14 +72,15 @@ class DeviceTest(ProgramTest):
         self.assertEqual(self.monitor.take(0), [], "came after the last message expected")
 
     def open_window(self, *arguments):
-        """The window at rest, its start-up message read."""
+        """Opens the window and takes its start-up message."""
         window = Window("--midi", "jack", *arguments)
         self.addCleanup(window.close)
         self.expect_messages(STOP)
         return window
 
     def open_list(self, items):
-        """A window with a list file of these items: the window, its list and the file."""
+        """Opens a window with a list file of these items. Returns the window, its list and the
+        file."""
         file = self.settings.parent.parent / "Day 1.vexaB"
         file.write_bytes(list_file(items))
         window = self.open_window(str(file))

@@ -17,8 +17,8 @@ BUS_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
 @functools.cache
 def start():
-    """Starts the desktop for as long as this process runs, and leads the process and those it
-    starts to it. Once and no more: the accessibility library does not change buses."""
+    """Starts a desktop for the rest of this process, and directs the process and its children to
+    it. Starts only one, as the accessibility library cannot change buses."""
     runtime = tempfile.TemporaryDirectory(prefix="vexa-e2e-runtime-")
     os.environ["XDG_RUNTIME_DIR"] = runtime.name
     children = []
@@ -34,7 +34,7 @@ def start():
 
     atexit.register(stop)
     screen = ["-screen", "0", "1800x1400x24", "-nolisten", "tcp", "-noreset"]
-    # The server itself picks a display number that is free, and tells it when it is ready.
+    # The server picks a free display number, and reports it when ready.
     display = _answer(lambda fd: child("Xvfb", "-displayfd", fd, *screen, pass_fds=[fd]))
     os.environ["DISPLAY"] = f":{display}"
     bus = ["dbus-daemon", "--session", "--nofork", "--nopidfile"]
@@ -43,14 +43,14 @@ def start():
     child(BUS_LAUNCHER, "--launch-immediately")
     os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
     os.environ["QT_QPA_PLATFORM"] = "xcb"
-    # Or the first program to ask for it would have another one started.
+    # Otherwise, the first program to ask for it would start another one.
     eventually("the accessibility bus is there", _has_accessibility_bus)
     child("openbox")
     eventually("a window manager is there", _has_window_manager)
 
 
 def accessibility_bus():
-    """A connection to the bus of its own, for what the accessibility library does not do."""
+    """A separate connection to the bus, for what the accessibility library cannot do."""
     (address,) = _ask("org.a11y.Bus", "/org/a11y/bus", "GetAddress")
     flags = Gio.DBusConnectionFlags
     return Gio.DBusConnection.new_for_address_sync(
@@ -59,7 +59,7 @@ def accessibility_bus():
 
 
 def x_windows(title, pid=None):
-    """The windows with that title, of that process if given, by their X numbers."""
+    """The X numbers of the windows with that title, optionally only those of a process."""
     of_process = ["--pid", str(pid)] if pid else []
     search = ["xdotool", "search", "--all", "--onlyvisible", *of_process, "--name", f"^{title}$"]
     return subprocess.run(search, capture_output=True, text=True, check=False).stdout.split()
@@ -79,7 +79,7 @@ def _ask(name, path, method, arguments=None):
 
 
 def _answer(start):
-    """The line that a program writes to the descriptor that it is started with."""
+    """The line that a program writes to the descriptor passed to it."""
     read_end, write_end = os.pipe()
     start(write_end)
     os.close(write_end)
@@ -94,7 +94,7 @@ def _has_window_manager():
 
 @contextlib.contextmanager
 def clipboard(text):
-    """Meanwhile, this is what another program has copied."""
+    """Makes this the text that another program has copied, meanwhile."""
 
     def is_held():
         asked = ["xclip", "-out", "-selection", "clipboard"]

@@ -14,7 +14,7 @@ from support.window import xdotool
 
 
 class DragSource:
-    """A window in the corner of the screen from which something can be dragged."""
+    """A window in the corner of the screen, as a source for drags."""
 
     def __init__(self, thing):
         script = pathlib.Path(__file__).with_name("drag_source.py")
@@ -30,15 +30,15 @@ class DragSource:
         xdotool("windowactivate", "--sync", self._x_window)
 
     def drag_to(self, x, y):
-        """Drags to a place of the screen, and holds on there."""
+        """Drags to a point on the screen and holds there."""
         eventually("the drag has begun", lambda: self._begins_towards(x, y))
         xdotool("mousemove", x, y)
         xdotool("mousemove_relative", 1, 0)
 
     def _begins_towards(self, x, y):
-        """A press that comes before the window can take it begins no drag."""
+        """Whether the drag has begun. A press that comes too early for the window begins none."""
         xdotool("mousemove", "--window", self._x_window, 60, 60, "mousedown", 1)
-        # In steps, as a hand does: a drag begins some way from the press.
+        # Moves in steps, as a hand does: a drag begins some distance from the press.
         for step in range(1, 11):
             xdotool("mousemove", 60 + (x - 60) * step // 10, 60 + (y - 60) * step // 10)
         if self._said(within=2) == "begun":
@@ -47,17 +47,17 @@ class DragSource:
         return False
 
     def await_welcome(self):
-        """What is under the pointer would take what is dragged there."""
+        """Checks that the target under the pointer accepts the drag."""
         if self._said() != "welcome":
             raise AssertionError("refused before it was dropped")
 
     def drop(self):
-        """What became of it: "copied", "moved" or "refused"."""
+        """Drops, and returns the outcome: "copied", "moved" or "refused"."""
         xdotool("mouseup", 1)
         return self._said()
 
     def _said(self, within=PATIENCE):
-        """The next line, or nothing where none comes within so many seconds."""
+        """The next line, or None if none comes within that many seconds."""
         try:
             return self._lines.get(timeout=within)
         except queue.Empty:

@@ -1,6 +1,5 @@
-"""A window of another toolkit from which something can be dragged, as from a file manager, which
-would rather move it: drag_source.py URI|TEXT. Says when the drag begins, when it is welcome
-somewhere, and what became of it."""
+"""A drag source in another toolkit: drag_source.py URI|TEXT. Like a file manager, it would rather
+move than copy. Reports when the drag begins, when a target accepts it, and the outcome."""
 
 import sys
 

@@ -1,4 +1,4 @@
-"""Items of a batch list: as the table shows them, and as a list file holds them."""
+"""Items of a batch list, as in the table and as in a list file."""
 
 import plistlib
 from typing import NamedTuple
@@ -22,7 +22,7 @@ class Item(NamedTuple):
 
 
 def fields(time):
-    """Hours, minutes, seconds and frames of a time's text."""
+    """Hours, minutes, seconds and frames of a timecode text."""
     return [int(pair) for pair in time.split(":")]
 
 
@@ -32,7 +32,7 @@ def list_file(items):
 
 
 def items_in(list_file):
-    """The items that a batch list file holds."""
+    """The items in a batch list file."""
     return [_item(element) for element in plistlib.loads(list_file)["vexabatchlist"]]
 
 

@@ -1,4 +1,4 @@
-"""A JACK server without sound hardware, and a receiver on it that is not ours."""
+"""A JACK server without sound hardware, and an independent receiver on it."""
 
 import contextlib
 import fcntl
@@ -17,22 +17,22 @@ from support.waiting import PATIENCE, eventually
 
 @contextlib.contextmanager
 def alone():
-    """Meanwhile, no other test that shares /dev/shm starts or stops a server: two that do so at the
-    same moment may both be lost."""
+    """Keeps other tests that share /dev/shm from starting or stopping a server meanwhile. Two that
+    do so at the same time may both be lost."""
     with open("/dev/shm/vexa-tests.lock", "w") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
         yield
 
 
 def _forget_locks():
-    """A server that was killed may have locked a database of all servers for good, at which the
-    next one hangs. What others share stays."""
+    """Removes locks of killed servers. A killed server may leave a database of all servers locked,
+    which would hang the next one. A shared database is left alone."""
     if "VEXA_OWN_SHM" in os.environ:
         shutil.rmtree(f"/dev/shm/jack_db-{os.getuid()}", ignore_errors=True)
 
 
 class JackServer:
-    """A server of this test process's own, for all programs that it starts from now on."""
+    """A server for this test process and all programs that it starts from now on."""
 
     def __init__(self, sample_rate=48000, period=256):
         self._clock = ["-r", str(sample_rate), "-p", str(period)]
@@ -47,11 +47,11 @@ class JackServer:
             eventually("the server is up", self._is_up, seconds=2 * PATIENCE)
 
     def _is_up(self):
-        """Once more, should it have given up: the system has room for eight servers only, and those
-        of other tests come and go."""
+        """Whether the server is up. Restarts it if it has given up, as the system has room for only
+        eight servers, including those of other tests."""
         if not self._server or not self._server.is_running():
             _forget_locks()
-            # Synchronous: a receiver that comes late on a busy machine still gets its period.
+            # Synchronous, so a receiver that is late on a busy machine still gets its period.
             self._server = Child(
                 *["jackd", "-n", self._name, "-r", "-S", "-d", "dummy", *self._clock],
                 stdout=subprocess.DEVNULL,
@@ -60,12 +60,12 @@ class JackServer:
         return listed_ports()
 
     def kill(self):
-        """As when it crashes: its clients are told nothing."""
+        """Kills the server without notice to its clients, as in a crash."""
         self._server.kill()
 
     @contextlib.contextmanager
     def hung(self):
-        """Meanwhile, it answers nobody."""
+        """Stops the server from answering meanwhile."""
         self._server.send_signal(signal.SIGSTOP)
         try:
             yield
@@ -73,8 +73,9 @@ class JackServer:
             self._server.send_signal(signal.SIGCONT)
 
     def stop(self):
-        """The system lists eight servers at most, and strikes off only those that end in order: one
-        that was killed, or that a lost client ended, is started once more, to do so."""
+        """Ends the server in order. The system lists at most eight servers, and forgets only those
+        that end in order. So a server that was killed, or ended by a lost client, is started again
+        first."""
         self._end()
         while self._server.wait() != 0:
             self.start()
@@ -88,13 +89,13 @@ class JackServer:
 
 
 def listed_ports():
-    """The full names of the server's ports; none when there is no server."""
+    """The full names of the server's ports; empty if there is no server."""
     asked = subprocess.run(["jack_lsp"], capture_output=True, text=True, check=False)
     return asked.stdout.splitlines() if asked.returncode == 0 else []
 
 
 class MidiMonitor:
-    """jack_midi_dump: prints what arrives at the port "midi-monitor:input"."""
+    """Runs jack_midi_dump, which prints what arrives at the port "midi-monitor:input"."""
 
     def __init__(self, name="midi-monitor"):
         self._name = name
@@ -103,7 +104,8 @@ class MidiMonitor:
         eventually("the receiver takes part", self._is_there)
 
     def _is_there(self):
-        """Once more, should it have given up: a busy server may refuse it, after five seconds."""
+        """Whether the receiver is ready. Restarts it if a busy server refused it, after five
+        seconds."""
         if not self._child or not self._child.is_running():
             self._child = Child(
                 *["stdbuf", "-oL", "jack_midi_dump", self._name],
@@ -115,8 +117,8 @@ class MidiMonitor:
         return self._takes_part()
 
     def _takes_part(self):
-        """Its port is listed, and can be connected, before anything gets through to it: that is
-        when the server wakes its last thread, the fourth, once a period."""
+        """Whether messages reach the receiver. That begins later than its port is listed and can be
+        connected: once the server wakes its fourth and last thread in every period."""
         tasks = pathlib.Path(f"/proc/{self._child.pid}/task")
         try:
             threads = os.listdir(tasks)
@@ -135,8 +137,8 @@ class MidiMonitor:
                     self._arrivals.append((time.monotonic(), bytes.fromhex(message)))
 
     def take(self, count, seconds=PATIENCE):
-        """The next messages in order, as pairs of monotonic time and bytes: as many as asked for,
-        or those that come in time, and any that came too many."""
+        """The messages since the last call, as pairs of monotonic time and bytes. Waits for that
+        many; there may be fewer after the time is up, or more."""
         deadline = time.monotonic() + seconds
         while len(self._arrivals) < count and time.monotonic() < deadline:
             time.sleep(0.01)
@@ -145,6 +147,6 @@ class MidiMonitor:
         return taken
 
     def stop(self):
-        """Lets it leave the server in order: one that is killed holds the server up."""
+        """Lets the receiver leave the server in order, as a killed client delays the server."""
         self._child.stop(signal.SIGINT)
         self._reader.join()

@@ -29,7 +29,8 @@ class Preferences:
         )
 
     def change(self, delay, destination=0, rate=0, sync=0, pause=False):
-        """From the keyboard: a new delay, so many steps down each list, and the box or not."""
+        """Enters a new delay, steps down each list, and sets the check box, all from the
+        keyboard."""
         keys = [*delay, "Tab", "Tab"]
         for steps in (destination, rate, sync):
             keys += ["Down"] * steps + ["Tab"]

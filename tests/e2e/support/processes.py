@@ -1,4 +1,4 @@
-"""Child processes that end with the test, whatever becomes of it."""
+"""Child processes that always end with the test."""
 
 import pathlib
 import signal
@@ -8,11 +8,11 @@ from support.waiting import PATIENCE
 
 
 class Child:
-    """A process of ours. The kernel tells it to end when we are gone; stop() ends it sooner."""
+    """A child process. The kernel ends it when this process ends; stop() ends it sooner."""
 
     def __init__(self, *command, **popen_arguments):
         popen_arguments.setdefault("stdin", subprocess.DEVNULL)
-        # A file that may not grow further then makes a write fail, as a full disk does.
+        # A write beyond the file size limit then fails, as on a full disk.
         popen_arguments.setdefault("restore_signals", False)
         self._process = subprocess.Popen(
             ["setpriv", "--pdeathsig", "TERM", *map(str, command)], text=True, **popen_arguments
@@ -34,7 +34,7 @@ class Child:
         return self._process.poll() is None
 
     def is_stopped(self):
-        """Whether a signal holds it up."""
+        """Whether a signal has stopped the process."""
         status = pathlib.Path(f"/proc/{self.pid}/stat").read_text(encoding="utf-8")
         return status.rpartition(")")[2].split()[0] == "T"
 
@@ -42,11 +42,11 @@ class Child:
         self._process.send_signal(number)
 
     def wait(self, seconds=PATIENCE):
-        """The exit status; of a process ended by a signal, minus the signal's number."""
+        """The exit status; minus the signal's number, if a signal ended the process."""
         return self._process.wait(seconds)
 
     def stop(self, number=signal.SIGTERM):
-        """Asks it to end, and insists when it does not."""
+        """Asks the process to end, and kills it if it does not."""
         self._process.send_signal(number)
         try:
             self._process.wait(5)

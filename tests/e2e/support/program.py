@@ -1,4 +1,4 @@
-"""vexa-remote, as started from a shell."""
+"""vexa-remote, started as from a shell."""
 
 import os
 import pathlib
@@ -9,20 +9,20 @@ from support.processes import Child
 PATH = os.environ.get(
     "VEXA_REMOTE", pathlib.Path(__file__).parents[3] / "build" / "dev" / "bin" / "vexa-remote"
 )
-# Root could write anywhere; the programs may not, whoever runs the tests.
+# Root may write anywhere; the programs may not, whoever runs the tests.
 AS_OPERATOR = (
     ["setpriv", "--bounding-set=-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
 )
 
 
 def run(*arguments, answers=None, seconds=60, folder=None):
-    """Runs to the end, in that folder: a CompletedProcess with texts."""
+    """Runs the program to its end in that folder. Returns a CompletedProcess with texts."""
     command = [*AS_OPERATOR, PATH, *arguments]
     streams = {"input": answers, "capture_output": True, "text": True}
     return subprocess.run(command, **streams, timeout=seconds, check=False, cwd=folder)
 
 
 def start(*arguments, path=PATH, stderr=None):
-    """Runs on. What it complains about is seen in the test's own output, unless led elsewhere."""
+    """Starts the program. Its errors go to the test's output unless redirected."""
     command = [*AS_OPERATOR, path, *arguments]
     return Child(*command, stdout=subprocess.DEVNULL, stderr=stderr)

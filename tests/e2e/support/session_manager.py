@@ -1,5 +1,5 @@
-"""xsm, a session manager: it asks the programs that were started under it whether the operator may
-log out."""
+"""xsm, a session manager: it asks the programs started under it whether the operator may log
+out."""
 
 import os
 import pathlib
@@ -13,7 +13,7 @@ from support.processes import Child
 from support.waiting import eventually
 from support.window import xdotool
 
-# Where the mouse finds things in its windows, in the font that every screen has.
+# Mouse positions in its windows, in the font that every screen has.
 LOOK = "XSm*font: fixed\n"
 SHUTDOWN_MENU = (120, 38)
 WITH_CHECKPOINT = (120, 58)
@@ -22,7 +22,7 @@ OK_BUTTON = (15, 70)
 
 
 class SessionManager:
-    """Manages the programs that are started while it runs."""
+    """Manages the programs that start while it runs."""
 
     def __init__(self):
         self._home = pathlib.Path(tempfile.mkdtemp(prefix="vexa-e2e-session-"))
@@ -40,14 +40,15 @@ class SessionManager:
         os.environ["SESSION_MANAGER"] = address.read_text().strip()
 
     def log_out(self):
-        """Chooses it in the menu; programs may ask the operator."""
+        """Logs out by the menu; programs may ask the operator."""
         eventually("Shutdown can be chosen", self._choose_shutdown)
         xdotool("mousemove", "--window", self._x_window("Shutdown"), *SHUTDOWN_BUTTON)
         xdotool("type", "studio")  # the session needs a name
         xdotool("click", 1)
 
     def _choose_shutdown(self):
-        """A menu that comes up after the mouse is let go chooses nothing."""
+        """Tries to choose Shutdown; a menu that opens after the button is released chooses
+        nothing."""
         window = self._x_window("xsm: .*")
         xdotool("mousemove", "--window", window, *SHUTDOWN_MENU, "mousedown", 1)
         xdotool("mousemove", "--window", window, *WITH_CHECKPOINT, "sleep", 0.1, "mouseup", 1)
@@ -58,11 +59,11 @@ class SessionManager:
         self._child.send_signal(signal.SIGTERM)
 
     def await_end(self):
-        """The session is over."""
+        """Waits for the session to end."""
         self._child.wait()
 
     def take_note_of_refusal(self):
-        """The operator is told which program did not come to an end."""
+        """Confirms the message that names the program that refused to end."""
         title = "Save Failure"
         xdotool("mousemove", "--window", self._x_window(title), *OK_BUTTON, "click", 1)
         eventually(f"{title} is gone", lambda: not desktop.x_windows(title))

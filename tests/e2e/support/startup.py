@@ -1,10 +1,10 @@
-"""What programs tell the desktop of their launches, by the Startup Notification Protocol."""
+"""The programs' launch messages to the desktop, by the Startup Notification Protocol."""
 
 from Xlib import X, display
 
 
 class StartupMessages:
-    """Listens from now on."""
+    """Listens from its creation on."""
 
     def __init__(self):
         self._display = display.Display()
@@ -13,7 +13,7 @@ class StartupMessages:
         self._display.sync()
 
     def next(self):
-        """The next whole message; they come in pieces."""
+        """The next complete message; messages come in pieces."""
         text = b""
         while b"\0" not in text:
             event = self._display.next_event()

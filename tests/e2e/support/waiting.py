@@ -1,12 +1,13 @@
-"""Waiting for what other processes do: asked again until it is so, never slept on blindly."""
+"""Waits for other processes by asking repeatedly, never by sleeping blindly."""
 
 import time
 
-PATIENCE = 30.0  # s, for a busy machine; nobody waits longer than it takes
+PATIENCE = 30.0  # s, for a busy machine; waits end as soon as they can
 
 
 def eventually(description, probe, seconds=PATIENCE):
-    """The first true answer of probe(); an AssertionError when there is none in time."""
+    """Returns the first true result of probe(), or raises an AssertionError if there is none in
+    time."""
     deadline = time.monotonic() + seconds
     while True:
         answer = probe()

@@ -1,4 +1,4 @@
-"""The program's window as its operator has it: widgets by name, a keyboard and a mouse."""
+"""The program's window as its operator uses it: widgets by name, keyboard and mouse."""
 
 import contextlib
 import signal
@@ -13,13 +13,13 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 from support import desktop, program
 from support.waiting import PATIENCE, eventually
 
-# Those that are looked into only when what is in them is asked for.
+# Searched only when their contents are wanted.
 MENU_ROLES = (Atspi.Role.MENU_BAR, Atspi.Role.POPUP_MENU)
 CLOSED_ROLES = (*MENU_ROLES, Atspi.Role.TABLE)
-# Those that take the keyboard; a tool tip does not.
+# Windows that take the keyboard; a tool tip does not.
 WINDOW_ROLES = (Atspi.Role.FRAME, Atspi.Role.DIALOG, Atspi.Role.ALERT)
 
-# A busy program answers late; by default it has 0.8 s, and 15 s after its start.
+# A busy program answers late; the defaults are 0.8 s, and 15 s after its start.
 Atspi.set_timeout(round(PATIENCE * 1000), round(PATIENCE * 1000))
 
 
@@ -28,12 +28,13 @@ def xdotool(*arguments):
 
 
 def click(widget, times=1):
-    """Not in a scaled window: Qt tells the bus its own pixels, not the screen's."""
+    """Clicks a widget, but not in a scaled window: there Qt reports its own pixels, not the
+    screen's."""
     xdotool("mousemove", *center(widget), "click", "--repeat", times, "--delay", 20, 1)
 
 
 def center(widget):
-    """Where its middle is on the screen."""
+    """The widget's center on the screen."""
     box = extents(widget)
     return box.x + box.width // 2, box.y + box.height // 2
 
@@ -49,14 +50,14 @@ class Window:
             self._application = eventually("the program is on the bus", self._find_application)
             self._application.set_cache_mask(Atspi.Cache.NONE)
             self._x_window = eventually("the window is active", self._active_x_window)
-            # The first paint lays the widgets out.
+            # The first paint lays out the widgets.
             eventually("the window is shown", lambda: self.widget("Stop time"))
         except BaseException:
             self.program.stop()
             raise
 
     def widget(self, name):
-        """Not the caption of that name beside it."""
+        """The widget with that name, not its caption."""
         return _first(self._application, lambda w: w.get_name() == name and not _is_caption(w))
 
     def shown(self, name):
@@ -64,14 +65,14 @@ class Window:
         return self.widget(name).get_description()
 
     def text(self, name):
-        """What stands in a text field."""
+        """The contents of a text field."""
         return Atspi.Text.get_text(self.widget(name), 0, -1)
 
     def is_on(self, name):
         return self._has(name, Atspi.StateType.CHECKED)
 
     def all_on(self):
-        """The names of all that is on: buttons, boxes, radio cells."""
+        """The names of all widgets that are on: buttons, check boxes, radio cells."""
         everything = _descendants(self._application)
         return [w.get_name() for w in everything if _is(w, Atspi.StateType.CHECKED)]
 
@@ -79,8 +80,8 @@ class Window:
         return self._has(name, Atspi.StateType.FOCUSED)
 
     def titles(self):
-        """The titles of all windows of the program that are shown, alerts among them; none when it
-        has ended."""
+        """The titles of all visible windows of the program, including alerts. Empty once it has
+        ended."""
         try:
             titles = [_title(window) for window in _children(self._application)]
         except GLib.GError:
@@ -94,8 +95,7 @@ class Window:
         return self._has(name, Atspi.StateType.ENABLED)
 
     def menu(self, *titles):
-        """The titles of a menu's items, or of a menu's in a menu; those that cannot be chosen in
-        parentheses."""
+        """The titles of the items of a menu or submenu; disabled ones in parentheses."""
         items = [item for item in self._menu_items(*titles) if item.get_name()]
         return [
             item.get_name() if _is(item, Atspi.StateType.ENABLED) else f"({item.get_name()})"
@@ -103,7 +103,7 @@ class Window:
         ]
 
     def question(self):
-        """The alert that is shown, if any: its texts, and its buttons from left to right."""
+        """The visible alert, if any: its texts, and its buttons from left to right."""
         alert = self._alert()
         if not alert:
             return None
@@ -112,20 +112,20 @@ class Window:
         return (*texts, [button.get_name() for button in buttons])
 
     def answer(self, button):
-        """Answers the alert that is shown, the way a screen reader does."""
+        """Answers the visible alert, as a screen reader does."""
         alert = eventually("there is an alert", self._alert)
         self._do(_first(alert, lambda w: w.get_name() == button))
         eventually("the alert is gone", lambda: self._alert() != alert)
 
     def enter(self, name, text):
-        """Puts a text into a field, whatever letters it has, and ends with Return."""
+        """Enters any text in a field, and ends with Return."""
         self.focus(name)
         Atspi.EditableText.set_text_contents(self.widget(name), text)
         eventually(f"{name} holds {text}", lambda: self.text(name) == text)
         self.keys("Return")
 
     def await_active(self, title):
-        """Waits until a window of this title is the one with the keyboard."""
+        """Waits until the window with this title has the keyboard."""
         what = f"{title} is the active window"
         eventually(what, lambda: _active_title() == title and title in self.titles())
 
@@ -133,17 +133,17 @@ class Window:
         eventually(f"{name} shows {text}", lambda: self.shown(name) == text)
 
     def await_clock(self, text, no_later_than="23:59:59:29"):
-        """Waits until the running clock has come to a time."""
+        """Waits until the running clock reaches a time."""
         what = f"the clock comes to {text}"
         eventually(what, lambda: text <= self.shown("Current time") <= no_later_than)
 
     def await_title(self, title, there=True):
-        """Waits until a window, panel or alert of that title is there, or has gone."""
+        """Waits until a window, panel or alert with that title appears or disappears."""
         what = f"{title} is {'there' if there else 'gone'}"
         eventually(what, lambda: (title in self.titles()) == there)
 
     def await_alert(self, text):
-        """Waits for an alert by its message, or by the text below that."""
+        """Waits for an alert, given its message or the text below."""
         eventually(f"an alert says {text}", lambda: self.widget(text))
 
     def await_on(self, name, on=True):
@@ -151,11 +151,12 @@ class Window:
         eventually(what, lambda: self.is_on(name) == on)
 
     def press(self, name):
-        """Presses a button the way a screen reader does."""
+        """Presses a button, as a screen reader does."""
         self._do(self.widget(name))
 
     def press_at_once(self, *names):
-        """Presses buttons so that the program, which was busy, finds all the presses waiting."""
+        """Presses buttons while the program is stopped, so that it finds all the presses
+        waiting."""
         presses = [(w.app.bus_name, w.path) for w in map(self.widget, names)]
         bus = desktop.accessibility_bus()
         self.program.send_signal(signal.SIGSTOP)
@@ -170,13 +171,13 @@ class Window:
         eventually(f"{name} has the keyboard", lambda: self.has_focus(name))
 
     def choose(self, *titles):
-        """Chooses a menu's item the way a screen reader does."""
+        """Chooses a menu item, as a screen reader does."""
         *menu, item_title = titles
         item = next(i for i in self._menu_items(*menu) if i.get_name() == item_title)
         self._do(item)
 
     def click(self, name, times=1):
-        """Clicks with the mouse in the middle of a widget."""
+        """Clicks the center of a widget with the mouse."""
         click(self.widget(name), times)
 
     def minimize(self):
@@ -190,7 +191,7 @@ class Window:
         eventually("the program has the keyboard", self._has_keyboard)
 
     def keys(self, *names):
-        """Strikes keys, by their X names; a program that is stopped finds them when it goes on."""
+        """Presses keys by their X names; a stopped program receives them when it continues."""
         self.await_keyboard()
         xdotool("key", *names)
 
@@ -198,12 +199,12 @@ class Window:
         self.keys(*text)
 
     def write(self, text):
-        """Types text of any letters over what stands in the field that has the keyboard."""
+        """Types any text over the contents of the focused field."""
         self.keys("ctrl+a")
         xdotool("type", "--delay", 2, text)
 
     def hold_key(self, name, until):
-        """Holds a key down until something is so; the keyboard repeats it meanwhile."""
+        """Holds a key down, which repeats, until a condition is met."""
         self.await_keyboard()
         xdotool("keydown", name)
         try:
@@ -221,12 +222,12 @@ class Window:
 
     @contextlib.contextmanager
     def stopped_at(self, text):
-        """Meanwhile, the program stands still with its clock at a time."""
+        """Stops the program meanwhile, with its clock at a time."""
         deadline = time.monotonic() + PATIENCE
-        while self.shown("Current time") < text:  # without a rest: a frame is short
+        while self.shown("Current time") < text:  # no pause: a frame is short
             if time.monotonic() > deadline:
                 raise AssertionError(f"the clock does not come to {text}")
-        time.sleep(0.01)  # it is drawn somewhat later
+        time.sleep(0.01)  # drawing takes a little longer
         self.program.send_signal(signal.SIGSTOP)
         try:
             yield
@@ -234,7 +235,7 @@ class Window:
             self.program.send_signal(signal.SIGCONT)
 
     def picture(self, path, of_panel=False):
-        """Writes what the window, or the panel over it, shows to a PNG file of few colours."""
+        """Saves the window, or the panel over it, as a PNG file with few colours."""
         window = self._active_x_window() if of_panel else self._x_window
         few_colors = ["-strip", "-dither", "None", "-colors", "256"]
         subprocess.run(["import", "-window", window, *few_colors, f"png8:{path}"], check=True)
@@ -249,16 +250,17 @@ class Window:
         return next((a for a in applications if a.get_process_id() == self.program.pid), None)
 
     def _active_x_window(self):
-        """The program's window that is active, if one is and keys go to the program."""
+        """The program's active window, if there is one and it has the keyboard."""
         of_focus, of_active = ["getwindowfocus", "getwindowpid"], ["getactivewindow", "getwindowpid"]
         asked = ["xdotool", *of_focus, *of_active, "getactivewindow"]
         found = subprocess.run(asked, capture_output=True, text=True, check=False).stdout.split()
-        # A window that goes while it is asked about leaves some of the answers out.
+        # If a window closes during the query, some answers are missing.
         is_ours = len(found) == 3 and found[:2] == [str(self.program.pid)] * 2
         return found[2] if is_ours else None
 
     def _has_keyboard(self):
-        """The screen knows a new panel, and one that is gone, later than the program does."""
+        """Whether the program has the keyboard. The screen learns of opened and closed panels
+        late."""
         if not self._active_x_window():
             return False
         return self.program.is_stopped() or self._front_is_active()
@@ -268,13 +270,13 @@ class Window:
             windows = [w for w in _children(self._application) if w.get_role() in WINDOW_ROLES]
             shown = [window for window in windows if _is(window, Atspi.StateType.SHOWING)]
             return bool(shown) and _is(shown[-1], Atspi.StateType.ACTIVE)
-        except GLib.GError:  # one of them goes meanwhile
+        except GLib.GError:  # one of them closed meanwhile
             return False
 
     def _alert(self):
         try:
             return _first(self._application, lambda w: _is_a(w, Atspi.Role.ALERT))
-        except GLib.GError:  # it goes while it is looked for, perhaps with the whole program
+        except GLib.GError:  # it closed during the search, perhaps with the program
             return None
 
     def _has(self, name, state):
@@ -321,10 +323,10 @@ def _is_a(widget, role):
 
 
 def _title(window):
-    """Of a window that is shown."""
+    """The title of a visible window."""
     try:
         return window.get_name() if _is(window, Atspi.StateType.SHOWING) else None
-    except GLib.GError:  # gone by now
+    except GLib.GError:  # closed by now
         return None
 
 

@@ -1,4 +1,4 @@
-"""The frames of the generator, as bytes."""
+"""The generator's messages, as bytes."""
 
 from support.items import RATES, SYNC_TYPES, fields
 
@@ -11,20 +11,20 @@ def setup_and_start(hours, minutes, seconds, frames, mode):
 
 
 def play(hours, minutes, seconds, frames, mode):
-    """What Play sends: stop, setup and start."""
+    """The messages of Play: stop, setup and start."""
     return [STOP, *setup_and_start(hours, minutes, seconds, frames, mode)]
 
 
 def mode(rate, sync):
-    """The mode code: a code of the sync type holds no rate when it is the last."""
+    """The mode code. FSK, the last sync type, has one code for all rates."""
     return 8 if sync == "FSK" else RATES.index(rate) + len(RATES) * SYNC_TYPES.index(sync)
 
 
 def stripe(item):
-    """The item's part of a batch run, up to the stop at its end."""
+    """An item's messages in a batch run, including the stop at its end."""
     return [*setup_and_start(*fields(item.start), mode(item.rate, item.sync)), STOP]
 
 
 def run(items):
-    """A whole batch run, from Play to its end."""
+    """All messages of a batch run, from Play to its end."""
     return [STOP, *(message for item in items for message in stripe(item)), STOP]
