@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ten items a reel, in the list's order.
+/// Ten items per reel, in the list's order.
 BatchItemRef item(std::uint64_t row) {
     return std::make_shared<BatchItem>(BatchItem{row / 10, u"Reel %1 of the archive"_s.arg(row, 6),
                                                  0x01000000 + row % 10, 0x02000000, row % 4,
@@ -74,7 +74,7 @@ void addOne(benchmark::State& state) {
     }
 }
 
-/// The first addition to a list whose titles were edited has the order to check.
+/// After an edited title, the first addition has to check the order.
 void addOneAfterAnEdit(benchmark::State& state) {
     VexaBatchStripeData list(nullptr);
     list.addItems(itemsOf(state));
@@ -113,7 +113,7 @@ void putHalfBack(benchmark::State& state) {
     }
 }
 
-/// Reports the heap that an opened list holds, by item; the time means nothing.
+/// Reports the heap used by an opened list, per item; the time is meaningless.
 void memory(benchmark::State& state) {
     const QTemporaryDir directory;
     const QString path = directory.filePath(u"list.vexaB"_s);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::uint64_t rows = 100'000;
 
-/// The program's window with a long list. What a benchmark does to it, it undoes.
+/// The program's window with a long list. Each benchmark undoes its changes.
 struct Window {
     Window() {
         controller.applicationDidFinishLaunching();
@@ -39,7 +39,7 @@ struct Window {
         settle();
     }
 
-    /// Lets everything happen that the operator would wait for, painting included.
+    /// Finishes all work that the operator would wait for, including painting.
     void settle() {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
@@ -71,7 +71,7 @@ struct Window {
     VexaBatchTableView& table = *window.findChild<VexaBatchTableView*>();
 };
 
-/// Measures what the operator waits for, and reports the longest wait beside the mean.
+/// Measures the operator's wait; reports the longest beside the mean.
 void measure(
     benchmark::State& state, const std::function<void(Window&)>& act,
     const std::function<void(Window&)>& prepare = [](Window&) {}) {

@@ -1,6 +1,6 @@
-// How true the clock runs: the program's timer at every frame rate against CLOCK_MONOTONIC, and
-// QTimer beside it; first as the machine is, then with every processor kept busy. The number of
-// seconds can be given; the standard is a minute.
+// Accuracy of the clock: the program's timer at every frame rate against CLOCK_MONOTONIC, with
+// QTimer beside it. Measures first as the machine is, then with every processor busy. Argument: the
+// number of seconds, by default 60.
 
 #include "app/TimerfdRunLoop.h"
 #include "bench/spread.h"
@@ -35,9 +35,9 @@ struct Ticks {
 
 /// Times in milliseconds.
 struct Figures {
-    long lost; ///< negative: so many too many
+    long lost; ///< negative if there were too many
     double drift;
-    Spread off; ///< how far ticks were from their time, early or late
+    Spread off; ///< deviation of ticks from their due time
 };
 
 Figures figuresOf(const Ticks& ticks) {
@@ -49,7 +49,7 @@ Figures figuresOf(const Ticks& ticks) {
         lateness.push_back((Seconds(tick - ticks.start) - due).count() * msPerSecond);
         off.push_back(std::abs(lateness.back()));
     }
-    // Between medians of a second each: one tick that comes late is no drift.
+    // Compares medians over one second each, as a single late tick is no drift.
     const auto second = static_cast<std::ptrdiff_t>(1.0 / ticks.interval.count());
     const double first = bench::spreadOf({lateness.begin(), lateness.begin() + second}).p50;
     const double last = bench::spreadOf({lateness.end() - second, lateness.end()}).p50;
@@ -78,7 +78,7 @@ void printTable(const char* title, const std::vector<Ticks>& ours, const std::ve
         std::printf("| %s |", std::string(frameRateForCode(code).name).c_str());
         printFigures(mine);
         printFigures(other);
-        constexpr double least = 0.001; // what the table shows of ours
+        constexpr double least = 0.001; // our smallest value in the table
         std::printf(" %.0f |\n", std::abs(other.drift) / std::max(std::abs(mine.drift), least));
     }
 }
@@ -109,7 +109,7 @@ void measure(const char* title, Seconds measured) {
     printTable(title, ours, qt, measured);
 }
 
-/// Keeps every processor busy, as long as it is there.
+/// Keeps every processor busy while the result exists.
 std::vector<std::jthread> busyProcessors() {
     std::vector<std::jthread> busy(std::thread::hardware_concurrency());
     for (auto& thread : busy)

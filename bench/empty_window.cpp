@@ -1,5 +1,5 @@
-// A Qt main window with nothing in it: what the program's start-up and memory are measured against.
-// With an argument it shows that as text, in a label and a menu: what fonts and menus cost anybody.
+// An empty Qt main window: the baseline for the program's start-up time and memory. With an
+// argument, it shows that text in a label and a menu: the cost of fonts and menus in any program.
 
 #include <QApplication>
 #include <QLabel>

@@ -9,8 +9,8 @@
 
 namespace vexa::bench {
 
-/// A JACK server of the benchmark's own, without sound hardware, which from then on is the
-/// default server of this process.
+/// The benchmark's own JACK server, without sound hardware. It becomes this process's default
+/// server.
 class JackServer {
 public:
     static constexpr int sampleRate = 48000;
@@ -21,7 +21,7 @@ public:
     JackServer(const JackServer&) = delete;
     JackServer& operator=(const JackServer&) = delete;
 
-    /// Waits for it to answer; false when it does not.
+    /// Waits for an answer; returns false if there is none.
     bool isUp() const;
 
 private:
@@ -31,7 +31,7 @@ private:
 /// A client with one MIDI input.
 class JackReceiver {
 public:
-    /// received: called on JACK's thread for each message as it arrives; may not wait.
+    /// received: called on JACK's thread for each message as it arrives; must not wait.
     explicit JackReceiver(std::function<void()> received);
     ~JackReceiver();
     JackReceiver(const JackReceiver&) = delete;

@@ -1,5 +1,5 @@
-// An hour of linear timecode at 48 kHz, by us and by libltc's encoder, which makes 8-bit samples;
-// and the part of JACK's period that the generator takes in a run.
+// Encodes an hour of linear timecode at 48 kHz, with our encoder and with libltc's, which makes
+// 8-bit samples. Also measures how much of JACK's period the generator takes during a run.
 
 #include "generator/generator.h"
 
@@ -59,7 +59,7 @@ public:
     void write(std::uint64_t, std::span<const std::uint8_t>) override {}
 };
 
-/// Arguments: samples a second, and in a period. The counter is the part of the period.
+/// Arguments: samples per second and per period. The counter is the fraction of the period used.
 void aPeriodOfTheGenerator(benchmark::State& state) {
     const auto clock = static_cast<std::uint32_t>(state.range(0));
     std::vector<float> period(static_cast<std::size_t>(state.range(1)));

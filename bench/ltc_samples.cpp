@@ -1,5 +1,5 @@
-// ltc_samples SAMPLE_RATE COUNT: the first samples of linear timecode at 30 frames, at full scale,
-// as floats on standard output. What scripts/ltc-picture draws.
+// ltc_samples SAMPLE_RATE COUNT: writes the first samples of linear timecode at 30 frames and full
+// scale to standard output, as floats. scripts/ltc-picture draws them.
 
 #include "ltc/ltc_signal.h"
 

@@ -1,6 +1,6 @@
-// How long it takes from the Play command to the last byte of its messages: handed to a driver that
-// takes it at once, arrived at another client of a JACK server, and handed to the ALSA sequencer.
-// The number of presses can be given; the standard is 2000.
+// Time from the Play command to the last byte of its messages: handed to a driver that accepts it
+// at once, arrived at another client of a JACK server, or handed to the ALSA sequencer. Argument:
+// the number of presses, by default 2000.
 
 #include "app/TimerfdRunLoop.h"
 #include "app/silent_outlets.h"
@@ -28,7 +28,7 @@ using Microseconds = std::chrono::duration<double, std::micro>;
 
 namespace {
 
-/// Messages at the end of their way.
+/// Counts messages that have arrived.
 class Arrivals {
 public:
     void note() {
@@ -36,7 +36,7 @@ public:
         m_arrived.release();
     }
 
-    /// When the last of the next so many came. One that does not come ends the program.
+    /// Waits for that many messages and returns when the last one came. Exits if one is lost.
     Clock::time_point await(int count) {
         while (count-- > 0)
             if (!m_arrived.try_acquire_for(2s)) {
@@ -51,7 +51,7 @@ private:
     std::counting_semaphore<> m_arrived{0};
 };
 
-/// One port that takes what it is given.
+/// One port that accepts everything at once.
 class ImmediateDriver final : public MidiDriver {
 public:
     std::vector<MidiPort> ports() override { return {{"port", "0", "Port", {}, {}}}; }
@@ -59,7 +59,7 @@ public:
     bool maintain() override { return true; }
 };
 
-/// Notes when each message has been handed over by a driver, and how long that took.
+/// Notes when the driver has handed over each message, and how long that took.
 class TimedDriver final : public MidiDriver {
 public:
     TimedDriver(std::unique_ptr<MidiDriver> driver, Arrivals& handedOver,
@@ -86,9 +86,9 @@ class NoAlerts final : public Alerts {
     int runModal(const Alert&) override { return alertFirstButton; }
 };
 
-/// Presses Play, from stopped, again and again, and gives the times to the last message's arrival.
+/// Presses Play repeatedly while stopped; returns the times until the last message's arrival.
 std::vector<double> timesOfPresses(int presses, MidiSystem& midi, Arrivals& arrivals) {
-    midi.numberOfDestinations(); // there is no event loop to tell of the first list
+    midi.numberOfDestinations(); // no event loop reports the first list
     Vexa_MIDI_Manager::setMidiSystem(&midi);
     SilentOutlets silent;
     SilentEntry clock;
@@ -98,7 +98,7 @@ std::vector<double> timesOfPresses(int presses, MidiSystem& midi, Arrivals& arri
     controller.applicationDidFinishLaunching(); // stops the device
     arrivals.await(1);
 
-    std::mt19937 random; // presses are to meet every phase of a server's period
+    std::mt19937 random; // spreads the presses over all phases of a server's period
     std::uniform_real_distribution<double> pause(0, 10'000);
     std::vector<double> times;
     while (presses-- > 0) {
@@ -156,7 +156,7 @@ void measureJack(int presses) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    // The operator's settings neither matter nor are touched.
+    // Neither uses nor changes the operator's settings.
     setenv("XDG_CONFIG_HOME", "/nonexistent", 1);
     const QCoreApplication application(argc, argv);
     const int presses = argc > 1 ? std::atoi(argv[1]) : 2000;

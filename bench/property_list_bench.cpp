@@ -43,7 +43,7 @@ PropertyList listOf(std::uint64_t count) {
 Node libplistNode(const QByteArray& file) {
     plist_t node = nullptr;
     const auto size = static_cast<std::uint32_t>(file.size());
-    // plist_from_memory() tells them apart itself, but takes one more argument from 2.3 on.
+    // plist_from_memory() detects the form itself, but takes one more argument since 2.3.
     const auto read = plist_is_binary(file.data(), size) ? plist_from_bin : plist_from_xml;
     read(file.data(), size, &node);
     if (!node)
@@ -51,7 +51,7 @@ Node libplistNode(const QByteArray& file) {
     return {node, plist_free};
 }
 
-/// One list in every form, made once for all that measures it.
+/// One list in every form, created once for all measurements.
 struct Sample {
     explicit Sample(std::uint64_t count) : value(listOf(count)), xml(xmlPropertyList(value)) {
         char* bytes = nullptr;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ten items a reel, every tenth with a fault.
+/// Ten items per reel; every tenth item is faulty.
 BatchItems itemsOf(const benchmark::State& state) {
     BatchItems items;
     for (std::uint64_t row = 0; row < static_cast<std::uint64_t>(state.range(0)); ++row) {

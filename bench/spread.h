@@ -6,14 +6,14 @@
 
 namespace vexa::bench {
 
-/// What a set of measurements is summed up in.
+/// Summary of a set of measurements.
 struct Spread {
     double p50 = 0;
     double p99 = 0;
     double max = 0;
 };
 
-/// values: one or more.
+/// values: at least one.
 inline Spread spreadOf(std::vector<double> values) {
     std::ranges::sort(values);
     const auto at = [&](double share) {

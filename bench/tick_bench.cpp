@@ -1,5 +1,5 @@
-// What one tick of the clock costs the window: the events it causes, what is painted anew, and the
-// processor time. The number of seconds can be given; the standard is ten.
+// The window's cost of one clock tick: the events it causes, the area it repaints, and the
+// processor time. Argument: the number of seconds, by default 10.
 
 #include "app/MainWindow.h"
 #include "app/TimerfdRunLoop.h"
@@ -26,7 +26,7 @@ struct Tally {
     long pixels = 0; ///< of paint events
 };
 
-/// Counts every event of the application by its kind and the widget it went to.
+/// Counts every event of the application by its type and its widget.
 class EventCounter final : public QObject {
 public:
     std::map<std::string, Tally> tallies;
@@ -74,7 +74,7 @@ int main(int argc, char* argv[]) {
     window.connectTo(controller, Vexa_MIDI_Manager::sharedMidiManager());
     window.show();
     controller.handleStripeMenuItems(transport::playing);
-    runFor(runLoop, RunLoop::Seconds(1)); // until the window has come to rest
+    runFor(runLoop, RunLoop::Seconds(1)); // until the window is idle
 
     EventCounter counter;
     QCoreApplication::instance()->installEventFilter(&counter);
