@@ -36,7 +36,7 @@ void check(const CommandLine& line) {
 
 } // namespace
 
-/// Arguments, a zero byte between two: taken or refused with a message.
+/// Arguments, separated by zero bytes. They are accepted, or refused with a message.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const auto text =
         QString::fromUtf8(reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size));

@@ -7,7 +7,7 @@
 
 using namespace vexa;
 
-/// Files of any encoding. What can be taken is written and read again as it was.
+/// Files of any encoding. Accepted rows read back unchanged after they are written.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const auto text =
         decodedText(QByteArray(reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size)));

@@ -7,7 +7,7 @@
 
 using namespace vexa;
 
-/// Files of any encoding, read by the times of the reels and of the programme.
+/// Files of any encoding, read by reel times and by programme times.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const auto text =
         decodedText(QByteArray(reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size)));

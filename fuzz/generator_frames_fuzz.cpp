@@ -17,7 +17,7 @@ void expect(bool holds) {
         std::abort();
 }
 
-/// A setup that is accepted was sent as exactly those bytes, but for FSK, which names no rate.
+/// An accepted setup has exactly the bytes that we send for it. FSK setups carry no rate.
 void checkSetup(const SetupFrame& setup, const SysEx& message) {
     const auto sent = setupMessage(pack(setup.time), setup.mode.rate.value_or(0), setup.mode.sync);
     expect(message.complete && message.size == sent.size());
@@ -30,7 +30,7 @@ void checkSetup(const SetupFrame& setup, const SysEx& message) {
 
 namespace {
 
-/// Expects of everything that goes out that it is MIDI time code, in the order of time.
+/// Expects all output to be MIDI time code in order of time.
 class Receiver : public MidiWriter {
 public:
     void write(std::uint64_t samples, std::span<const std::uint8_t> message) override {
@@ -48,7 +48,7 @@ private:
 
 } // namespace
 
-/// Whatever bytes come over the cable, the generator goes on, and counts valid times only.
+/// Whatever bytes arrive, the generator continues and counts only valid times.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     static const Generator idle(8000, -18);
     auto generator = idle;

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Files of either form, byte by byte as they are.
+/// Files of either form, as raw bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     vexa::checkRoundTrip({bytes, static_cast<qsizetype>(size)});
     return 0;

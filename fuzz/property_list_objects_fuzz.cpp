@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Objects of the binary form under a table and a trailer that fit them, which chance alone would
-/// hardly find: the number of objects, their offsets, one byte each, and the objects.
+/// Objects of the binary form, with a matching table and trailer, which random bytes would hardly
+/// produce. Input: the number of objects, their offsets in one byte each, and the objects.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     if (size == 0 || size - 1 < bytes[0])
         return 0;

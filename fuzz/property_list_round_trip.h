@@ -7,8 +7,8 @@
 
 namespace vexa {
 
-/// Reads a file and, if it is a property list, writes and reads it again. The first writing may
-/// lose what XML has no place for, fractions of a second for one; nothing may change after that.
+/// Reads a file; if it is a property list, writes and reads it again. The first write may lose what
+/// XML cannot express, such as fractions of a second. After that, nothing may change.
 inline void checkRoundTrip(QByteArrayView file) {
     const auto value = readPropertyList(file);
     if (!value)

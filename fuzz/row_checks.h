@@ -13,7 +13,7 @@ inline void expect(bool holds) {
         std::abort();
 }
 
-/// Rows that the list can hold and their rate has; refusals that say why.
+/// Rows must fit the list and be valid at their rate; refusals must give a reason.
 inline void checkRows(const ReadRows& read) {
     expect(read.fault.isNull() || read.rows.empty());
     for (const auto& row : read.rows) {
