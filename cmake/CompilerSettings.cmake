@@ -1,5 +1,4 @@
-# What every target of the project is compiled with, and vexa_library(), by which each room of
-# src/ becomes one.
+# The compiler settings of every target, and vexa_library(), which makes a room of src/ a target.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -19,8 +18,8 @@ if(VEXA_SANITIZE)
     target_link_options(vexa_settings INTERFACE -fsanitize=${VEXA_SANITIZE})
 endif()
 
-# An error in memory ends the program before it can be made use of. Debian's packages bring most of
-# this in their own flags; a release that is built by hand has it all the same.
+# Memory errors end the program before they can be exploited. Debian's packages set most of these
+# flags themselves; this adds them to releases built by hand.
 target_compile_options(vexa_settings INTERFACE -fstack-clash-protection)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|amd64")
     target_compile_options(vexa_settings INTERFACE -fcf-protection)
@@ -35,8 +34,8 @@ check_pie_supported()
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 # vexa_library(NAME SOURCES file… [LINKS target…]): the static library vexa_NAME, alias vexa::NAME.
-# A room sees its own headers and those of the rooms it links, and no others: each folder has an
-# include path of its own, on which nothing else stands.
+# A room sees only its own headers and those of the rooms it links, as each folder has its own
+# include path.
 function(vexa_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
     add_library(vexa_${name} STATIC ${arg_SOURCES})

@@ -1,11 +1,11 @@
-# The sides of a Wayland protocol in C, made from its description.
+# Generates the C code of a Wayland protocol from its description.
 
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
 find_path(WAYLAND_PROTOCOLS staging/xdg-activation/xdg-activation-v1.xml
     PATHS /usr/share/wayland-protocols REQUIRED)
 
-# wayland_protocol(TARGET DESCRIPTION KIND SUFFIX): adds NAME-SUFFIX to the target, where KIND is what
-# the scanner calls it, and NAME that of the description.
+# wayland_protocol(TARGET DESCRIPTION KIND SUFFIX): adds NAME-SUFFIX to the target. KIND is the
+# scanner's term for it; NAME is that of the description.
 function(wayland_protocol target description kind suffix)
     cmake_path(GET description STEM name)
     set(made ${CMAKE_CURRENT_BINARY_DIR}/${name}${suffix})

@@ -1,6 +1,6 @@
-"""The flags of every build by which an error in memory ends the program: beside what Debian asks of
-its packages, in a build by hand and in one with Debian's own flags. SOURCE is the project, CMAKE
-its tool."""
+"""Checks for the compiler flags that end the program on memory errors, including those that Debian
+requires of its packages: in a build by hand, and in one with Debian's flags. SOURCE is the project,
+CMAKE its tool."""
 
 import os
 import platform
@@ -14,7 +14,7 @@ PROGRAMS = ("vexa-remote", "vexa-generator", "vexa-ltc")
 ALWAYS = {"-fstack-clash-protection"}
 if platform.machine() == "x86_64":
     ALWAYS.add("-fcf-protection")
-# They name folders and dates, or ask for debugging and speed.
+# They name folders and dates, or control debugging and speed.
 NO_PROTECTION = re.compile(r"-g|-O\d|-ffile-prefix-map=.*|-Wdate-time|-f(no-)?omit-.*|-mno-omit-.*")
 
 
@@ -26,7 +26,7 @@ def output(*command, **variables):
 
 
 def of_debian(*variables):
-    """Debian's flags of these names, with all its protections."""
+    """Debian's flags of these names, with all protections."""
     flags = set()
     for name in variables:
         text = output("dpkg-buildflags", "--get", name, DEB_BUILD_MAINT_OPTIONS="hardening=+all")
@@ -35,7 +35,7 @@ def of_debian(*variables):
 
 
 def commands(build_type):
-    """What compiles and links the programs: two lists of sets of words."""
+    """The commands that compile and link the programs: two lists of sets of words."""
     with tempfile.TemporaryDirectory(prefix="vexa-hardening-") as build:
         options = (f"CMAKE_BUILD_TYPE={build_type}", "VEXA_TESTS=OFF", "VEXA_BENCHMARKS=OFF")
         output(

@@ -1,5 +1,5 @@
-"""The program as it is installed: what the tools of the desktop and of the shell say of the files
-beside it. BUILD is the build tree, CMAKE its tool, ID the application id."""
+"""Checks the installed files with the tools of the desktop and of the shell. BUILD is the build
+tree, CMAKE its tool, ID the application ID."""
 
 import os
 import pathlib
@@ -14,7 +14,7 @@ PROGRAMS = ("vexa-remote", "vexa-generator", "vexa-ltc")
 
 
 def run(*command):
-    """What the command prints, on both of its streams; an error when it fails."""
+    """The command's output on both streams; raises an error if the command fails."""
     done = subprocess.run(
         [str(word) for word in command],
         stdout=subprocess.PIPE,
