@@ -1,5 +1,7 @@
 #include "timecode/frame_count.h"
 
+#include "timecode/frame_number.h"
+
 namespace vexa {
 
 namespace {
@@ -16,13 +18,7 @@ std::uint64_t framesBefore(Timecode time, const FrameRate& rate) {
         time = {time.hours, time.minutes + 1, 0, 0};
     else if (time.frames >= fps)
         time = {time.hours, time.minutes, time.seconds + 1, 0};
-    const auto minutes = time.hours * 60 + time.minutes;
-    const auto frames = (minutes * 60 + time.seconds) * fps + time.frames;
-    if (!rate.dropFrame)
-        return frames;
-    const auto minutesWithDrop = minutes - minutes / 10;
-    const auto stillToBeDropped = isDropped(time) ? 2 - time.frames : 0;
-    return frames - 2 * minutesWithDrop + stillToBeDropped;
+    return frameNumber(time, rate);
 }
 
 } // namespace
@@ -32,10 +28,9 @@ std::optional<std::uint64_t> framesUntil(std::uint64_t now, std::uint64_t stop,
     const auto next = advanced(static_cast<PackedTimecode>(now), 1, rate);
     if (next >= stop)
         return 1;
-    const Timecode endOfDay{24, 0, 0, 0};
     const auto stopTime = unpack(static_cast<PackedTimecode>(stop));
     const bool comesWithinTheDay =
-        stop <= UINT32_MAX && framesBefore(stopTime, rate) < framesBefore(endOfDay, rate);
+        stop <= UINT32_MAX && framesBefore(stopTime, rate) < framesADay(rate);
     if (!isValid(unpack(next), rate) || !comesWithinTheDay)
         return {};
     return 1 + framesBefore(stopTime, rate) - framesBefore(unpack(next), rate);

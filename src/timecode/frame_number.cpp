@@ -16,8 +16,9 @@ std::uint64_t dropped(std::uint64_t minutes, const FrameRate& rate) {
 
 std::uint64_t frameNumber(const Timecode& time, const FrameRate& rate) {
     const auto minutes = time.hours * 60 + time.minutes;
-    return (minutes * 60 + time.seconds) * framesASecond(rate) + time.frames -
-           dropped(minutes, rate);
+    const bool isLeftOut = rate.dropFrame && isDropped(time);
+    return (minutes * 60 + time.seconds) * framesASecond(rate) +
+           (isLeftOut ? droppedAMinute : time.frames) - dropped(minutes, rate);
 }
 
 Timecode timeOfFrame(std::uint64_t number, const FrameRate& rate) {

@@ -7,7 +7,7 @@
 namespace vexa {
 
 /// How many frames of the day come before this one; numbers that drop-frame leaves out do not
-/// count. For fields in range: of a dropped number it gives one of the two frames before it.
+/// count, and stand for the frame after them. For fields in range.
 std::uint64_t frameNumber(const Timecode& time, const FrameRate& rate);
 
 /// The reverse; numbers beyond the day go on in the next one.

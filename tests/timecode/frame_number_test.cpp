@@ -24,6 +24,14 @@ TEST(FrameNumber, ADayOfDropFrameLacks108FramesAnHour) {
     EXPECT_EQ(framesADay(frameRateForCode(rate::fps24)), 24U * 3600 * 24);
 }
 
+TEST(FrameNumber, ANumberThatIsLeftOutStandsForTheFrameAfterIt) {
+    const auto& drop = frameRateForCode(rate::fps30Drop);
+    EXPECT_EQ(frameNumber({0, 1, 0, 2}, drop), 1800U);
+    EXPECT_EQ(frameNumber({0, 1, 0, 0}, drop), 1800U);
+    EXPECT_EQ(frameNumber({0, 1, 0, 1}, drop), 1800U);
+    EXPECT_EQ(frameNumber({0, 1, 0, 0}, frameRateForCode(rate::fps30)), 1800U);
+}
+
 TEST(FrameNumber, GoesOnInTheNextDay) {
     for (const auto& rate : frameRates)
         EXPECT_EQ(timeOfFrame(framesADay(rate) + 7, rate), (Timecode{0, 0, 0, 7}));
