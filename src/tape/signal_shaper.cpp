@@ -1,77 +1,119 @@
 #include "tape/signal_shaper.h"
 
 #include <algorithm>
+#include <array>
+#include <cfloat>
 #include <cmath>
+#include <functional>
 
 namespace vexa {
 
 namespace {
-constexpr std::uint32_t cellsASecond = 3000;
+constexpr std::uint32_t cellsASecond = 1500;
 
 /// Signals below this are not brought up to the full height: they are a tape's noise.
 constexpr float quietest = 0.0005F; // -66 dBFS
 
+/// Samples beyond are no sound, in a file of floats.
+constexpr float loudest = 100;
+
 /// Of the 127 steps to either side; leaves room for what the noise puts on top.
 constexpr float height = 100;
+
+/// Halves at a time, which a processor does for several values at once.
+template<std::size_t size, typename Combine>
+float folded(std::array<float, size> values, Combine combine) {
+    for (auto half = size / 2; half > 0; half /= 2)
+        for (std::size_t i = 0; i < half; ++i)
+            values[i] = combine(values[i], values[i + half]);
+    return values[0];
+}
+
+constexpr auto lower = [](float a, float b) { return b < a ? b : a; };
+constexpr auto higher = [](float a, float b) { return b > a ? b : a; };
 } // namespace
 
 SignalShaper::SignalShaper(std::uint32_t sampleRate)
-    : m_cellSize(std::max(sampleRate / cellsASecond, 1U)),
-      m_samples(m_cellSize * around),
-      m_cells(around) {}
+    : m_cellSize(std::max(sampleRate / cellsASecond, 1U)), m_samples(m_cellSize * lanes) {}
 
 std::span<const std::uint8_t> SignalShaper::shape(std::span<const float> samples,
                                                   std::size_t stride) {
-    m_shaped.clear();
     const float* next = samples.data();
     auto left = (samples.size() + stride - 1) / stride;
+    m_shaped.resize((m_filled + left) / m_cellSize * m_cellSize);
+    std::span to(m_shaped);
     while (left > 0) {
         const auto count = std::min(left, m_cellSize - m_filled);
-        float* const place = m_samples.data() + m_cell * m_cellSize + m_filled;
-        for (std::size_t i = 0; i < count; ++i)
-            place[i] = next[i * stride];
+        const auto cell = std::span(m_samples).subspan(m_cell * m_cellSize, m_cellSize);
+        if (stride == 1)
+            std::copy_n(next, count, cell.data() + m_filled);
+        else
+            for (std::size_t i = 0; i < count; ++i)
+                cell[m_filled + i] = next[i * stride];
         next += count * stride;
         left -= count;
         m_filled += count;
-        if (m_filled == m_cellSize)
-            closeCell();
+        if (m_filled == m_cellSize) {
+            closeCell(cell, to.first(m_cellSize));
+            to = to.subspan(m_cellSize);
+        }
     }
     return m_shaped;
 }
 
-void SignalShaper::closeCell() {
-    const std::span filled(m_samples.data() + m_cell * m_cellSize, m_cellSize);
-    Cell cell{0, filled[0], filled[0]};
-    for (float& sample : filled) {
-        // Not a number, or a number beyond reason, in a file of floats.
-        sample = std::abs(sample) < 100 ? sample : 0;
-        cell.sum += sample;
-        cell.lowest = std::min(cell.lowest, sample);
-        cell.highest = std::max(cell.highest, sample);
+SignalShaper::Cell SignalShaper::measure(std::span<const float> samples) {
+    Lanes sums{};
+    Lanes lowest;
+    Lanes highest;
+    lowest.fill(samples[0]);
+    highest.fill(samples[0]);
+    const auto add = [&](std::size_t lane, float sample) {
+        sums[lane] += sample;
+        lowest[lane] = lower(lowest[lane], sample);
+        highest[lane] = higher(highest[lane], sample);
+    };
+    std::size_t i = 0;
+    for (; i + lanes <= samples.size(); i += lanes)
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            add(lane, samples[i + lane]);
+    for (; i < samples.size(); ++i)
+        add(0, samples[i]);
+    return {folded(sums, std::plus()), folded(lowest, lower), folded(highest, higher)};
+}
+
+bool SignalShaper::isReasonable(const Cell& cell) {
+    // No comparison holds for a sum with something in it that is not a number.
+    return cell.lowest >= -loudest && cell.highest <= loudest && std::abs(cell.sum) < FLT_MAX;
+}
+
+void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> shaped) {
+    auto cell = measure(filled);
+    if (!isReasonable(cell)) {
+        for (float& sample : filled)
+            sample = std::abs(sample) <= loudest ? sample : 0;
+        cell = measure(filled);
     }
-    m_cells[m_cell] = cell;
-    m_cell = (m_cell + 1) % around;
+    if (m_seen == 0) { // the others are as if they were like it, but for the sum
+        m_lowest.fill(cell.lowest);
+        m_highest.fill(cell.highest);
+    }
+    m_sums[m_cell] = cell.sum;
+    m_lowest[m_cell] = cell.lowest;
+    m_highest[m_cell] = cell.highest;
+    m_cell = (m_cell + 1) % lanes;
     m_filled = 0;
-    m_seen = std::min(m_seen + 1, around);
+    m_seen = std::min(m_seen + 1, lanes);
 
-    Cell all{0, cell.lowest, cell.highest};
-    for (const auto& each : std::span(m_cells).first(m_seen)) {
-        all.sum += each.sum;
-        all.lowest = std::min(all.lowest, each.lowest);
-        all.highest = std::max(all.highest, each.highest);
-    }
-    m_mean = all.sum / static_cast<float>(m_seen * m_cellSize);
-    m_peak = (all.highest - all.lowest) / 2;
-    const float reach = std::max({all.highest - m_mean, m_mean - all.lowest, quietest});
-    const float gain = height / reach;
+    const float lowest = folded(m_lowest, lower);
+    const float highest = folded(m_highest, higher);
+    const float mean = m_mean =
+        folded(m_sums, std::plus()) / static_cast<float>(m_seen * m_cellSize);
+    m_peak = (highest - lowest) / 2;
+    const float gain = height / std::max({highest - mean, mean - lowest, quietest});
 
-    const float mean = m_mean;
-    const auto middle = (m_cell + around / 2) % around;
-    const float* const from = m_samples.data() + middle * m_cellSize;
-    const auto done = m_shaped.size();
-    m_shaped.resize(done + m_cellSize);
-    std::uint8_t* const to = m_shaped.data() + done;
-    for (std::size_t i = 0; i < m_cellSize; ++i)
+    const float* const from = m_samples.data() + (m_cell + middle) % lanes * m_cellSize;
+    std::uint8_t* const to = shaped.data();
+    for (std::size_t i = 0, count = shaped.size(); i < count; ++i)
         to[i] = static_cast<std::uint8_t>(static_cast<int>(128.5F + (from[i] - mean) * gain));
 }
 

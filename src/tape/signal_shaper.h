@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -10,9 +11,8 @@ namespace vexa {
 /// Makes of a recorded channel what a decoder reads best: the samples in 8 bits, levelled, without
 /// direct current and hum. What comes out lags behind what goes in.
 ///
-/// It works in cells of a third of a millisecond, shorter than a bit, and looks at those around:
-/// over a few bits timecode has no direct current, so that their mean is what does not belong to
-/// it.
+/// It works in cells of two thirds of a millisecond, and looks at those around: over a few bits
+/// timecode has no direct current, so that their mean is what does not belong to it.
 class SignalShaper {
 public:
     explicit SignalShaper(std::uint32_t sampleRate);
@@ -22,7 +22,7 @@ public:
     std::span<const std::uint8_t> shape(std::span<const float> samples, std::size_t stride);
 
     /// How many samples what comes out lags behind: the first of them are silence.
-    std::size_t lag() const { return m_cellSize * (around / 2); }
+    std::size_t lag() const { return m_cellSize * (lanes - 1 - middle); }
 
     /// What was taken for direct current at last.
     float mean() const { return m_mean; }
@@ -31,7 +31,10 @@ public:
     float peak() const { return m_peak; }
 
 private:
-    static constexpr std::size_t around = 17; ///< cells, the one in the middle too
+    /// How many cells are looked at, and how many samples of a cell are added up at once.
+    static constexpr std::size_t lanes = 8;
+    static constexpr std::size_t middle = lanes / 2; ///< of the cells, the oldest being 0
+    using Lanes = std::array<float, lanes>;
 
     struct Cell {
         float sum = 0;
@@ -39,14 +42,18 @@ private:
         float highest = 0;
     };
 
-    void closeCell();
+    static Cell measure(std::span<const float> samples);
+    static bool isReasonable(const Cell& cell);
+    void closeCell(std::span<float> filled, std::span<std::uint8_t> shaped);
 
     std::size_t m_cellSize;
     std::vector<float> m_samples; ///< of the cells around, a ring
-    std::vector<Cell> m_cells;    ///< the same
-    std::size_t m_cell = 0;       ///< of the ring, being filled
-    std::size_t m_filled = 0;     ///< samples of that
-    std::size_t m_seen = 0;       ///< cells of the ring that hold something
+    Lanes m_sums{};               ///< of each of these cells
+    Lanes m_lowest{};
+    Lanes m_highest{};
+    std::size_t m_cell = 0;   ///< of the ring, being filled
+    std::size_t m_filled = 0; ///< samples of that
+    std::size_t m_seen = 0;   ///< cells of the ring that hold something
     float m_mean = 0;
     float m_peak = 0;
     std::vector<std::uint8_t> m_shaped;
