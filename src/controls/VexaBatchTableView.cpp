@@ -50,7 +50,7 @@ VexaBatchTableView::VexaBatchTableView(QWidget* parent) : QTableView(parent) {
 
 bool VexaBatchTableView::handleKey(const QString& characters) {
     if (characters.size() != 1 ||
-        (characters[0] != key::backspace && characters[0] != key::forwardDelete))
+        (characters[0] != typed::backspace && characters[0] != typed::forwardDelete))
         return false;
     return handleDelete();
 }
@@ -200,8 +200,8 @@ void VexaBatchTableView::keyPressEvent(QKeyEvent* event) {
     // By key: platforms differ in the text they give to the keys that edit.
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
     const bool consumed =
-        plain && ((event->key() == Qt::Key_Backspace && handleKey(QChar(key::backspace))) ||
-                  (event->key() == Qt::Key_Delete && handleKey(QChar(key::forwardDelete))));
+        plain && ((event->key() == Qt::Key_Backspace && handleKey(QChar(typed::backspace))) ||
+                  (event->key() == Qt::Key_Delete && handleKey(QChar(typed::forwardDelete))));
     if (!consumed)
         QTableView::keyPressEvent(event);
 }

@@ -30,15 +30,15 @@ QString colonSeparated(const std::array<char16_t, 8>& digits) {
 QString charactersOf(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Backspace:
-        return QChar(key::backspace);
+        return QChar(typed::backspace);
     case Qt::Key_Delete:
-        return QChar(key::forwardDelete);
+        return QChar(typed::forwardDelete);
     case Qt::Key_Enter:
-        return QChar(key::enter);
+        return QChar(typed::enter);
     case Qt::Key_Return:
-        return QChar(key::carriageReturn);
+        return QChar(typed::carriageReturn);
     case Qt::Key_Tab:
-        return QChar(key::tab);
+        return QChar(typed::tab);
     default:
         return event.text();
     }
@@ -89,13 +89,13 @@ bool VexaTimecodeButton::handleKey(const QString& characters) {
         return false;
     const auto character = characters.front().unicode();
     switch (character) {
-    case key::backspace:
-    case key::forwardDelete:
+    case typed::backspace:
+    case typed::forwardDelete:
         beginTyping();
         return handleDelete();
-    case key::enter:
-    case key::tab:
-    case key::carriageReturn:
+    case typed::enter:
+    case typed::tab:
+    case typed::carriageReturn:
         return validateAndResign();
     default:
         if (character < u'0' || character > u'9')

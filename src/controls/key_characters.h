@@ -1,6 +1,6 @@
 #pragma once
 
-namespace vexa::key {
+namespace vexa::typed {
 
 /// The characters by which handleKey() is told which key was pressed.
 inline constexpr char16_t enter = 0x03;
@@ -9,4 +9,4 @@ inline constexpr char16_t tab = 0x09;
 inline constexpr char16_t carriageReturn = 0x0D;
 inline constexpr char16_t forwardDelete = 0x7F;
 
-} // namespace vexa::key
+} // namespace vexa::typed

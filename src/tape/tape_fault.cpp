@@ -23,7 +23,7 @@ Timecode frameBefore(const Timecode& time, const FrameRate& rate) {
 }
 
 /// How far a number is after another, on the shorter way around the day.
-std::int64_t distance(const Timecode& from, const Timecode& to, const FrameRate& rate) {
+std::int64_t signedDistance(const Timecode& from, const Timecode& to, const FrameRate& rate) {
     const auto day = static_cast<std::int64_t>(framesADay(rate));
     const auto way = static_cast<std::int64_t>(frameNumber(to, rate)) -
                      static_cast<std::int64_t>(frameNumber(from, rate));
@@ -86,7 +86,7 @@ TapeFault junctionFault(const Stretch& before, const Stretch& after, std::uint32
         fault.from = after.first;
         return fault;
     }
-    const auto way = distance(before.last, after.first, rate);
+    const auto way = signedDistance(before.last, after.first, rate);
     fault.from = after.first;
     if (way < 1) {
         fault.kind = Kind::Back;
