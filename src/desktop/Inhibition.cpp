@@ -92,7 +92,7 @@ private:
     QVariant m_cookie;
 };
 
-/// Its promise is an open file: it lasts until that is closed.
+/// The promise is an open file, and lasts until the file is closed.
 class LogindInhibition final : public Inhibition {
 public:
     explicit LogindInhibition(const QDBusConnection& system) : m_bus(system) {}

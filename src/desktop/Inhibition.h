@@ -10,22 +10,22 @@
 
 namespace vexa {
 
-/// A service that can be asked to let the machine neither sleep nor lock its screen. Each takes its
-/// promise back by itself when the program that asked is gone.
+/// A service that can keep the machine awake and its screen unlocked. Each one withdraws its
+/// promise when the program that asked is gone.
 class Inhibition {
 public:
     virtual ~Inhibition() = default;
 
     virtual QDBusConnection bus() const = 0;
     virtual QDBusMessage request() = 0;
-    /// Whether the reply to the request is a promise.
+    /// Returns whether the reply to the request is a promise.
     virtual bool take(const QDBusMessage& reply) = 0;
-    /// Gives back what was promised, and what may be promised later to a request that got no reply.
+    /// Gives back the promise, including one that an unanswered request may still receive.
     virtual void release() = 0;
 };
 
-/// Those that there may be, the one to be asked first in front: the desktop portal, the screen
-/// saver's, and logind's.
+/// All possible services in the order to ask them: the desktop portal, the screen saver's, and
+/// logind's.
 std::vector<std::unique_ptr<Inhibition>> inhibitions(const QDBusConnection& session,
                                                      const QDBusConnection& system);
 

@@ -10,7 +10,7 @@ namespace vexa {
 
 namespace {
 
-constexpr int patience = 5000; // ms, with a service
+constexpr int patience = 5000; // ms, for a service to answer
 
 bool isUnderWay(Phase phase) {
     return phase == Phase::running || phase == Phase::betweenItems || phase == Phase::awaitingReel;
@@ -28,7 +28,7 @@ StayAwake::~StayAwake() {
         m_promise->release();
     constexpr unsigned long farewell = 1000; // ms
     if (m_joining && !m_joining->wait(farewell))
-        std::ignore = m_joining.release(); // a bus that does not answer is not waited for
+        std::ignore = m_joining.release(); // does not wait for a bus that does not answer
 }
 
 void StayAwake::setWanted(bool isWanted) {

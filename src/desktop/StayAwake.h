@@ -14,12 +14,12 @@ namespace vexa {
 
 class StripeRun;
 
-/// Keeps the machine awake, and its screen unlocked, while a run plays or is between two items. It
-/// asks one service after the other until one promises; nothing waits for them, and where there is
-/// none, or no bus, the machine does as it always does. Main thread only.
+/// Keeps the machine awake and its screen unlocked while a run plays or is between two items. Asks
+/// one service after another until one promises, without waiting for them. If there is no service,
+/// or no bus, the machine behaves as usual. Main thread only.
 class StayAwake : public QObject {
 public:
-    /// Joining a bus may take its time: that is done on another thread, at the first run.
+    /// Connecting to a bus may take time, so another thread does it, at the first run.
     struct Buses {
         std::function<QDBusConnection()> session = [] { return QDBusConnection::sessionBus(); };
         std::function<QDBusConnection()> system = [] { return QDBusConnection::systemBus(); };
@@ -39,8 +39,8 @@ private:
 
     const Buses m_buses;
     std::unique_ptr<QThread> m_joining;
-    Services m_services;             ///< empty until the buses are joined
-    Inhibition* m_promise = nullptr; ///< that of this service is held
+    Services m_services;             ///< empty until the buses are connected
+    Inhibition* m_promise = nullptr; ///< the service whose promise is held
     bool m_isWanted = false;
     bool m_isAsking = false;
 };

@@ -5,7 +5,7 @@
 
 namespace vexa {
 
-/// As much of a UTF-8 text as has room in so many bytes, in whole characters.
+/// The longest prefix of a UTF-8 text that fits into that many bytes, in whole characters.
 constexpr std::string_view utf8Prefix(std::string_view text, std::size_t bytes) {
     if (text.size() <= bytes)
         return text;

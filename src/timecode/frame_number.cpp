@@ -3,7 +3,7 @@
 namespace vexa {
 
 namespace {
-constexpr std::uint64_t droppedAMinute = 2; ///< but in every tenth minute
+constexpr std::uint64_t droppedAMinute = 2; ///< except in every tenth minute
 
 std::uint64_t framesASecond(const FrameRate& rate) {
     return static_cast<std::uint64_t>(rate.frameCount);
@@ -27,7 +27,7 @@ Timecode timeOfFrame(std::uint64_t number, const FrameRate& rate) {
     if (rate.dropFrame) {
         const auto tenMinutes = frameNumber({0, 10, 0, 0}, rate);
         const auto minute = frameNumber({0, 2, 0, 0}, rate) - frameNumber({0, 1, 0, 0}, rate);
-        // The first minute of the ten is the longest.
+        // The first of the ten minutes is the longest.
         const auto rest = number % tenMinutes;
         const auto minutes = rest < 60 * fps ? 0 : 1 + (rest - 60 * fps) / minute;
         number += dropped(number / tenMinutes * 10 + minutes, rate);

@@ -6,11 +6,11 @@
 
 namespace vexa {
 
-/// How many frames of the day come before this one; numbers that drop-frame leaves out do not
-/// count, and stand for the frame after them. For fields in range.
+/// The number of frames of the day before this one. Dropped numbers do not count; each stands for
+/// the frame after it. Fields must be in range.
 std::uint64_t frameNumber(const Timecode& time, const FrameRate& rate);
 
-/// The reverse; numbers beyond the day go on in the next one.
+/// The inverse; numbers beyond the day continue in the next one.
 Timecode timeOfFrame(std::uint64_t number, const FrameRate& rate);
 
 std::uint64_t framesADay(const FrameRate& rate);

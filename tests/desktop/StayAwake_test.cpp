@@ -14,7 +14,7 @@ using From = StripeRun::From;
 
 namespace {
 
-/// The screen saver's service, as a program on the bus; it can be held from answering.
+/// The screen saver's service, as a program on the bus; it can be kept from answering.
 class ScreenSaver final : public QDBusVirtualObject {
 public:
     explicit ScreenSaver(QDBusConnection bus) : m_bus(std::move(bus)) {
@@ -36,7 +36,7 @@ public:
         return true;
     }
 
-    /// What has been asked of it, once there is that much.
+    /// The requests so far, once there are that many.
     const std::vector<std::string>& asked(std::size_t count) {
         while (m_asked.size() < count)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -110,7 +110,7 @@ TEST_F(Awake, AnAnswerThatIsNoneIsNotGivenBack) {
     run.play(From::startTime);
     screenSaver.asked(1);
     screenSaver.answer(QStringLiteral("yes"));
-    while (screenSaver.asked(1).size() == 1) { // it asks anew once the others have refused
+    while (screenSaver.asked(1).size() == 1) { // asks again once the others have refused
         run.stop();
         run.play(From::startTime);
         QCoreApplication::processEvents();

@@ -1,5 +1,5 @@
-"""While it stripes, the machine neither sleeps nor locks its screen: each service that can see to it
-is one of python-dbusmock, on buses of the test's own."""
+"""During a run, the machine neither sleeps nor locks its screen. Every service that can ensure it
+is a python-dbusmock object, on the test's own buses."""
 
 import os
 import signal
@@ -31,7 +31,7 @@ class Awake(dbusmock.DBusTestCase, ProgramTest):
         self.system = self.get_dbus(system_bus=True)
 
     def mock(self, name, path, methods, interface=None):
-        """A service whose methods are those: the object."""
+        """The object of a service with these methods."""
         bus = self.spawn_server(name, path, interface or name)
         self.addCleanup(bus.wait)
         self.addCleanup(bus.terminate)
@@ -63,7 +63,7 @@ class Awake(dbusmock.DBusTestCase, ProgramTest):
         return running
 
     def calls(self, mock, count):
-        """The methods called, once there are so many, without those that the mock is asked."""
+        """The methods called, once there are that many; calls to the mock itself do not count."""
         eventually(f"{count} calls", lambda: len(mock.GetCalls()) >= count)
         return [(str(method), *map(str, arguments[:2])) for _, method, arguments in mock.GetCalls()]
 
