@@ -14,7 +14,7 @@ QString fromUtf8(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// Without blanks, in lower case, and without a unit at the end.
+/// Removes blanks and a unit at the end, and converts to lower case.
 QString plain(QString name) {
     name = name.remove(QLatin1Char(' ')).toLower();
     return name.endsWith(QLatin1String("fps")) ? name.chopped(3) : name;
@@ -71,7 +71,7 @@ std::uint64_t syncTypeCodeFrom(const QString& option, const QString& name) {
 }
 
 std::set<std::size_t> rowsFrom(const QString& option, const QString& text) {
-    // Far more rows than a list has; a typing slip must not fill the memory.
+    // Far more rows than any list has, so that a typing slip does not exhaust the memory.
     constexpr std::size_t mostRows = 1'000'000;
     std::set<std::size_t> rows;
     for (const auto& part : text.split(QLatin1Char(','))) {

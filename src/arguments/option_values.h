@@ -10,32 +10,32 @@
 
 namespace vexa {
 
-/// What is wrong with the arguments, in one line for the user.
+/// A fault in the arguments, in one line for the user.
 struct Refusal {
     QString message;
 };
 
-/// The names by code, as the operator reads them.
+/// The names shown to the operator, by code.
 QStringList rateNames();
 QStringList syncTypeNames();
 
 /// "alsa, jack or none"
 QString oneOf(QStringList names);
-/// Names with blanks in them are quoted in a shell.
+/// Quotes names that contain blanks, as for a shell.
 QStringList quoted(QStringList names);
 
-/// The values that options of all programs take. Each throws a Refusal that names the option, which
-/// is given as the user types it: "--start".
+/// Values of options that several programs share. Each function throws a Refusal that names the
+/// option as the user types it: "--start".
 
-/// "hh:mm:ss:ff", whatever the values.
+/// "hh:mm:ss:ff"; values are not checked.
 Timecode timeFrom(const QString& option, const QString& text);
 
-/// Codes are chosen by the names the operator reads. Blanks and the case of letters are free, and
-/// so is a unit at the end.
+/// Codes are chosen by the names that the operator reads. Blanks, case and a unit at the end do not
+/// matter.
 std::uint64_t rateCodeFrom(const QString& option, const QString& name);
 std::uint64_t syncTypeCodeFrom(const QString& option, const QString& name);
 
-/// "1,3-5": numbers as the operator counts them, in any order; the result counts from 0.
+/// "1,3-5": numbers from 1 in any order, as the operator counts; the result counts from 0.
 std::set<std::size_t> rowsFrom(const QString& option, const QString& text);
 
 } // namespace vexa

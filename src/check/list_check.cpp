@@ -17,7 +17,7 @@ using Fault = Finding::Fault;
 PackedTimecode startOf(const BatchItem& item) { return static_cast<PackedTimecode>(item.start); }
 PackedTimecode stopOf(const BatchItem& item) { return static_cast<PackedTimecode>(item.stop); }
 
-/// Rows by reel and time, doubles beside each other.
+/// Rows sorted by reel and time, so that doubles are adjacent.
 struct Place {
     std::size_t row;
     const BatchItem* item;
@@ -113,8 +113,8 @@ private:
                 checkOverlap(*place, endsLast);
     }
 
-    /// Rows come by their start: any that this one overlaps starts before it, and then that which
-    /// ends last overlaps it as well.
+    /// Rows come in order of their start, so any row that this one overlaps has started before. If
+    /// it overlaps any, it overlaps the one that ends last.
     void checkOverlap(const Place& place, const Place*& endsLast) {
         const bool isSameReel = endsLast && endsLast->item->reel == place.item->reel;
         if (isSameReel && startOf(*place.item) < stopOf(*endsLast->item))

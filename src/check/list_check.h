@@ -11,29 +11,30 @@
 
 namespace vexa {
 
-/// Something that an operator would want to know of before the list is striped.
+/// A problem to know of before the list is striped.
 struct Finding {
     enum class Fault {
         stopNotAfterStart,
         noSuchStart, ///< at the row's rate
         noSuchStop,
-        doubled,     ///< the same as `other` but for its id
-        overlaps,    ///< begins before `other`, on the same reel, has ended
-        rateChanges, ///< another rate than `other`, with which the reel begins
-        reelTooLong, ///< with this row, the reel becomes longer than the tape
+        doubled,     ///< equals `other` except for the ID
+        overlaps,    ///< begins before the end of `other`, on the same reel
+        rateChanges, ///< differs from the rate of `other`, the first row of the reel
+        reelTooLong, ///< with this row, the reel exceeds the tape
     };
 
     Fault fault;
     std::size_t row;
     BatchItemRef item;
-    BatchItemRef other = nullptr; ///< the row that this one does not go with, if it is about two
+    BatchItemRef other = nullptr; ///< the conflicting row, if there is one
 
     bool operator==(const Finding&) const = default;
 };
 
-/// What is to be said of the list, by rows. Each row is told of once per fault: of rows that it
-/// overlaps, that which ends last. Rows that are doubled, or do not stop after their start, overlap
-/// nothing. The rows of a reel need not follow each other. tapeMinutes: 0 for a tape of any length.
+/// The findings, by rows. Each row has at most one finding per fault; of several rows that it
+/// overlaps, it names the one that ends last. Doubled rows, and rows that do not stop after their
+/// start, overlap nothing. The rows of a reel need not be adjacent. tapeMinutes: 0 for a tape of
+/// any length.
 std::vector<Finding> checkList(const BatchItems& items, std::uint64_t tapeMinutes);
 
 /// "overlaps “Part one”, which ends at 01:10:00:00"
@@ -43,7 +44,7 @@ QString findingText(const Finding& finding);
 struct ReelTotal {
     std::uint64_t reel = 0;
     std::size_t rows = 0;
-    ClockTime time{}; ///< of its rows, one after another; those that never end count nothing
+    ClockTime time{}; ///< total of its rows; rows that never end do not count
 
     bool operator==(const ReelTotal&) const = default;
 };

@@ -25,7 +25,7 @@ BatchItemRef item(std::uint64_t reel, const char* start, const char* stop,
                                                  id++});
 }
 
-/// "2 overlaps “a”, which ends at 01:10:00:00", rows from 1.
+/// The findings as texts: "2 overlaps “a”, which ends at 01:10:00:00", with rows from 1.
 std::vector<std::string> check(const BatchItems& items, std::uint64_t tapeMinutes = 0) {
     std::vector<std::string> texts;
     for (const auto& finding : checkList(items, tapeMinutes)) {
@@ -98,7 +98,7 @@ TEST(ListCheck, FindsDoublesAndDoesNotCallThemOverlaps) {
                 ElementsAre("2 is in the list twice", "3 overlaps “a”, which ends at 01:10:00:00"));
 }
 
-/// A long list without a fault, into which faults are put at known rows.
+/// Seeds faults at known rows of a long list that has none.
 TEST(ListCheck, FindsExactlyTheFaultsThatWereSeeded) {
     BatchItems items;
     for (std::uint64_t row = 0; row < 20'000; ++row) {
