@@ -36,7 +36,7 @@ QStringView DelimitedReader::plainCell() {
     return {begin, m_at};
 }
 
-/// What follows the closing quote up to the delimiter is part of the cell, as spreadsheets have it.
+/// As in spreadsheets, text between the closing quote and the delimiter is part of the cell.
 QStringView DelimitedReader::quotedCell() {
     auto* const begin = ++m_at;
     auto* end = begin;
@@ -49,7 +49,7 @@ QStringView DelimitedReader::quotedCell() {
                 continue;
         } else if (isOpen && atLineBreak()) {
             const bool isPair = *m_at == u'\r' && m_at + 1 != m_end && m_at[1] == u'\n';
-            m_nextLine += isPair ? 0 : 1; // a pair counts at its second half
+            m_nextLine += isPair ? 0 : 1; // a CR LF pair counts at its LF
         }
         *end++ = *m_at++;
     }

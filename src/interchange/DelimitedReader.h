@@ -8,9 +8,9 @@
 
 namespace vexa {
 
-/// Reads delimited text row by row. A cell in double quotes may hold delimiters and line breaks,
-/// and a quote written twice. A quote that stands inside a cell without quotes is a letter. Lines
-/// end with LF, CR LF or CR. Every text can be read, in linear time.
+/// Reads delimited text row by row. A cell in double quotes may contain delimiters, line breaks and
+/// doubled quotes. A quote inside an unquoted cell is an ordinary character. Lines end with LF, CR
+/// LF or CR. Reads any text, in linear time.
 class DelimitedReader {
 public:
     using Cells = std::vector<QStringView>;
@@ -18,12 +18,12 @@ public:
 
     DelimitedReader(QString text, QChar delimiter);
 
-    /// Whether there is another row; then cells() are its, at least one.
+    /// Moves to the next row; false if there is none. A row has at least one cell.
     bool next();
-    /// The first of them; those of a row that is nothing but delimiters would fill the memory.
+    /// The row's cells, up to mostCells, as a row of only delimiters could exhaust the memory.
     /// Valid as long as the reader.
     const Cells& cells() const { return m_cells; }
-    /// Where the row begins, counted from 1.
+    /// The line on which the row begins, from 1.
     std::size_t line() const { return m_line; }
 
 private:

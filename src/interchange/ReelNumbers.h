@@ -8,14 +8,14 @@
 
 namespace vexa {
 
-/// Numbers for reels that have names: what a name ends with, if it ends with a number and no name
-/// before it has the same, else the least number from 1 on that is free.
+/// Numbers for named reels. A name that ends with a number gets that, unless an earlier name has
+/// it. Other names get the lowest free number from 1.
 class ReelNumbers {
 public:
-    /// names: in the order of their claims; a name may come again.
+    /// names: in order of precedence; names may repeat.
     explicit ReelNumbers(const std::vector<QString>& names);
 
-    /// The number of one of the names.
+    /// The number of one of the given names.
     std::uint64_t of(const QString& name) const { return m_numbers.value(name); }
 
 private:

@@ -13,7 +13,7 @@ struct Name {
     RowColumns::Field field;
 };
 
-/// As fieldNamed() leaves them: small letters only.
+/// As fieldNamed() leaves them: lower-case letters only.
 constexpr std::array names{
     Name{u"reel", RowColumns::reel},         Name{u"reelnumber", RowColumns::reel},
     Name{u"reelno", RowColumns::reel},       Name{u"tape", RowColumns::reel},

@@ -10,20 +10,20 @@
 
 namespace vexa {
 
-/// In which cells of a row the fields of an item stand.
+/// Which cells of a row hold the fields of an item.
 class RowColumns {
 public:
     enum Field : std::size_t { reel, title, start, stop, rate, type };
     static constexpr std::size_t fieldCount = 6;
 
-    /// The columns that a header names, by the names of the batch table or others in use. Nothing
-    /// for a row that is no header: one that names fewer than two.
+    /// The columns named in a header, by the batch table's names or other common ones. Returns
+    /// nothing for a row that names fewer than two columns, as it is no header.
     static std::optional<RowColumns> namedBy(const DelimitedReader::Cells& header);
-    /// As in the batch table.
+    /// The column order of the batch table.
     static RowColumns inOrder();
 
     bool has(Field field) const { return m_places[field].has_value(); }
-    /// Empty where the row has no such cell.
+    /// Empty if the row has no such cell.
     QStringView cell(const DelimitedReader::Cells& cells, Field field) const;
 
 private:

@@ -11,27 +11,27 @@
 
 namespace vexa {
 
-/// A row as it stands in a text.
+/// A row as written in a text.
 struct WrittenRow {
     std::size_t line = 0;
     std::optional<std::uint64_t> reel; ///< none: the hours of the start time
     QString title;
     WrittenTime start;
     WrittenTime stop;
-    std::optional<std::uint64_t> rate; ///< none: by how the times are written, or the assumed one
+    std::optional<std::uint64_t> rate; ///< none: from the format of the times, or the assumed rate
     std::optional<std::uint64_t> type;
-    QString refusal; ///< why it can be no row; null so far
+    QString refusal; ///< why the row is invalid; null if valid so far
 };
 
-/// Takes rows as they are read, and refuses those with times that their rate does not have.
+/// Collects rows, and refuses those with times that do not exist at their rate.
 class RowTaker {
 public:
     explicit RowTaker(const ReadingOptions& options) : m_options(options) {}
 
-    /// False once there are more rows than a list may have: then nothing of the text is taken.
+    /// False once there are more rows than a list may have; the result then has none.
     bool hasRoom() const { return m_result.fault.isNull(); }
 
-    /// lineText: called for the text of a row that is refused.
+    /// lineText: returns the text of a refused row.
     template<typename LineText>
     void take(const WrittenRow& written, LineText lineText) {
         if (auto reason = takeOrRefuse(written); !reason.isNull())

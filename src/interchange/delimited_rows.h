@@ -7,14 +7,14 @@
 
 namespace vexa {
 
-/// Reads rows that a spreadsheet wrote: cells between tabs, semicolons or commas, whichever makes
-/// more sense of the first lines. A header says which column is which; without one, they stand as
-/// in the batch table, and the rate and the sync type may be missing. Without a reel, the hours of
-/// the start time are taken. Empty rows are passed over.
+/// Reads rows written by a spreadsheet, with tabs, semicolons or commas between the cells,
+/// whichever fit the first lines best. A header assigns the columns. Without one, they are as in
+/// the batch table, and rate and sync type are optional. A row without a reel takes the hours of
+/// its start time. Skips empty rows.
 ReadRows readDelimitedRows(const QString& text, const ReadingOptions& options);
 
-/// The items as rows under a header. A title that a spreadsheet would take for a formula has an
-/// apostrophe in front, which readDelimitedRows() takes away.
+/// The items as rows below a header. A title that a spreadsheet would take for a formula gets a
+/// leading apostrophe, which readDelimitedRows() removes.
 QString delimitedText(const BatchItems& items, QChar delimiter);
 
 } // namespace vexa

@@ -19,7 +19,7 @@ bool isBlank(const Cells& cells) {
     return std::ranges::all_of(cells, [](QStringView cell) { return cell.trimmed().isEmpty(); });
 }
 
-/// How much sense the first lines make with a delimiter: the times in them, and the columns named.
+/// How well a delimiter fits the first lines: counts the times and headers found.
 int senseOf(const QString& text, QChar delimiter) {
     constexpr int sampledRows = 20;
     constexpr qsizetype sampledLetters = 20'000;
@@ -39,7 +39,7 @@ QChar delimiterOf(const QString& text) {
                                      [&](QChar delimiter) { return senseOf(text, delimiter); });
 }
 
-/// What the cells hold, as far as one would read it.
+/// The text of the cells for a message, of limited length.
 QString lineOf(const Cells& cells) {
     constexpr qsizetype longest = 200;
     QString line;
@@ -55,7 +55,7 @@ QString lineOf(const Cells& cells) {
     return line;
 }
 
-/// Makes a row of the cells, or says why not.
+/// Makes a row from the cells, or says why it cannot.
 class DelimitedRow {
 public:
     DelimitedRow(const Cells& cells, const RowColumns& columns, std::size_t line)
@@ -109,7 +109,7 @@ private:
     WrittenRow m_written;
 };
 
-/// A line that some spreadsheets write first: "sep=;".
+/// Removes a line that some spreadsheets write first, "sep=;", and returns its delimiter.
 QChar takeNamedDelimiter(QString& text) {
     constexpr qsizetype letters = 5;
     const auto line = QStringView(text).left(letters + 1).trimmed();

@@ -12,9 +12,9 @@ namespace vexa {
 
 namespace {
 
-constexpr qsizetype longestLine = 4096; // what follows is no edit list's
+constexpr qsizetype longestLine = 4096; // no edit list has longer lines
 
-/// The text's lines without blanks around them, one after another.
+/// The lines of the text in order, without surrounding blanks.
 class Lines {
 public:
     explicit Lines(QStringView text) : m_rest(text) {}
@@ -41,7 +41,7 @@ private:
     std::size_t m_number = 0;
 };
 
-/// What follows a keyword, if the line begins with that.
+/// The text after a keyword, if the line begins with the keyword.
 std::optional<QStringView> after(QLatin1String keyword, QStringView line) {
     if (!line.startsWith(keyword, Qt::CaseInsensitive))
         return {};
@@ -62,12 +62,12 @@ bool isEdit(QStringView line) {
            std::ranges::all_of(number, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-/// An edit with the notes below it.
+/// An edit with its notes on the following lines.
 struct Edit {
     WrittenRow row;
     QString reel;
     QString line;
-    QString comesFrom; ///< names of clips
+    QString comesFrom; ///< clip names
     QString goesTo;
 };
 
@@ -99,7 +99,8 @@ private:
             m_edits.back().goesTo = to->toString();
     }
 
-    /// number, reel, channels, transition and perhaps its length; source and record times.
+    /// An edit has a number, reel, channels, a transition with an optional length, and its source
+    /// and record times.
     void readEdit(QStringView line) {
         constexpr qsizetype longestQuote = 200;
         auto& edit = m_edits.emplace_back();

@@ -18,7 +18,7 @@ bool isDigit(QChar letter) { return letter >= u'0' && letter <= u'9'; }
 
 std::optional<WrittenTime> timeFromDigits(QStringView digits) {
     constexpr qsizetype mostDigits = 8;
-    // A spreadsheet that takes the time for a number drops its first zero.
+    // A spreadsheet that takes the time for a number drops the leading zero.
     if (digits.size() < mostDigits - 1 || digits.size() > mostDigits ||
         !std::ranges::all_of(digits, isDigit))
         return {};
@@ -28,7 +28,7 @@ std::optional<WrittenTime> timeFromDigits(QStringView digits) {
     return WrittenTime{{number / 1000000, number / 10000 % 100, number / 100 % 100, number % 100}};
 }
 
-/// The next field of a time, which is taken off the text; nothing where there is none.
+/// Removes the next field of a time from the text and returns it; nothing if there is none.
 std::optional<std::uint64_t> takeField(QStringView& text) {
     qsizetype length = 0;
     std::uint64_t value = 0;
@@ -38,7 +38,7 @@ std::optional<std::uint64_t> takeField(QStringView& text) {
     return length == 1 || length == 2 ? std::optional(value) : std::nullopt;
 }
 
-/// How people write the counting after a rate's number, and whether it is drop-frame.
+/// Recognizes the counting mode after a rate's number: whether it is drop-frame.
 std::optional<bool> dropFrameNamed(QStringView suffix) {
     constexpr std::array drop{u"df", u"d", u"drop", u"dropframe"};
     constexpr std::array noDrop{u"ndf", u"nd", u"nondrop", u"nondropframe"};
@@ -50,7 +50,7 @@ std::optional<bool> dropFrameNamed(QStringView suffix) {
     return isIn(noDrop) ? std::optional(false) : std::nullopt;
 }
 
-/// The text's small letters and digits, a comma as a point, nothing else.
+/// Keeps only lower-case letters and digits, and a comma as a point.
 QString plainRate(QStringView text) {
     QString plain;
     for (const auto letter : text)

@@ -6,7 +6,7 @@ namespace vexa {
 
 namespace {
 
-/// Whether a formula stands there, perhaps behind apostrophes.
+/// Whether the text is a formula, optionally behind apostrophes.
 bool looksLikeFormula(QStringView text) {
     const auto* const first =
         std::ranges::find_if(text, [](QChar letter) { return letter != u'\''; });

@@ -6,8 +6,8 @@
 namespace vexa {
 
 /// A spreadsheet computes a cell that begins with '=', '+', '-', '@' or a tab, and a formula can
-/// call programs. With an apostrophe in front it is text. Texts that look guarded already get
-/// another one, so that taking it away gives back what there was.
+/// start programs. A leading apostrophe makes the cell text. Texts that already look guarded get
+/// another apostrophe, so removing one restores the original.
 QString withFormulaGuard(const QString& text);
 QString withoutFormulaGuard(QStringView text);
 

@@ -12,8 +12,8 @@ namespace vexa {
 
 namespace {
 
-/// Windows-1252 from 0x80 to 0x9F; its other characters are those of Latin-1. The five codes
-/// without a character stay control characters.
+/// Windows-1252 from 0x80 to 0x9F; its other characters equal Latin-1. The five unassigned codes
+/// stay control characters.
 constexpr std::array<char16_t, 0x20> windows1252{
     u'\u20AC', 0x81,      u'\u201A', u'\u0192', u'\u201E', u'\u2026', u'\u2020', u'\u2021',
     u'\u02C6', u'\u2030', u'\u0160', u'\u2039', u'\u0152', 0x8D,      u'\u017D', 0x8F,
@@ -29,7 +29,7 @@ QString textOfWindows1252(const QByteArray& bytes) {
     return text;
 }
 
-/// UTF-16 without a mark: in text of Latin letters, one byte of each pair is zero.
+/// Detects UTF-16 without a mark: in Latin text, one byte of each pair is zero.
 std::optional<QStringConverter::Encoding> encodingByZeros(const QByteArray& bytes) {
     constexpr qsizetype sample = 1024;
     std::array<qsizetype, 2> zeros{};
@@ -47,7 +47,7 @@ std::optional<QStringConverter::Encoding> encodingByZeros(const QByteArray& byte
 QString decodedText(const QByteArray& bytes) {
     const auto marked = QStringConverter::encodingForData(bytes);
     const auto encoding = marked ? marked : encodingByZeros(bytes);
-    // Stateless, or else the first bytes of a character that is cut off would be no error.
+    // Stateless, so that a truncated character counts as an error.
     QStringDecoder decoder(encoding.value_or(QStringConverter::Utf8),
                            QStringDecoder::Flag::Stateless);
     QString text = decoder(bytes);

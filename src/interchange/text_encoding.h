@@ -5,9 +5,9 @@
 
 namespace vexa {
 
-/// The text of a file that says nothing of its encoding, or says it by a byte order mark: UTF-16
-/// where there is a mark or every other byte is mostly zero, UTF-8 where the bytes can be that, and
-/// else windows-1252. The mark is not part of the text. Every file has some text.
+/// The text of a file, whose encoding may be stated by a byte-order mark. It is UTF-16 if there is
+/// such a mark or every other byte is mostly zero, UTF-8 if the bytes are valid, and otherwise
+/// windows-1252. The text excludes the mark. Every file has a text.
 QString decodedText(const QByteArray& bytes);
 
 } // namespace vexa

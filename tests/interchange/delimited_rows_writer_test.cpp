@@ -37,7 +37,7 @@ TEST(DelimitedText, WritesFormulasAsText) {
     EXPECT_TRUE(delimitedText({item(1, u"=1+1"_s)}, u',').contains(u",'=1+1,"_s));
 }
 
-/// What is read back is what was written.
+/// Expects the rows to read back as written.
 void expectBack(const BatchItems& items, QChar delimiter) {
     const auto read = readDelimitedRows(delimitedText(items, delimiter), {});
     EXPECT_TRUE(read.refused.empty());

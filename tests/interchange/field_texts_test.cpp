@@ -12,7 +12,7 @@ namespace {
 
 struct TimeCase {
     const char16_t* text;
-    const char* time; ///< null: none
+    const char* time; ///< null if none
     bool isDropFrame = false;
 };
 

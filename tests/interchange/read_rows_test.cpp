@@ -36,7 +36,7 @@ TEST_F(TextFile, IsReadInItsEncoding) {
 TEST_F(TextFile, ThatIsTooLongIsRefusedWithoutReadingIt) {
     QFile file(m_directory.filePath(u"rows.csv"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_TRUE(file.resize(1 << 30)); // takes no room on the disk
+    ASSERT_TRUE(file.resize(1 << 30)); // uses no disk space
     EXPECT_EQ(readTextFile(file.fileName()).fault, u"it is longer than 64 MiB"_s);
 }
 

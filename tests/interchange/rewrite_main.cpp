@@ -11,9 +11,9 @@
 
 using namespace vexa;
 
-/// Reads rows on standard input and writes them on standard output as comma-separated text. The
-/// length of each reel goes to standard error: its number, a count of units, and how many of them
-/// make a second. Exits with 1 when a line is refused.
+/// Reads rows from standard input and writes them to standard output as comma-separated text. For
+/// each reel, writes its number, its length in units and the units per second to standard error.
+/// Exits with 1 if a line is refused.
 int main() {
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
