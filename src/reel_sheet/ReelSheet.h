@@ -10,19 +10,19 @@
 
 namespace vexa {
 
-/// What goes on paper for the operator of the tape machine: a copy of the list, which stays as it
-/// is while pages are made of it, on any thread.
+/// The list on paper, for the operator of the tape machine. It is a copy that does not change, so
+/// any thread can make pages of it.
 struct ReelSheet {
     struct Row {
         BatchItem item;
-        QDateTime striped; ///< when a run brought it to its end; null when none did
+        QDateTime striped; ///< when a run finished it; null if none has
     };
 
     QString listName;
     QDateTime made;
-    std::vector<Row> rows; ///< by reel, those of a reel in the order of the list
+    std::vector<Row> rows; ///< by reel, and in list order within a reel
 
-    /// stripedAt: null for an item that was not striped.
+    /// stripedAt: returns null for an item that was not striped.
     static ReelSheet of(const BatchItems& items, const QString& listName, const QDateTime& made,
                         const std::function<QDateTime(const BatchItemRef&)>& stripedAt);
 };

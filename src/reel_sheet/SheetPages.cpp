@@ -35,10 +35,10 @@ QString timeText(std::uint64_t packed) {
 
 QString lengthText(ClockTime time) { return latin1(durationText(time)); }
 
-/// Nothing where the item would never end.
+/// Zero if the item would never end.
 ClockTime lengthOf(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
 
-/// A box to tick, its middle at this height.
+/// A tick box, centred at this height.
 void paintBox(QPainter& painter, qreal left, qreal middle) {
     painter.drawRect(QRectF(left, middle - boxSize / 2, boxSize, boxSize));
 }

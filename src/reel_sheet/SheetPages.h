@@ -13,15 +13,15 @@ class QPainter;
 
 namespace vexa {
 
-/// A reel sheet divided into pages: one or more for each reel, and one for an empty list. Lengths
-/// are in points. Any thread, and wherever there are fonts.
+/// Divides a reel sheet into pages: at least one per reel, and one for an empty list. Lengths are
+/// in points. Works on any thread, if fonts are available.
 class SheetPages {
 public:
-    /// The sheet must outlive this. pageSize: what can be printed on.
+    /// The sheet must outlive this. pageSize: the printable area.
     SheetPages(const ReelSheet& sheet, QSizeF pageSize);
 
     std::size_t count() const { return m_pages.size(); }
-    /// page: from 0. The painter's origin is the corner of the page, its unit a point.
+    /// page: from 0. The painter's origin must be the page's corner, and its unit a point.
     void paint(QPainter& painter, std::size_t page) const;
 
 private:
@@ -29,7 +29,7 @@ private:
 
     struct Page {
         Rows reel; ///< all rows of the reel
-        Rows rows; ///< those on the page
+        Rows rows; ///< the rows on the page
         ClockTime reelTime{};
     };
 

@@ -8,13 +8,13 @@
 
 namespace vexa {
 
-/// The columns of a reel sheet, from the left. The title takes the width that the others leave.
+/// The columns of a reel sheet, from the left. The title takes the remaining width.
 enum class SheetColumn : std::size_t { box, title, start, stop, length, rate, sync, striped };
 
 struct SheetColumns {
     struct Column {
         const char* title;
-        qreal width; ///< in points; 0: the rest
+        qreal width; ///< in points; 0: the remaining width
     };
     static constexpr std::array<Column, 8> all{Column{"Done", 30}, {"Title", 0},   {"Start", 62},
                                                {"Stop", 62},       {"Length", 46}, {"Rate", 38},
@@ -22,7 +22,7 @@ struct SheetColumns {
 
     qreal pageWidth;
 
-    /// Where a cell of this height stands.
+    /// The rectangle of a cell with this height.
     QRectF cell(SheetColumn column, qreal top, qreal height) const {
         qreal fixed = 0;
         for (const auto& each : all)

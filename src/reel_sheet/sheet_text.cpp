@@ -12,7 +12,7 @@ namespace {
 
 constexpr qsizetype mostLetters = 300;
 
-/// Without line breaks and the like, and no longer than anybody would read.
+/// The text without line breaks and other control characters, limited to a readable length.
 QString printed(const QString& text) {
     auto line = text.size() > mostLetters ? text.left(mostLetters) + QChar(u'…') : text;
     std::ranges::replace_if(

@@ -12,16 +12,16 @@ namespace vexa {
 
 inline constexpr int sheetTextSize = 8;
 
-/// The same on paper as on any screen.
+/// Looks the same on paper and on any screen.
 QFont sheetFont(int size, QFont::Weight weight = QFont::Normal);
 
 qreal sheetLineHeight();
 
-/// In lines of this width. Of a text beyond 300 letters, the rest is cut off.
+/// Wraps at this width. Text after the first 300 letters is cut off.
 qreal sheetTextHeight(const QString& text, qreal width);
 void paintSheetText(QPainter& painter, QPointF corner, const QString& text, qreal width);
 
-/// In one line.
+/// Fits the text into one line.
 QString elidedSheetText(const QString& text, qreal width);
 
 } // namespace vexa

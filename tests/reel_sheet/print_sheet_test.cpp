@@ -32,7 +32,7 @@ ReelSheet sheetOf(const BatchItems& items) {
 
 class PrintedSheet : public testing::Test {
 protected:
-    /// The text of each page as poppler's pdftotext sees it, blanks in a row as one.
+    /// The text of each page according to poppler's pdftotext, with runs of blanks as one.
     QStringList pages(const ReelSheet& sheet, QPageSize::PageSizeId paper = QPageSize::A4) const {
         EXPECT_TRUE(writeSheetPdf(sheet, m_path, QPageSize(paper), goOn));
         auto pages = output(u"pdftotext"_s, {u"-layout"_s, m_path, u"-"_s}).split(u'\f');
