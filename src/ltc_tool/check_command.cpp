@@ -35,7 +35,7 @@ TapeContents readRecording(const QString& file, const CommandLine& line) {
     return contents;
 }
 
-/// The list stands first, and is known by what it is.
+/// Whether the first file is a list, judged by its content.
 bool beginsWithList(const CommandLine& line) {
     return !line.files.isEmpty() && !readListFile(line.files.constFirst()).empty();
 }

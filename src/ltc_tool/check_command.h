@@ -4,7 +4,7 @@
 
 namespace vexa::ltc_tool {
 
-/// Checks what the command line asks for, prints what was found, and returns the exit code.
+/// Runs the check from the command line, prints the findings, and returns the exit code.
 int runCheck(const CommandLine& line);
 
 } // namespace vexa::ltc_tool

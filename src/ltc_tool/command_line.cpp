@@ -15,10 +15,10 @@ using Action = CommandLine::Action;
 
 enum Commands { render = 1, check = 2, both = 3 };
 
-/// A row of the table that is read and shown.
+/// An option in the table, which the reader and the help share.
 struct Option {
     QString name;
-    QString value; ///< what the help calls it; null for an option without one
+    QString value; ///< its name in the help; null if the option has none
     QString help;
     Commands commands;
     std::function<void(CommandLine&, const QString& name, const QString& value)> take;
@@ -121,7 +121,7 @@ Action actionFrom(const QString& word) {
     throw Refusal{QStringLiteral("the first argument is render or check, not \"%1\"").arg(word)};
 }
 
-/// Takes an option, and its value, off the front of the arguments.
+/// Removes an option and its value from the front of the arguments.
 void takeOption(CommandLine& line, QStringList& arguments) {
     const auto argument = arguments.takeFirst();
     const auto name = argument.section(QLatin1Char('='), 0, 0);

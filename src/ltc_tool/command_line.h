@@ -12,32 +12,32 @@
 
 namespace vexa::ltc_tool {
 
-/// What the user asked for.
+/// The user's command.
 struct CommandLine {
     enum class Action { Render, Check, Help, Version };
 
     Action action = Action::Help;
-    QStringList files;          ///< those that are no option's value
-    std::set<std::size_t> rows; ///< of the list, counted from 0; empty for all
+    QStringList files;          ///< arguments that are no option's value
+    std::set<std::size_t> rows; ///< of the list, from 0; empty for all
 
     // render
     QString folder;
     bool filePerReel = false;
-    std::optional<Timecode> start; ///< of a single stripe; files has the one to write then
+    std::optional<Timecode> start; ///< of a single stripe; files then has the file to write
     std::optional<Timecode> stop;
     std::uint64_t rate = rate::fps30;
-    std::optional<double> pause; ///< between rows, in seconds; without it, that of the preferences
+    std::optional<double> pause; ///< between rows, in seconds; none: the preferences' pause
     RenderOptions options;
 
     // check
     bool jack = false;
-    QString port; ///< of JACK, to connect to; null when none
+    QString port; ///< JACK port to connect to; null if none
     bool csv = false;
-    std::optional<int> channel;   ///< counted from 1
+    std::optional<int> channel;   ///< from 0
     double speedTolerance = 0.05; ///< percent
 };
 
-/// The arguments that follow the program's name. Throws a Refusal.
+/// Reads the arguments after the program's name. Throws a Refusal.
 CommandLine readCommandLine(const QStringList& arguments);
 
 /// The text for --help.

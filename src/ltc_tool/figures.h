@@ -7,13 +7,13 @@
 
 namespace vexa::ltc_tool {
 
-/// "1:02:03.456", a place in a recording.
+/// A place in a recording: "1:02:03.456".
 std::string placeText(double sample, std::uint32_t sampleRate);
 
-/// "-18.0", in dBFS, of a peak that is 1 at full scale.
+/// A peak in dBFS, where 1 is full scale: "-18.0".
 std::string levelText(double peak);
 
-/// "+0.012", in percent, of a speed that is 0 where it is right.
+/// A speed deviation in percent, 0 being correct: "+0.012".
 std::string percentText(double speed);
 
 /// "00000012", group 8 first.

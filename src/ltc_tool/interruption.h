@@ -2,14 +2,14 @@
 
 namespace vexa::ltc_tool {
 
-/// From now on signals that ask the program to end only take note of that, and a reader of the
-/// output that has gone away is no reason to end.
+/// From now on, signals that ask the program to end only set a flag. A closed reader of the output
+/// no longer ends the program.
 void noteInterruptions();
 
-/// Whether there was one.
+/// Whether such a signal has arrived.
 bool wasInterrupted();
 
-/// Thrown by what is broken off for it.
+/// Thrown to cancel work after such a signal.
 struct Interrupted {};
 
 } // namespace vexa::ltc_tool

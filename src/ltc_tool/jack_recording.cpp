@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// An input whose samples go from JACK's thread to ours. Neither waits for the other.
+/// An input that passes samples from JACK's thread to ours. Neither waits for the other.
 class JackInput {
 public:
     JackInput() {
@@ -53,7 +53,7 @@ public:
             throw TapeError("there is no sound output \"" + source + "\" on the JACK server");
     }
 
-    /// What has arrived, as far as there is room.
+    /// The samples that have arrived, as far as they fit.
     std::span<const float> read(std::span<float> room) {
         const auto bytes = jack_ringbuffer_read(
             m_samples.get(), reinterpret_cast<char*>(room.data()), room.size_bytes());

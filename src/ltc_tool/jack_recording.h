@@ -6,9 +6,9 @@
 
 namespace vexa::ltc_tool {
 
-/// Listens at an input of its own on the JACK server that runs, until interrupted or until the
-/// server goes away, and shows the time that it reads. `source`: a port to connect to it; none when
-/// empty. Throws TapeError where no server runs, or where there is no such port.
+/// Listens at its own input on the running JACK server, and shows the timecode it reads, until
+/// interrupted or until the server goes away. `source`: a port to connect to the input; empty for
+/// none. Throws TapeError if no server runs or there is no such port.
 TapeContents listenToJack(const std::string& source);
 
 } // namespace vexa::ltc_tool

@@ -12,11 +12,12 @@ inline constexpr int misuse = 2;
 inline constexpr int interrupted = 130;
 } // namespace status
 
-/// A line on standard error, with the program's name in front. The message may hold text of
-/// strangers.
+/// Prints a line on standard error, after the program's name. The message may contain text from
+/// outside.
 void complain(const std::string& message);
 
-/// A line that is overwritten, where standard error is a terminal; an empty one wipes it.
+/// Shows a line that the next one overwrites, if standard error is a terminal. An empty line clears
+/// it.
 void showProgress(const std::string& line);
 
 } // namespace vexa::ltc_tool

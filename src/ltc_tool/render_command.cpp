@@ -17,13 +17,13 @@ namespace vexa::ltc_tool {
 
 namespace {
 
-/// What the program as a whole makes of the files, one after another.
+/// Renders files one after another, and tracks the overall result.
 class Renderer {
 public:
     Renderer(std::filesystem::path folder, const RenderOptions& options, std::size_t files)
         : m_folder(std::move(folder)), m_options(options), m_files(files) {}
 
-    /// False when it could not be written.
+    /// Returns false if the file could not be written.
     bool file(const TapeFile& file) {
         ++m_number;
         try {
@@ -57,14 +57,14 @@ private:
 
 std::filesystem::path pathOf(const QString& name) { return QFile::encodeName(name).toStdString(); }
 
-/// What the window waits between rows. The preferences may hold any number.
+/// The window's pause between rows. The preferences may contain any number.
 double preferredPause() {
     constexpr double standard = 5;
     constexpr double longest = 3600;
     return std::clamp(defaults::read().delayInSeconds.value_or(standard), 0.0, longest);
 }
 
-/// The rows that have timecode; the others are named.
+/// The rows that have timecode; reports the others.
 std::vector<TapeRow> withSignal(std::vector<TapeRow> rows) {
     std::erase_if(rows, [](const TapeRow& row) {
         const auto fault = obstacle(row);

@@ -4,8 +4,8 @@
 
 namespace vexa::ltc_tool {
 
-/// Renders what the command line asks for, and returns the exit code. What cannot be rendered is
-/// named, and the rest is done.
+/// Renders as the command line asks, and returns the exit code. Reports what cannot be rendered,
+/// and renders the rest.
 int runRender(const CommandLine& line);
 
 } // namespace vexa::ltc_tool

@@ -13,10 +13,10 @@ namespace {
 using Cells = std::vector<std::string>;
 using Rows = std::vector<Cells>;
 
-/// More of one row's faults than anybody reads.
+/// More faults of one row than anybody reads.
 constexpr std::size_t mostFaultsShown = 20;
 
-/// With the recording's name where there are several.
+/// Adds the recording's name if there are several.
 std::string placeOf(const Findings& findings, std::size_t recording, double sample) {
     const auto& tape = findings.tapes[recording];
     const auto place = placeText(sample, tape.sampleRate);

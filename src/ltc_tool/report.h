@@ -8,26 +8,26 @@
 
 namespace vexa::ltc_tool {
 
-/// What a check has found.
+/// The results of a check.
 struct Findings {
     std::vector<TapeContents> tapes;
-    std::vector<TapeRow> rows;        ///< of the list; none without one
+    std::vector<TapeRow> rows;        ///< of the list; empty without one
     TapeVerdict verdict;              ///< on these
-    std::vector<TapeFault> faults;    ///< of the timecode by itself, where there is no list
-    std::vector<std::string> skipped; ///< rows that nothing can be said of, and why
+    std::vector<TapeFault> faults;    ///< of the timecode itself, without a list
+    std::vector<std::string> skipped; ///< rows that cannot be checked, and why
 };
 
-/// Whether there is timecode, and nothing to complain of.
+/// Whether there is timecode without faults.
 bool isGood(const Findings& findings);
 
 /// "whole", "FAULTS" or "MISSING".
 std::string verdictWord(const RowVerdict& row);
 
-/// To read: tables, and a line at the end that sums up.
+/// For reading: tables, and a summary line at the end.
 std::string reportText(const Findings& findings);
 
-/// To keep: comma-separated values, one record a line, the names of the fields in the first. What
-/// a record tells is its first field: "stretch", "fault", "row" or "unlisted".
+/// For keeping: comma-separated values, one record per line, with the field names in the first
+/// line. The first field of a record is its kind: "stretch", "fault", "row" or "unlisted".
 std::string reportCsv(const Findings& findings);
 
 } // namespace vexa::ltc_tool

@@ -6,7 +6,7 @@ namespace vexa::ltc_tool {
 
 namespace {
 
-/// A record, whose fields are in the order of the heading.
+/// A record, with its fields in the heading's order.
 struct Record {
     std::string kind{};
     std::string recording{};

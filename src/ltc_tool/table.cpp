@@ -8,7 +8,7 @@ namespace vexa::ltc_tool {
 
 namespace {
 
-/// How many characters, which is how wide it is in most scripts.
+/// The number of characters, which is the width in most scripts.
 std::size_t width(const std::string& utf8) {
     return static_cast<std::size_t>(std::ranges::count_if(
         utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
