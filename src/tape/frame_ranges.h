@@ -7,7 +7,7 @@
 
 namespace vexa {
 
-/// A range of frame numbers, without its end.
+/// A range of frame numbers; the end is exclusive.
 struct FrameRange {
     std::uint64_t begin = 0;
     std::uint64_t end = 0;
@@ -36,7 +36,7 @@ public:
         m_ends[range.begin] = range.end;
     }
 
-    /// How many frames of the range are in the set.
+    /// The number of frames in both the range and the set.
     std::uint64_t count(const FrameRange& range) const {
         std::uint64_t frames = 0;
         auto next = m_ends.upper_bound(range.begin);
@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    std::map<std::uint64_t, std::uint64_t> m_ends; ///< by the beginnings
+    std::map<std::uint64_t, std::uint64_t> m_ends; ///< ends by beginnings
 };
 
 } // namespace vexa

@@ -8,8 +8,8 @@
 
 namespace vexa {
 
-/// A sound file that is read from its beginning to its end: WAV, FLAC, AIFF, or whatever else
-/// libsndfile reads. Throws TapeError where there is none.
+/// A sound file, read from beginning to end: WAV, FLAC, AIFF, or another format of libsndfile.
+/// Throws TapeError if it cannot be opened.
 class Recording {
 public:
     explicit Recording(const std::filesystem::path& path);
@@ -20,14 +20,14 @@ public:
     std::uint32_t sampleRate() const;
     std::size_t channels() const;
 
-    /// How many samples of each channel the file says it has.
+    /// The number of samples per channel, as stated in the file.
     std::uint64_t length() const;
 
-    /// The next samples, those of all channels in turn: as many as have room. Fewer than one of
-    /// each channel, none, at the end.
+    /// Reads the next samples, interleaved by channel, as many as fit. Fewer than one per channel,
+    /// so none, at the end.
     std::span<const float> read(std::span<float> room);
 
-    /// Why the reading ended before the end of the file; empty where it did not.
+    /// Why reading stopped before the end of the file; empty if it did not.
     std::string fault() const;
 
 private:

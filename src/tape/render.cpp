@@ -11,10 +11,10 @@ namespace vexa {
 
 namespace {
 
-/// In seconds. A decoder that hears the next row sooner may miss its first word.
+/// In seconds. After a shorter pause, a decoder may miss the next row's first word.
 constexpr double shortestPause = 0.05;
 
-/// The sample at which so many frames have passed, rounded up as the signal does it.
+/// The first sample after that many frames, rounded up as in the signal.
 std::uint64_t samplesOf(std::uint64_t frames, const FrameRate& rate, std::uint32_t sampleRate) {
     return (frames * sampleRate * rate.seconds + rate.frames - 1) / rate.frames;
 }
@@ -23,7 +23,7 @@ std::uint64_t samplesOf(const TapeRow& row, std::uint32_t sampleRate) {
     return samplesOf(frameCount(row), *row.rate, sampleRate);
 }
 
-/// The rows of a file on their way from the signal to the disk.
+/// Writes the rows of a file from the signal to the disk.
 class Rendering {
 public:
     Rendering(const RenderOptions& options, std::uint64_t pause, WaveFile& wave,
@@ -43,7 +43,7 @@ public:
         else
             write(leadIn);
         write(samplesOf(row, m_sampleRate));
-        // A bit at 24 frames and the edge after it take 0.6 ms of that.
+        // This includes 0.6 ms for a bit at 24 frames and the edge after it.
         write(isLast ? m_sampleRate / 1000 : m_pause - leadIn);
     }
 
@@ -79,7 +79,7 @@ std::string description(const TapeFile& file) {
            std::string(row.rate->name) + (row.title.empty() ? "" : ", " + row.title);
 }
 
-/// To the nearest sample.
+/// Rounded to the nearest sample.
 std::uint64_t sinceMidnight(const TapeRow& row, std::uint32_t sampleRate) {
     const auto twice =
         2 * frameNumber(row.start, *row.rate) * sampleRate * row.rate->seconds / row.rate->frames;

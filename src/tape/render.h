@@ -17,12 +17,12 @@ struct RenderOptions {
     Existing existing = Existing::Keep;
 };
 
-/// Told now and then which part of a file is done, from 0 to 1. What it throws breaks the file off,
-/// and leaves nothing of it.
+/// Called now and then with the finished part of a file, from 0 to 1. If it throws, the file is
+/// abandoned and nothing of it remains.
 using RenderProgress = std::function<void(double)>;
 
-/// Renders a file into a folder. Its first sample is the first transition of the first word; after
-/// the last word comes one more transition, and a bit later silence. A pause is counted from the
+/// Renders a file into a folder. Its first sample is the first transition of the first word. The
+/// last word is followed by one more transition and, a bit later, silence. A pause lasts from the
 /// end of a row's last word to the next row's first. Throws TapeError.
 void render(const TapeFile& file, const std::filesystem::path& folder, const RenderOptions& options,
             const RenderProgress& progress);

@@ -11,16 +11,16 @@ namespace vexa {
 namespace {
 constexpr std::uint32_t cellsASecond = 1500;
 
-/// Signals below this are not brought up to the full height: they are a tape's noise.
+/// Weaker signals are a tape's noise and are not raised to full height.
 constexpr float quietest = 0.0005F; // -66 dBFS
 
-/// Samples beyond are no sound, in a file of floats.
+/// In a file of floats, larger samples are no sound.
 constexpr float loudest = 100;
 
-/// Of the 127 steps to either side; leaves room for what the noise puts on top.
+/// Of the 127 steps in each direction; the rest is headroom for noise.
 constexpr float height = 100;
 
-/// Halves at a time, which a processor does for several values at once.
+/// Combines two halves at a time, so the processor handles several values at once.
 template<std::size_t size, typename Combine>
 float folded(std::array<float, size> values, Combine combine) {
     for (auto half = size / 2; half > 0; half /= 2)
@@ -82,7 +82,7 @@ SignalShaper::Cell SignalShaper::measure(std::span<const float> samples) {
 }
 
 bool SignalShaper::isReasonable(const Cell& cell) {
-    // No comparison holds for a sum with something in it that is not a number.
+    // A sum that includes NaN fails every comparison.
     return cell.lowest >= -loudest && cell.highest <= loudest && std::abs(cell.sum) < FLT_MAX;
 }
 
@@ -93,7 +93,7 @@ void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> sh
             sample = std::abs(sample) <= loudest ? sample : 0;
         cell = measure(filled);
     }
-    if (m_seen == 0) { // the others are as if they were like it, but for the sum
+    if (m_seen == 0) { // the other cells count as equal, except for their sums
         m_lowest.fill(cell.lowest);
         m_highest.fill(cell.highest);
     }

@@ -8,32 +8,32 @@
 
 namespace vexa {
 
-/// Makes of a recorded channel what a decoder reads best: the samples in 8 bits, levelled, without
-/// direct current and hum. What comes out lags behind what goes in.
+/// Prepares a recorded channel for a decoder: 8-bit samples, levelled, without DC and hum. The
+/// output lags behind the input.
 ///
-/// It works in cells of two thirds of a millisecond, and looks at those around: over a few bits
-/// timecode has no direct current, so that their mean is what does not belong to it.
+/// Works in cells of two thirds of a millisecond and considers the surrounding ones. Over a few
+/// bits timecode has no DC, so their mean is not part of the signal.
 class SignalShaper {
 public:
     explicit SignalShaper(std::uint32_t sampleRate);
 
-    /// Takes samples, of which the first and every `stride`th after it are the channel's, and gives
-    /// what is ready, valid until the next call. Samples that are no numbers count as 0.
+    /// Takes samples; the first and every `stride`th after it belong to the channel. Returns the
+    /// samples that are ready, valid until the next call. Invalid numbers count as 0.
     std::span<const std::uint8_t> shape(std::span<const float> samples, std::size_t stride);
 
-    /// How many samples what comes out lags behind: the first of them are silence.
+    /// The output's lag in samples; it starts with that much silence.
     std::size_t lag() const { return m_cellSize * (lanes - 1 - middle); }
 
-    /// What was taken for direct current at last.
+    /// The last level that was removed as DC.
     float mean() const { return m_mean; }
 
-    /// Half the way from the lowest to the highest sample, in the middle of what came out last.
+    /// Half the range from the lowest to the highest sample, in the middle of the last output.
     float peak() const { return m_peak; }
 
 private:
-    /// How many cells are looked at, and how many samples of a cell are added up at once.
+    /// The number of cells considered, and of a cell's samples added at once.
     static constexpr std::size_t lanes = 8;
-    static constexpr std::size_t middle = lanes / 2; ///< of the cells, the oldest being 0
+    static constexpr std::size_t middle = lanes / 2; ///< index of a cell; the oldest is 0
     using Lanes = std::array<float, lanes>;
 
     struct Cell {
@@ -47,13 +47,13 @@ private:
     void closeCell(std::span<float> filled, std::span<std::uint8_t> shaped);
 
     std::size_t m_cellSize;
-    std::vector<float> m_samples; ///< of the cells around, a ring
+    std::vector<float> m_samples; ///< of the considered cells, as a ring
     Lanes m_sums{};               ///< of each of these cells
     Lanes m_lowest{};
     Lanes m_highest{};
-    std::size_t m_cell = 0;   ///< of the ring, being filled
-    std::size_t m_filled = 0; ///< samples of that
-    std::size_t m_seen = 0;   ///< cells of the ring that hold something
+    std::size_t m_cell = 0;   ///< cell of the ring being filled
+    std::size_t m_filled = 0; ///< samples in that cell
+    std::size_t m_seen = 0;   ///< cells of the ring with content
     float m_mean = 0;
     float m_peak = 0;
     std::vector<std::uint8_t> m_shaped;

@@ -10,15 +10,15 @@ namespace vexa {
 
 namespace {
 
-/// After so long without a word, what comes next is another stretch.
+/// After this time without a word, the next word starts another stretch.
 constexpr double longestHole = 1; // seconds
 
-/// Words are this much off their time at most, in frames.
+/// The maximum deviation of a word from its time, in frames.
 constexpr double tolerance = 0.5;
 
 double length(const TapeWord& word) { return word.end - word.begin; }
 
-/// From one number to another, forwards, perhaps over midnight.
+/// The forward distance between two numbers, possibly over midnight.
 std::uint64_t distance(const Timecode& from, const Timecode& to, const FrameRate& rate) {
     const auto day = framesADay(rate);
     return (frameNumber(to, rate) + day - frameNumber(from, rate)) % day;
@@ -47,7 +47,7 @@ StretchFinder::Step StretchFinder::step(const TapeWord& from, Rates rates,
         if (frames == 0 || std::abs(elapsed - static_cast<double>(frames)) >= tolerance)
             continue;
         step.rates.set(rate.code);
-        step.frames = frames; // that fit the time are the same at all rates
+        step.frames = frames; // frames that fit the time are equal at all rates
     }
     return step;
 }

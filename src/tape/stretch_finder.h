@@ -10,8 +10,8 @@
 
 namespace vexa {
 
-/// Puts words together to stretches. Two words that follow each other make one; a word that follows
-/// none, and that none follows, is taken for noise.
+/// Joins words to stretches. Two consecutive words make a stretch. A word without a predecessor or
+/// successor counts as noise.
 class StretchFinder {
 public:
     using OnStretch = std::function<void(Stretch)>;
@@ -21,19 +21,20 @@ public:
 
     void take(const TapeWord& word);
 
-    /// All words before this sample have been taken: a stretch that ended long before it is over.
+    /// All words before this sample have been taken, so a stretch that ended long before it is
+    /// over.
     void reached(double sample);
 
-    /// There are no more words.
+    /// No more words follow.
     void finish();
 
 private:
-    /// The rates that the numbers allow, each a bit of its code.
+    /// The rates that the numbers allow, one bit per rate code.
     using Rates = std::bitset<rate::count>;
 
-    /// How one word leads to another.
+    /// The transition from one word to the next.
     struct Step {
-        Rates rates; ///< at which it is `frames` later, in number and in time; none where it is not
+        Rates rates; ///< rates at which it is `frames` later in number and time; none if it is not
         std::uint64_t frames = 0;
     };
 
@@ -50,8 +51,8 @@ private:
     Stretch m_stretch;
     Rates m_rates;
     TapeWord m_last;
-    /// Where the first word ends and where the last one begins: between them stand words whose
-    /// edges are all there, so that nothing is known better.
+    /// The end of the first word and the beginning of the last. Between them, all words have all
+    /// their edges, so the places are as exact as possible.
     double m_firstEnd = 0;
     double m_lastBegin = 0;
     double m_peaks = 0; ///< sum over the words read

@@ -11,7 +11,7 @@ namespace {
 
 using Kind = TapeFault::Kind;
 
-/// Puts together what is wrong with a row.
+/// Collects the faults of a row.
 class RowFaults {
 public:
     RowFaults(const TapeRow& row, std::span<const TapeContents> tapes, double speedTolerance)

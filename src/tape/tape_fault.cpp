@@ -12,17 +12,17 @@ namespace {
 
 using Kind = TapeFault::Kind;
 
-/// Stretches further apart than this have nothing to do with each other.
+/// Stretches further apart than this are unrelated.
 constexpr double longestPause = 1; // seconds
 
-/// How exactly the length of a stretch is known, which matters to the speed of a short one.
+/// The accuracy of a stretch's length, which affects the speed of a short one.
 constexpr double exactness = 0.0005; // seconds
 
 Timecode frameBefore(const Timecode& time, const FrameRate& rate) {
     return timeOfFrame(frameNumber(time, rate) + framesADay(rate) - 1, rate);
 }
 
-/// How far a number is after another, on the shorter way around the day.
+/// How far one number is after another, the shorter way around the day.
 std::int64_t signedDistance(const Timecode& from, const Timecode& to, const FrameRate& rate) {
     const auto day = static_cast<std::int64_t>(framesADay(rate));
     const auto way = static_cast<std::int64_t>(frameNumber(to, rate)) -

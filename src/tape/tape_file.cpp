@@ -9,7 +9,7 @@ namespace vexa {
 
 namespace {
 
-/// Leaves room in the 255 bytes of a file's name for all that stands around it.
+/// Leaves room for the rest of the name in the 255 bytes of a file name.
 constexpr std::size_t longestTitle = 160;
 
 std::string padded(std::size_t number, std::size_t digits) {
@@ -17,7 +17,7 @@ std::string padded(std::size_t number, std::size_t digits) {
     return std::string(digits - std::min(digits, text.size()), '0') + text;
 }
 
-/// A title as part of a file's name, also where a tape goes to a machine that forbids more.
+/// A title as part of a file name, safe even for machines that allow fewer characters.
 std::string fileNamePart(const std::string& title) {
     auto part = printable(title);
     for (char& c : part)

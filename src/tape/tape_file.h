@@ -8,19 +8,19 @@
 
 namespace vexa {
 
-/// What is rendered into one file: rows without an obstacle, one or more.
+/// The rows of one file: at least one, none with an obstacle.
 struct TapeFile {
     std::string name; ///< without a folder
     std::vector<TapeRow> rows;
 };
 
-/// A file for each row, or for each reel, in the order of the rows. Each row's number, or each
-/// reel's, is part of the name, so that no two are alike. Names are fit for any file system.
+/// One file per row, or per reel, in the order of the rows. File names include the row's or the
+/// reel's number, so they are unique. They suit any file system.
 std::vector<TapeFile> filePerRow(const std::vector<TapeRow>& rows);
 std::vector<TapeFile> filePerReel(const std::vector<TapeRow>& rows);
 
-/// The last eight decimal digits of the reel's number, units in group 1: readers show user bits as
-/// hexadecimal digits, group 8 first.
+/// The last eight decimal digits of the reel's number, with the units in group 1. Readers show user
+/// bits as hexadecimal digits, group 8 first.
 LtcUserBits reelUserBits(std::uint64_t reel);
 
 } // namespace vexa

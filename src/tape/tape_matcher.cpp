@@ -28,7 +28,7 @@ public:
     }
 
 private:
-    /// Numbers of a passage do not go past midnight.
+    /// Splits a stretch so that no passage goes past midnight.
     void placeStretch(std::size_t recording, std::size_t index) {
         const auto& stretch = m_tapes[recording].stretches[index];
         const auto midnight = framesADay(*stretch.rate) - frameNumber(stretch.first, *stretch.rate);
@@ -58,7 +58,8 @@ private:
         place({passage.recording, passage.stretch, claimed.end, passage.end});
     }
 
-    /// It is on no row, but may be what follows one until the generator has stopped.
+    /// No row claims the passage, but it may be timecode after a row's end, before the generator
+    /// stopped.
     void leave(const Passage& passage) {
         const auto aSecond =
             static_cast<std::uint64_t>(stretchOf(passage, m_tapes).rate->frameCount);
@@ -70,7 +71,7 @@ private:
             m_match.unlisted.push_back(passage);
     }
 
-    /// The numbers of a passage, counted at a row's rate.
+    /// A passage's numbers, counted at a row's rate.
     FrameRange numbersOf(const Passage& passage, const FrameRate& rate) const {
         const auto& stretch = stretchOf(passage, m_tapes);
         const auto& own = *stretch.rate;
@@ -98,8 +99,8 @@ private:
         return best;
     }
 
-    /// How well the passage and a row cover each other, from 0 to 1, and more where the user bits
-    /// name the reel.
+    /// How well the passage and a row cover each other, from 0 to 1; more if the user bits name the
+    /// row's reel.
     double fitOf(const Passage& passage, std::size_t index) const {
         const auto& row = m_rows[index];
         const auto& stretch = stretchOf(passage, m_tapes);
@@ -109,7 +110,7 @@ private:
         const auto fresh = common.size() - m_covered[index].count(common);
         if (common.size() == 0 || fresh == 0)
             return 0;
-        // What goes on with the row after a fault may repeat some of it.
+        // A continuation of the row after a fault may repeat some of it.
         const auto gain = isWithin(passage, index) ? common.size() : fresh;
         const auto all = range.size() + numbers.size() - common.size();
         const double fit = static_cast<double>(gain) / static_cast<double>(all);
@@ -117,7 +118,7 @@ private:
         return fit * (isReel ? 2 : 1) * (stretch.rate == row.rate ? 1 : 0.5);
     }
 
-    /// Whether what was placed last belongs to the row, and the passage follows it at once.
+    /// Whether the passage directly follows the last one placed, which belongs to the row.
     bool isWithin(const Passage& passage, std::size_t row) const {
         return m_lastRow == row && m_last.recording == passage.recording &&
                m_last.stretch + 1 == passage.stretch &&
@@ -128,9 +129,9 @@ private:
     std::span<const TapeRow> m_rows;
     std::span<const TapeContents> m_tapes;
     TapeMatch m_match;
-    std::vector<FrameRanges> m_covered; ///< of each row
+    std::vector<FrameRanges> m_covered; ///< per row
     Passage m_last;
-    std::optional<std::size_t> m_lastRow; ///< to which m_last belongs
+    std::optional<std::size_t> m_lastRow; ///< the row of m_last
 };
 
 } // namespace

@@ -13,25 +13,25 @@ namespace vexa {
 /// A passage that belongs to a row.
 struct Claim {
     Passage passage;
-    FrameRange numbers; ///< of the row that it covers
+    FrameRange numbers; ///< the row's numbers that it covers
 };
 
-/// What belongs to a row. Empty where nothing does.
+/// The passages of a row. Empty if there are none.
 struct RowMatch {
-    std::vector<Claim> claims;    ///< in the order of the tape
-    std::optional<Passage> runOn; ///< what follows its end, for less than a second
+    std::vector<Claim> claims;    ///< in tape order
+    std::optional<Passage> runOn; ///< timecode after its end, for less than a second
 };
 
 struct TapeMatch {
     std::vector<RowMatch> rows;
-    std::vector<Passage> unlisted; ///< what belongs to none, in the order of the tape
+    std::vector<Passage> unlisted; ///< passages of no row, in tape order
 };
 
 /// The numbers of the row's frames.
 FrameRange rangeOf(const TapeRow& row);
 
-/// Gives each passage of the tapes to the row that it covers best, and where the user bits name a
-/// reel, rather to a row of that. Rows that fit as well come in the order of the list.
+/// Assigns each passage of the tapes to the row that it covers best, preferring rows of the reel
+/// named in the user bits. Rows that fit equally come in list order.
 TapeMatch match(std::span<const TapeRow> rows, std::span<const TapeContents> tapes);
 
 } // namespace vexa

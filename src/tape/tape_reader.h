@@ -12,24 +12,25 @@
 
 namespace vexa {
 
-/// Finds the stretches in the samples of one channel, however many samples there are.
+/// Finds the stretches in one channel's samples, for any number of samples.
 class ChannelReader {
 public:
-    /// A tape of nothing but noise has no end of stretches. Those beyond are counted only.
+    /// A tape of pure noise could have any number of stretches. Those beyond the limit are only
+    /// counted.
     static constexpr std::size_t mostStretches = 2000;
 
     explicit ChannelReader(std::uint32_t sampleRate);
     ChannelReader(const ChannelReader&) = delete;
     ChannelReader& operator=(const ChannelReader&) = delete;
 
-    /// The next samples, of which the first and every `stride`th after it are the channel's.
+    /// Takes the next samples; the first and every `stride`th after it belong to the channel.
     void read(std::span<const float> samples, std::size_t stride);
     void finish();
 
     const std::vector<Stretch>& stretches() const { return m_stretches; }
     std::uint64_t stretchesBeyond() const { return m_beyond; }
     std::uint64_t framesRead() const { return m_framesRead; }
-    /// Of the last word; none before the first.
+    /// The time of the last word; none before the first.
     const std::optional<Timecode>& lastTime() const { return m_lastTime; }
 
 private:
@@ -45,11 +46,11 @@ private:
     std::optional<Timecode> m_lastTime;
 };
 
-/// Told now and then which part of a recording has been read, from 0 to 1. What it throws breaks
-/// the reading off.
+/// Called now and then with the fraction of a recording that has been read, from 0 to 1. If it
+/// throws, reading stops.
 using ReadProgress = std::function<void(double)>;
 
-/// What a recording has in one of its channels, counted from 0; by default in the one that has most
+/// The contents of one channel of a recording, counted from 0; by default the channel with the most
 /// frames. Throws TapeError.
 TapeContents contentsOf(Recording& recording, std::optional<std::size_t> channel,
                         const ReadProgress& progress);

@@ -5,14 +5,14 @@
 
 namespace vexa {
 
-/// A word as it stands on a tape. Places are samples of the recording, from its beginning.
+/// A word on a tape. Places are samples from the beginning of the recording.
 struct TapeWord {
     Timecode time; ///< below 24:60:60:40
     bool dropFrame = false;
     LtcUserBits userBits = 0;
     double begin = 0;
     double end = 0; ///< where the next one would begin
-    float peak = 0; ///< of the signal there, 1 at full scale
+    float peak = 0; ///< of the signal in the word, 1 at full scale
 };
 
 } // namespace vexa

@@ -19,7 +19,7 @@ namespace vexa {
 
 namespace {
 
-/// Leaves room in the 4 GiB of a plain WAV file for all that is not sound.
+/// Leaves room for everything but sound in the 4 GiB of a plain WAV file.
 constexpr std::uint64_t mostPlainBytes = 0xFFF00000;
 
 SF_INFO soundInfo(const WaveFormat& format, const WaveLabel& label) {
@@ -44,7 +44,7 @@ SF_BROADCAST_INFO broadcastInfo(const WaveLabel& label) {
 
 } // namespace
 
-/// libsndfile writes through it, so that the system's reason for a failure is known.
+/// libsndfile writes through this, which keeps the system's reason for a failure.
 class WaveFile::Stream {
 public:
     Stream(const std::filesystem::path& path, const WaveFormat& format, const WaveLabel& label,
@@ -86,7 +86,7 @@ public:
     }
 
 private:
-    /// Before anything is rendered. That the place is still free at the end is seen there.
+    /// Checks before rendering. finish() checks again that the place is still free.
     void checkPlace() const {
         struct stat status{};
         if (fstatat(m_folder, m_path.filename().c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
@@ -140,7 +140,7 @@ private:
     Existing m_existing;
     std::optional<Successor> m_file;
     SNDFILE* m_sound = nullptr;
-    int m_error = 0; ///< of the last write that failed
+    int m_error = 0; ///< of the last failed write
 };
 
 SF_VIRTUAL_IO WaveFile::Stream::calls{length, seek, readNothing, write, tell};

@@ -10,10 +10,10 @@ namespace vexa {
 
 namespace {
 
-/// What the decoder begins with; it follows the signal from there.
+/// The decoder's initial rate; it then follows the signal.
 constexpr std::uint32_t framesASecond = 25;
 
-/// More words than the samples of one call can make.
+/// More words than the samples of one call can contain.
 constexpr int queueSize = 64;
 constexpr std::size_t mostSamples = 4096;
 
@@ -37,7 +37,7 @@ TapeWord tapeWord(LTCFrameExt& frame, float peak) {
             peak};
 }
 
-/// Noise makes words, too; most of them tell a time that there is not.
+/// Noise makes words, too, but most of them have invalid times.
 bool isTime(const TapeWord& word, const LTCFrame& frame) {
     const bool areDigits = frame.frame_units < 10 && frame.secs_units < 10 &&
                            frame.mins_units < 10 && frame.hours_units < 10;
@@ -61,7 +61,7 @@ void WordReader::read(std::span<const float> samples, std::size_t stride,
     while (!samples.empty()) {
         const auto part = samples.first(std::min(samples.size(), mostSamples * stride));
         const auto shaped = m_shaper.shape(part, stride);
-        // The decoder takes them as constants in all but name.
+        // The decoder does not change the samples, though it does not declare them const.
         ltc_decoder_write(m_decoder.get(), const_cast<ltcsnd_sample_t*>(shaped.data()),
                           shaped.size(), m_position);
         m_position += static_cast<long long>(shaped.size());

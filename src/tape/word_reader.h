@@ -11,16 +11,16 @@ struct LTCDecoder;
 
 namespace vexa {
 
-/// Reads the words of a recorded channel.
+/// Reads the words in a recorded channel.
 class WordReader {
 public:
     explicit WordReader(std::uint32_t sampleRate);
 
-    /// The next samples, of which the first and every `stride`th after it are the channel's.
+    /// Takes the next samples; the first and every `stride`th after it belong to the channel.
     void read(std::span<const float> samples, std::size_t stride,
               const std::function<void(const TapeWord&)>& onWord);
 
-    /// What the last samples make, which were still under way.
+    /// Reads the words that remain in the last samples.
     void finish(const std::function<void(const TapeWord&)>& onWord);
 
 private:
@@ -28,7 +28,7 @@ private:
 
     SignalShaper m_shaper;
     std::unique_ptr<LTCDecoder, int (*)(LTCDecoder*)> m_decoder;
-    long long m_position; ///< of the next sample that the decoder gets
+    long long m_position; ///< of the decoder's next sample
 };
 
 } // namespace vexa

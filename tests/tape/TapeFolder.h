@@ -15,7 +15,7 @@
 
 namespace vexa::test {
 
-/// A folder for sound files, gone when the test is over.
+/// A folder for sound files, removed after the test.
 class TapeFolder : public testing::Test {
 protected:
     std::filesystem::path path(const std::string& name = {}) const {

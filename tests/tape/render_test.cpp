@@ -15,7 +15,7 @@ namespace {
 
 class Render : public TapeFolder {
 protected:
-    /// By libltc's decoder, as it comes.
+    /// The words decoded by libltc, unfiltered.
     std::vector<ReadWord> wordsIn(const std::string& name, std::uint32_t sampleRate) const {
         return test::wordsIn(samplesOf(path(name)), sampleRate, frameRateForCode(rate::fps25));
     }
@@ -77,7 +77,7 @@ TEST_F(Render, BeginsWithTheFirstWordAndSaysWhen) {
         renderTo("a.wav", {row(each.start, advanced(each.start, 3, rate), each.rate)}, options);
         EXPECT_EQ(startTimeOf("a.wav"), each.samples) << timecodeText(each.start) << rate.name;
         const auto samples = samplesOf(path("a.wav"));
-        // An edge of 4 samples begins with the first, and comes down from the peak.
+        // An edge of 4 samples begins with the first one and falls from the peak.
         EXPECT_NEAR(samples[0], 0.1259, 0.0001);
         EXPECT_NEAR(samples[5], -0.1259, 0.0001);
         EXPECT_EQ(samples.back(), 0);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t sampleRate = 48000;
 
-/// A tape whose words are written one after another.
+/// A tape with words written one after another.
 class StretchFinderTest : public testing::Test {
 protected:
     void words(const Timecode& first, int count, std::uint64_t code, double speed = 1) {

@@ -12,7 +12,7 @@ namespace {
 
 const auto& fps25 = frameRateForCode(rate::fps25);
 
-/// Recordings of stretches at 25 frames, whose faults it names.
+/// Recordings of stretches at 25 frames, with their faults as texts.
 class TapeCheck : public testing::Test {
 protected:
     void row(const Timecode& start, const Timecode& stop, std::uint64_t reel = 1,
@@ -26,7 +26,7 @@ protected:
         m_rows.push_back(row);
     }
 
-    /// After what is there, with so many seconds between.
+    /// Adds a stretch after the existing ones, with a pause in seconds.
     Stretch& stretch(const Timecode& first, std::uint64_t frames, double pause = 5,
                      const FrameRate& rate = fps25) {
         auto& tape = m_tapes.back();
@@ -45,7 +45,7 @@ protected:
 
     TapeVerdict verdict() const { return compare(m_rows, m_tapes, 0.0005); }
 
-    /// Of a row, as they are told.
+    /// The faults of a row, as texts.
     std::vector<std::string> faults(std::size_t row) const {
         std::vector<std::string> texts;
         const auto found = verdict();

@@ -37,7 +37,7 @@ std::vector<Stretch> stretchesIn(std::span<const float> samples, std::uint32_t c
     return reader.stretches();
 }
 
-/// Expects the one stretch that timecode({1, 0, 0, 0}, 100, fps25) makes.
+/// Expects only the stretch of timecode({1, 0, 0, 0}, 100, fps25).
 void expectWhole(std::span<const float> samples, const char* what) {
     const auto found = stretchesIn(samples);
     ASSERT_EQ(found.size(), 1U) << what;
@@ -85,7 +85,7 @@ TEST(ChannelReader, ReadsWhatTapesDoToTimecode) {
 }
 
 TEST(ChannelReader, ReadsTapesThatRunFastOrSlow) {
-    // What is played 10 % faster has its samples closer together.
+    // Playing 10 % faster puts the samples closer together.
     for (const std::uint32_t clock : {43636U, 53333U}) {
         const auto found = stretchesIn(timecode({1, 0, 0, 0}, 100, rate::fps25, -18, clock));
         ASSERT_EQ(found.size(), 1U);
@@ -154,7 +154,7 @@ TEST(ChannelReader, DoesNotDependOnTheSizeOfBlocks) {
 
 class ContentsOf : public TapeFolder {
 protected:
-    /// Timecode on the right of two channels, a tone on the left.
+    /// Writes timecode on the right of two channels, and a tone on the left.
     void writeStereo() const {
         const auto right = timecode({1, 0, 0, 0}, 100, rate::fps25);
         SF_INFO info{0, sampleRate, 2, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 0, 0};

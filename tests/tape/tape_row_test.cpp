@@ -46,7 +46,7 @@ TEST(TapeRow, CodesThatNobodyKnowsCountAsTheGeneratorCountsThem) {
 }
 
 TEST(TapeRow, TheLastFrameIsTheOneBeforeTheStopTime) {
-    // At 01:00:00:00 the clock reads the stop time, and the generator is told to stop.
+    // At 01:00:00:00 the clock reaches the stop time and the generator is stopped.
     const auto plain = row({0, 59, 59, 20}, {1, 0, 0, 0}, rate::fps25);
     EXPECT_EQ(frameCount(plain), 5U);
     EXPECT_EQ(lastFrame(plain), (Timecode{0, 59, 59, 24}));
