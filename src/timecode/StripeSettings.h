@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// What one stripe is made of. Any value is legal: numbers come from files unchecked.
+/// The settings of one stripe. Any value is legal, as files are not checked.
 struct StripeSettings {
     std::uint64_t startTime = 0; ///< packed timecode in the low 32 bits
     std::uint64_t stopTime = 0;  ///< packed timecode in the low 32 bits
