@@ -36,8 +36,8 @@ void Vexa_RemoteAppDelegate::changeItems(const BatchItems& removed, const BatchI
         table.scrollToItem(list.batchList()[*filled.begin()]);
         fitBatchControls();
     }
-    // As with the panel: an addition that is made or taken back is an unsaved change; one that is
-    // made again is not, and no deletion ever is.
+    // As with the panel: adding items, or undoing that, is an unsaved change. Redoing an addition
+    // is not, nor is any deletion.
     const auto& addition = m_undoManager.isUndoing() ? removed : added;
     if (!addition.empty() && !m_undoManager.isRedoing())
         m_document.setDirty();

@@ -29,7 +29,7 @@ bool Successor::takeFreePlace(const char* name) {
     m_inPlace = renameat2(m_folder, m_name.c_str(), m_folder, name, RENAME_NOREPLACE) == 0;
     if (m_inPlace || errno != EINVAL)
         return m_inPlace;
-    // This file system cannot look and rename in one step.
+    // This file system cannot check and rename in one step.
     if (faccessat(m_folder, name, F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
         errno = EEXIST;
         return false;

@@ -46,7 +46,7 @@ Seconds RunTimes::leftOfItem() const {
 RunLeft RunTimes::leftOfRun() {
     const auto item = leftOfItem();
     const auto pause = m_run.pauseLeft();
-    // A pause that Play broke into goes on, and may end before the item does.
+    // A pause interrupted by Play continues, and may end before the item does.
     if (pause && (!item || *pause < *item))
         return fromNextItem(*pause);
     const auto phase = m_run.progress().phase;

@@ -7,30 +7,30 @@
 
 namespace vexa {
 
-/// How long a run still goes on.
+/// The time left in a run.
 struct RunLeft {
-    /// Nothing where it does not end by itself, or no run is under way.
+    /// Empty if the run does not end by itself, or no run is in progress.
     std::optional<RunLoop::Seconds> time;
-    /// How often it will wait for a reel, which nobody knows how long takes.
+    /// Reel changes to come, whose duration is unknown.
     std::size_t reelChanges = 0;
 };
 
-/// How much time a run has left if nothing is changed, to the frame: what its clock has still to
-/// count, and the pauses. Asked at each frame, it adds a list up once until that changes. Main
-/// thread only.
+/// Computes the time left in a run to the frame, if nothing changes: the frames still to count, and
+/// the pauses. May be asked at every frame, as it totals a list only after a change. Main thread
+/// only.
 class RunTimes {
 public:
     /// The run must outlive this.
     explicit RunTimes(const StripeRun& run) : m_run(run) {}
 
-    /// Of the item or single stripe that plays or that goes on after the operator's pause, or of
-    /// the item whose reel is awaited, as far as it ends by itself.
+    /// Of the item that plays, of the single stripe that plays or is paused, or of the item whose
+    /// reel is awaited. Empty if it does not end by itself.
     std::optional<RunLoop::Seconds> leftOfItem() const;
-    /// A batch run that the operator has paused is over: Play begins it anew.
+    /// A batch run that the operator has paused is over: Play starts it again from the beginning.
     RunLeft leftOfRun();
 
 private:
-    /// What the items take that come next, after that much time.
+    /// The time left if the next item starts after `before`.
     RunLeft fromNextItem(const std::optional<RunLoop::Seconds>& before);
     const ItemTimes& itemTimes();
 

@@ -11,7 +11,7 @@ using From = StripeRun::From;
 
 namespace {
 
-/// A run whose time passes by itself, and what was said on the way of how long it takes still.
+/// A run whose time passes, with records of the time left along the way.
 struct Times : testing::Test, StripeRig {
     struct Said {
         double at;
@@ -35,7 +35,8 @@ struct Times : testing::Test, StripeRig {
         list.addItemWithReel(reel, {}, {packed(start), packed(stop), rate, sync::mtc});
         plan.useBatch = true;
     }
-    /// Items of all rates, one of them through minutes that drop numbers, and three about midnight.
+    /// Items of all rates, one of them through minutes that drop numbers, and three around
+    /// midnight.
     void addItemsOfAllKinds() {
         add("00:59:50:00", "01:00:10:23", rate::fps24);
         add("00:59:58:00", "01:00:10:00", rate::fps25);
@@ -47,7 +48,7 @@ struct Times : testing::Test, StripeRig {
     }
     std::uint64_t position() const { return run.items().row(); }
 
-    /// To the end of the run, and compares what was said since the last call.
+    /// Runs to the end, and checks the times recorded since the last call.
     void expectTrueToTheEnd() {
         runLoop.advance(48h);
         ASSERT_EQ(run.progress().phase, Phase::stopped);
