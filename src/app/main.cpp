@@ -13,6 +13,7 @@
 #include "defaults/BackgroundWrites.h"
 #include "desktop/ApplicationService.h"
 #include "desktop/DesktopRequests.h"
+#include "desktop/ReelCall.h"
 #include "desktop/StayAwake.h"
 #include "desktop/application_id.h"
 #include "desktop/hand_over.h"
@@ -122,6 +123,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     window.connectTo(controller, manager);
     const DesktopRequests desktop(window, controller, service);
     const StayAwake awake(controller.run());
+    const ReelCall reelCall(window, controller.run(), QDBusConnection::sessionBus());
     // Whoever sends a signal answers no question about an unsaved list, as quit() would ask.
     const TerminationSignals signals([] { QCoreApplication::exit(); });
     if (!line.file.isNull())

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <cstdint>
+
+class QWidget;
+
+namespace vexa {
+
+class StripeRun;
+
+/// Calls the operator to load a reel while no window of the program is active: by a notification
+/// that stays until the run goes on, and by a window that asks for attention. Nothing waits for
+/// whoever shows notifications. Main thread only.
+class ReelCall : public QObject {
+public:
+    /// All must outlive this.
+    ReelCall(QWidget& window, const StripeRun& run, const QDBusConnection& session);
+    ~ReelCall() override { withdraw(); }
+
+private:
+    void call(std::uint64_t reel);
+    void withdraw();
+
+    QWidget& m_window;
+    QDBusConnection m_session;
+    std::uint64_t m_calls = 0; ///< how many there were; an odd answer is that of an earlier one
+    bool m_isCalling = false;
+    uint m_notification = 0; ///< 0: none, or not known so far
+};
+
+} // namespace vexa
