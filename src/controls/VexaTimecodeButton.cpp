@@ -1,7 +1,9 @@
 #include "controls/VexaTimecodeButton.h"
 
 #include "controls/key_characters.h"
+#include "controls/plain_text.h"
 #include "controls/timecode_well.h"
+#include "interchange/field_texts.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -25,6 +27,8 @@ QString colonSeparated(const std::array<char16_t, 8>& digits) {
     }
     return text;
 }
+
+bool isAsciiDigit(QChar letter) { return letter >= u'0' && letter <= u'9'; }
 
 /// Platforms differ in the text they give to the keys that edit.
 QString charactersOf(const QKeyEvent& event) {
@@ -126,13 +130,23 @@ bool VexaTimecodeButton::handleDelete() {
 }
 
 void VexaTimecodeButton::paste() {
-    const auto text = QApplication::clipboard()->text().trimmed();
-    if (!timecodeFromText(text.toStdString()))
+    constexpr qsizetype longestQuote = 40;
+    if (!isEnabled() || m_tag == time_tag::current)
         return;
+    const auto text = QApplication::clipboard()->text();
+    const bool hasAllDigits = std::ranges::count_if(text, isAsciiDigit) == digitCount;
+    const auto written = hasAllDigits ? timeFromText(text) : std::nullopt;
+    if (!written) {
+        showPlainToolTip(*this, tr("“%1” is no time").arg(text.left(longestQuote)));
+        return;
+    }
+    if (!isChecked())
+        click();
+    beginAfresh();
     beginTyping();
-    for (const QChar character : text)
-        if (character != QLatin1Char(':'))
-            handleDigit(character);
+    for (const auto character : timecodeText(written->time))
+        if (character != ':')
+            handleDigit(QLatin1Char(character));
 }
 
 Timecode VexaTimecodeButton::typedTime() const {

@@ -51,6 +51,9 @@ public:
     /// Lets the next digit or delete key clear what was typed, as if the entry were to begin.
     void beginAfresh() { m_firstKey = true; }
     bool validateAndResign();
+    /// Types the time on the clipboard, and begins an entry where none is under way; says so where
+    /// there is no time. For displays that can be typed into.
+    void paste();
     /// Parses the typed digits into the time fields, hours first, and stops at the first field
     /// that is out of range at the rate: fields up to and including that one are then
     /// overwritten, though the title still shows the time from before.
@@ -95,7 +98,6 @@ private:
     Timecode typedTime() const;
     void initInputBuffer();
     void displayInput();
-    void paste();
     void tellTime();
     void setTitleFromTimeFields();
     void refresh();

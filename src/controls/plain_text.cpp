@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QStringList>
+#include <QToolTip>
 #include <QWidget>
 
 #include <algorithm>
@@ -50,6 +51,20 @@ QString toolTipOf(const QString& text) {
 
 void setPlainToolTip(QWidget& widget, const QString& text) { widget.setToolTip(toolTipOf(text)); }
 void setPlainToolTip(QAction& action, const QString& text) { action.setToolTip(toolTipOf(text)); }
+
+void showPlainToolTip(QWidget& widget, const QString& text, QPoint where) {
+    QToolTip::showText(where, toolTipOf(text), &widget);
+}
+void showPlainToolTip(QWidget& widget, const QString& text) {
+    showPlainToolTip(widget, text, widget.mapToGlobal(widget.rect().bottomLeft()));
+}
+
+QLabel* newPlainLabel(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
 
 void setPlainText(QMessageBox& box, const QString& text, const QString& information) {
     box.setTextFormat(Qt::PlainText);

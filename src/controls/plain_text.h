@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 
 class QAction;
+class QLabel;
 class QMessageBox;
 class QWidget;
 
@@ -15,6 +17,13 @@ namespace vexa {
 /// Long lines are folded, and what would still not fit on a screen is cut off.
 void setPlainToolTip(QWidget& widget, const QString& text);
 void setPlainToolTip(QAction& action, const QString& text);
+
+/// Shows it now, at a point of the screen or below the widget; an empty one ends what shows.
+void showPlainToolTip(QWidget& widget, const QString& text, QPoint where);
+void showPlainToolTip(QWidget& widget, const QString& text);
+
+/// A label of one or more lines.
+QLabel* newPlainLabel(const QString& text);
 
 /// Sets both texts of a message box.
 void setPlainText(QMessageBox& box, const QString& text, const QString& information = {});

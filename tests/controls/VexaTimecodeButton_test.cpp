@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QFocusEvent>
 #include <QTest>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -276,6 +277,25 @@ TEST_F(TimecodeButton, PastesATimeAndIgnoresRubbish) {
         EXPECT_EQ(paste(rubbish), "05:06:07:08") << rubbish;
     QTest::keyClick(&button, Qt::Key_Return);
     EXPECT_EQ(committed(), tc("05:06:07:08"));
+}
+
+TEST_F(TimecodeButton, PastesATimeHoweverItIsWritten) {
+    for (const char* text : {"01020304", "01:02:03;04", "01;02;03;04", "01:02:03.04"}) {
+        button.setBcdValue(0);
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        button.paste();
+        EXPECT_EQ(button.state(), 1) << "an entry begins";
+        EXPECT_EQ(entry(), "01:02:03:04") << text;
+        button.setState(0);
+    }
+}
+
+TEST_F(TimecodeButton, SaysThatWhatIsPastedIsNoTime) {
+    QApplication::clipboard()->setText(QStringLiteral("<b>soon</b>"));
+    button.paste();
+    EXPECT_EQ(button.state(), 0);
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;soon")));
+    QToolTip::hideText();
 }
 
 TEST_F(TimecodeButton, AnInputMethodTypesNothing) {
