@@ -1,8 +1,11 @@
 #include "controls/BatchRowDelegate.h"
 
 #include "controls/BatchTableModel.h"
+#include "controls/plain_text.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
@@ -104,6 +107,19 @@ void BatchRowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionV
                                             const QModelIndex&) const {
     constexpr int lineEditMargin = 2;
     editor->setGeometry(option.rect.adjusted(m_spacing - lineEditMargin, 0, 0, 0));
+}
+
+bool BatchRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    auto cell = option;
+    initStyleOption(&cell, index);
+    const int sign = index.column() == 0 ? signWidth : 0;
+    const int room = option.rect.width() - m_spacing - sign;
+    const bool fits = cell.fontMetrics.horizontalAdvance(cell.text) <= room;
+    showPlainToolTip(*view, fits ? QString() : cell.text, event->globalPos());
+    return true;
 }
 
 } // namespace vexa

@@ -1,6 +1,8 @@
 #include "controls/BatchTableModel.h"
 
 #include "controls/plain_text.h"
+#include "stripe/ItemTimes.h"
+#include "text/duration_text.h"
 
 #include <algorithm>
 
@@ -12,6 +14,12 @@ const BatchItems& items() {
     static const BatchItems none;
     const auto* list = VexaBatchStripeData::sharedBatchData();
     return list ? list->batchList() : none;
+}
+
+/// Nothing for a row that never ends.
+QString durationOf(const BatchItem& item) {
+    const auto time = timeOf(item);
+    return time ? QString::fromStdString(durationText(*time)) : QString();
 }
 
 QString accessibleText(StripeMark mark) {
@@ -81,6 +89,9 @@ QVariant BatchTableModel::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
     if (!index.isValid() || row >= items().size())
         return {};
+    const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
+    if (isText && m_columns[index.column()] == duration)
+        return durationOf(*items()[row]);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -111,7 +122,8 @@ QVariant BatchTableModel::headerData(int section, Qt::Orientation orientation, i
     static const QHash<QString, QString> titles{
         {item_key::reel, tr("Reel")},   {item_key::title, tr("Title")},
         {item_key::start, tr("Start")}, {item_key::stop, tr("Stop")},
-        {item_key::rate, tr("Rate")},   {item_key::type, tr("Sync")}};
+        {item_key::rate, tr("Rate")},   {item_key::type, tr("Sync")},
+        {duration, tr("Duration")}};
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= columnCount())
         return QAbstractTableModel::headerData(section, orientation, role);
     return titles.value(m_columns[section]);

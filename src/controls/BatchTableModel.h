@@ -16,6 +16,8 @@ class BatchTableModel : public QAbstractTableModel {
 public:
     /// The StripeMark of a row, as an integer.
     static constexpr int markRole = Qt::UserRole;
+    /// The identifier of a column that shows how long a row takes.
+    inline static const QString duration = QStringLiteral("duration");
 
     using QAbstractTableModel::QAbstractTableModel;
 

@@ -4,6 +4,7 @@
 #include "controls/key_characters.h"
 #include "defaults/user_defaults.h"
 
+#include <QAction>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -19,12 +20,14 @@ constexpr int rowPadding = 6;
 /// In which the row under way shows the longest text that the column is made for.
 int standardWidth(const QString& column, QFont font) {
     constexpr int padding = 12;
-    static const QHash<QString, QString> longest{{item_key::reel, QString(9, u'0')},
-                                                 {item_key::title, QString(32, u'n')},
-                                                 {item_key::start, QStringLiteral("00:00:00:00")},
-                                                 {item_key::stop, QStringLiteral("00:00:00:00")},
-                                                 {item_key::rate, QStringLiteral("30 fps")},
-                                                 {item_key::type, QStringLiteral("MTC")}};
+    static const QHash<QString, QString> longest{
+        {item_key::reel, QString(9, u'0')},
+        {item_key::title, QString(32, u'n')},
+        {item_key::start, QStringLiteral("00:00:00:00")},
+        {item_key::stop, QStringLiteral("00:00:00:00")},
+        {item_key::rate, QStringLiteral("30 fps")},
+        {item_key::type, QStringLiteral("MTC")},
+        {BatchTableModel::duration, QStringLiteral("00:00:00")}};
     font.setBold(true);
     const int sign = column == item_key::reel ? BatchRowDelegate::signWidth : 0;
     return QFontMetrics(font).horizontalAdvance(longest.value(column)) + sign + padding;
@@ -123,7 +126,50 @@ QModelIndex VexaBatchTableView::titleInRowOf(const QModelIndex& index) const {
 }
 
 void VexaBatchTableView::setColumnIdentifiers(const QStringList& identifiers) {
-    m_model.setColumnIdentifiers(identifiers);
+    m_identifiers = identifiers;
+    m_showsDurations = defaults::read().showsDurations.value_or(false);
+    showColumns();
+}
+
+void VexaBatchTableView::showColumns() {
+    m_model.setColumnIdentifiers(
+        m_showsDurations ? m_identifiers + QStringList{BatchTableModel::duration} : m_identifiers);
+}
+
+void VexaBatchTableView::setShowsDurations(bool shows) {
+    commitEditing();
+    storeColumnWidths();
+    const auto selected = selectedRowIndexes();
+    const auto keyboard = keyboardRow();
+    m_showsDurations = shows;
+    showColumns();
+    restoreColumnWidths();
+    selectRows(selected);
+    moveKeyboardTo(keyboard);
+    m_hasSelectedRows = !selected.empty();
+    defaults::write({.showsDurations = shows});
+}
+
+void VexaBatchTableView::addHeaderMenu() {
+    auto* durations = new QAction(tr("Show D&urations"), this);
+    durations->setCheckable(true);
+    durations->setChecked(m_showsDurations);
+    connect(durations, &QAction::triggered, this, &VexaBatchTableView::setShowsDurations);
+    m_header->addAction(durations);
+    m_header->setContextMenuPolicy(Qt::ActionsContextMenu);
+    addAction(durations); // the header takes no keyboard
+}
+
+void VexaBatchTableView::editTitle() {
+    if (const auto row = onlySelectedRow())
+        QTableView::edit(titleInRowOf(m_model.index(static_cast<int>(*row), 0)));
+}
+
+void VexaBatchTableView::keyboardSearch(const QString& search) {
+    const auto from = currentIndex().isValid() ? currentIndex() : m_model.index(0, 0);
+    if (from.isValid())
+        selectionModel()->setCurrentIndex(titleInRowOf(from), QItemSelectionModel::NoUpdate);
+    QTableView::keyboardSearch(search);
 }
 
 void VexaBatchTableView::installHeader() {
@@ -131,6 +177,7 @@ void VexaBatchTableView::installHeader() {
     setHorizontalHeader(m_header);
     connect(m_header, &VexaBatchTableHeader::released, this,
             &VexaBatchTableView::storeColumnWidths);
+    addHeaderMenu();
 }
 
 void VexaBatchTableView::setIntercellSpacing(double width, double height) {

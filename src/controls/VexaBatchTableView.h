@@ -25,6 +25,13 @@ public:
     bool handleKey(const QString& characters);
     bool handleDelete();
 
+    /// Begins to edit the title of the only selected row.
+    void editTitle();
+    /// Shows how long each row takes in a column of its own, and remembers that.
+    void setShowsDurations(bool shows);
+
+    /// Finds titles.
+    void keyboardSearch(const QString& search) override;
     void commitEditing() override;
     void reloadData() override { m_model.reloadData(); }
     bool hasSelectedRows() const override { return m_hasSelectedRows; }
@@ -57,6 +64,8 @@ protected:
 
 private:
     QModelIndex titleInRowOf(const QModelIndex& index) const;
+    void showColumns();
+    void addHeaderMenu();
     void restoreColumnWidths();
     void storeColumnWidths();
 
@@ -65,6 +74,8 @@ private:
     VexaBatchTableHeader* m_header = nullptr;
     std::vector<int> m_storedWidths;
     bool m_hasSelectedRows = false;
+    QStringList m_identifiers; ///< of the columns that always show
+    bool m_showsDurations = false;
 };
 
 } // namespace vexa

@@ -25,6 +25,8 @@ void forEachSetting(const Visit& visit) {
     visit("windowwidth", &Preferences::windowWidth);
     visit("windowheight", &Preferences::windowHeight);
     visit("recentfiles", &Preferences::recentFiles);
+    visit("tapeminutes", &Preferences::tapeMinutes);
+    visit("showsdurations", &Preferences::showsDurations);
 }
 
 QByteArray widthKey(const QString& column) {

@@ -21,6 +21,8 @@ struct Preferences {
     std::optional<std::int64_t> windowWidth{};     ///< pixels
     std::optional<std::int64_t> windowHeight{};    ///< pixels
     std::optional<QStringList> recentFiles{};      ///< paths, newest first
+    std::optional<std::int64_t> tapeMinutes{};     ///< of the list check; 0: any length
+    std::optional<bool> showsDurations{};          ///< in a column of the batch table
     /// By the identifier of a column of the batch table, in pixels.
     std::map<QString, std::int64_t> columnWidths{};
 

@@ -2,11 +2,13 @@
 #include "controls/VexaBatchTableView.h"
 #include "support/CleanDefaults.h"
 
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 using namespace vexa;
@@ -322,6 +324,56 @@ TEST(TableWidths, OnesThatMakeNoSenseAreBounded) {
     EXPECT_EQ(header->sectionSize(0), header->minimumSectionSize());
     EXPECT_EQ(header->sectionSize(1), 4000);
     EXPECT_EQ(header->sectionSize(2), header->minimumSectionSize());
+}
+
+TEST_F(TableView, TypingFindsATitle) {
+    list.addItemWithReel(9, u"Overture"_s, {0, 0, 0, 0});
+    table.reloadData();
+    table.moveKeyboardTo({0});
+    table.keyboardSearch(u"ov"_s);
+    EXPECT_EQ(table.onlySelectedRow(), 3u);
+}
+
+TEST_F(TableView, ShowsDurationsWhereTheOperatorWantsThem) {
+    const CleanDefaults clean;
+    list.batchList()[0]->stop = 0x00010203;
+    const int columns = table.model()->columnCount();
+    const int width = table.columnWidth(1);
+    click(1);
+    table.setShowsDurations(true);
+    ASSERT_EQ(table.model()->columnCount(), columns + 1);
+    EXPECT_EQ(table.model()->headerData(columns, Qt::Horizontal).toString(), u"Duration"_s);
+    EXPECT_EQ(table.model()->index(0, columns).data().toString(), u"1:03"_s);
+    EXPECT_FALSE(table.model()->flags(table.model()->index(0, columns)) & Qt::ItemIsEditable);
+    EXPECT_EQ(table.onlySelectedRow(), 1u);
+    EXPECT_EQ(table.columnWidth(1), width);
+
+    VexaBatchTableView another;
+    setUp(another);
+    EXPECT_EQ(another.model()->columnCount(), columns + 1);
+    table.setShowsDurations(false);
+    EXPECT_EQ(table.model()->columnCount(), columns);
+}
+
+TEST_F(TableView, KnowsTheOnlySelectedRow) {
+    EXPECT_EQ(table.onlySelectedRow(), std::nullopt);
+    click(1);
+    EXPECT_EQ(table.onlySelectedRow(), 1u);
+    click(2, Qt::ControlModifier);
+    EXPECT_EQ(table.onlySelectedRow(), std::nullopt);
+}
+
+TEST_F(TableView, ATitleThatDoesNotFitHasAToolTip) {
+    const auto toolTipAt = [this](int row) {
+        const auto cell = middleOf(row, 1);
+        QHelpEvent help(QEvent::ToolTip, cell, table.viewport()->mapToGlobal(cell));
+        QApplication::sendEvent(table.viewport(), &help);
+        return QToolTip::text();
+    };
+    list.batchList()[0]->title = u"A title of many words "_s.repeated(9);
+    EXPECT_EQ(toolTipAt(1), QString());
+    EXPECT_TRUE(toolTipAt(0).startsWith(u"A title of many"_s));
+    QToolTip::hideText();
 }
 
 TEST_F(TableView, TabLeavesTheTable) {
