@@ -45,7 +45,11 @@ bool showsMark(MenuAction action, std::uint64_t tag) {
 } // namespace
 
 MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles)
-    : QObject(&menuBar), m_menuBar(menuBar), m_controller(controller), m_recentFiles(recentFiles) {
+    : QObject(&menuBar),
+      m_menuBar(menuBar),
+      m_controller(controller),
+      m_recentFiles(recentFiles),
+      m_rows(controller, *menuBar.window()) {
     for (const auto& [title, commands] : commandGroups()) {
         auto& menu = menuTitled(menuBar, text(title));
         if (!menu.isEmpty())
@@ -53,10 +57,23 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, Recent
         for (const auto& command : commands)
             addItem(menu, command);
     }
+    fillContextMenu();
     for (auto* action : menuBar.actions())
         connect(action->menu(), &QMenu::aboutToShow, this, &MainMenu::validate);
     connect(&controller, &Vexa_RemoteAppDelegate::stateChanged, this, &MainMenu::validate);
     validate();
+}
+
+/// What is done with rows can be chosen where they are, too.
+void MainMenu::fillContextMenu() {
+    auto* table = m_menuBar.window()->findChild<QWidget*>(QStringLiteral("batchTable"));
+    if (!table)
+        return;
+    for (const auto tag :
+         {row_menu::cut, row_menu::copy, row_menu::paste, row_menu::duplicate, row_menu::remove,
+          row_menu::rename, row_menu::takeSettings, row_menu::replaceBySettings})
+        table->addAction(item(MenuAction::handleRowMenuItems, tag));
+    table->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void MainMenu::addItem(QMenu& menu, const Command& command) {
@@ -72,7 +89,7 @@ void MainMenu::addItem(QMenu& menu, const Command& command) {
 void MainMenu::connectAction(QAction& action, const Command& command) {
     const auto perform = [this, &command] {
         if (isAllowed(command))
-            command.perform({m_controller, m_help, *m_menuBar.window()}, command.tag);
+            command.perform({m_controller, m_help, *m_menuBar.window(), m_rows}, command.tag);
     };
     if (command.mayOpenPanel)
         connect(&action, &QAction::triggered, this,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/RowActions.h"
 #include "controls/VexaHelpController.h"
 #include "engine/menu_validation.h"
 
@@ -41,12 +42,14 @@ private:
     void connectAction(QAction& action, const Command& command);
     bool isAllowed(const Command& command) const;
     QAction* addOpenRecent(QMenu& menu, const Command& command);
+    void fillContextMenu();
     void validate();
 
     QMenuBar& m_menuBar;
     Vexa_RemoteAppDelegate& m_controller;
     RecentFiles& m_recentFiles;
     VexaHelpController m_help;
+    RowActions m_rows;
     std::vector<Item> m_items;
 };
 

@@ -1,5 +1,6 @@
 #include "controls/commands.h"
 
+#include "controls/RowActions.h"
 #include "controls/VexaHelpController.h"
 #include "controls/VexaTimecodeButton.h"
 #include "controls/about_box.h"
@@ -117,18 +118,61 @@ Command batchCommand(Tag tag, std::string_view title, const QList<QKeySequence>&
             }};
 }
 
+Command rowCommand(Tag tag, std::string_view title, const QList<QKeySequence>& shortcuts,
+                   bool mayOpenPanel) {
+    return {handleRowMenuItems, tag,          title,
+            shortcuts,          mayOpenPanel, [](To& to, Tag chosen) { to.rows.perform(chosen); }};
+}
+
+CommandGroup exchangeCommands() {
+    return {"&File",
+            {rowCommand(row_menu::importRows, "&Import…", {}, true),
+             rowCommand(row_menu::exportRows, "&Export…", {}, true),
+             rowCommand(row_menu::print, "&Print…", keys(QKeySequence::Print, Qt::CTRL | Qt::Key_P),
+                        true),
+             rowCommand(row_menu::exportPdf, "Export as P&DF…", {}, true)}};
+}
+
+CommandGroup clipboardCommands() {
+    return {
+        "&Edit",
+        {rowCommand(row_menu::cut, "Cu&t", keys(QKeySequence::Cut, Qt::CTRL | Qt::Key_X), false),
+         rowCommand(row_menu::copy, "&Copy", keys(QKeySequence::Copy, Qt::CTRL | Qt::Key_C), false),
+         rowCommand(row_menu::paste, "&Paste", keys(QKeySequence::Paste, Qt::CTRL | Qt::Key_V),
+                    true),
+         rowCommand(row_menu::selectAll, "Select &All",
+                    keys(QKeySequence::SelectAll, Qt::CTRL | Qt::Key_A), false),
+         rowCommand(row_menu::duplicate, "&Duplicate", key(Qt::CTRL | Qt::Key_D), false)}};
+}
+
+CommandGroup addingCommands() {
+    return {"&Batch List",
+            {batchCommand(batch_menu::add, "Add to Batch &List…", key(Qt::Key_F9), true),
+             rowCommand(row_menu::addNext, "Add &Next…", key(Qt::SHIFT | Qt::Key_F9), true),
+             rowCommand(row_menu::remove, "R&emove", {}, false),
+             rowCommand(row_menu::rename, "Re&name", {}, false)}};
+}
+
+CommandGroup rowAndSettingsCommands() {
+    return {"&Batch List",
+            {rowCommand(row_menu::takeSettings, "&Take Settings from Row", {}, false),
+             rowCommand(row_menu::replaceBySettings, "Re&place Row by Settings", {}, false)}};
+}
+
 } // namespace
 
 const std::vector<CommandGroup>& commandGroups() {
     static const std::vector<CommandGroup> groups{
         fileCommands(),
         savingCommands(),
+        exchangeCommands(),
         {"&File",
          {{.title = "&Quit",
            .shortcuts = keys(QKeySequence::Quit, Qt::CTRL | Qt::Key_Q),
            .mayOpenPanel = true,
            .perform = [](To& to, Tag) { to.window.close(); }}}},
         undoCommands(),
+        clipboardCommands(),
         {"&Edit",
          {{handlePrefsMenu, noTag, "&Preferences…",
            keys(QKeySequence::Preferences, Qt::CTRL | Qt::Key_Comma), true,
@@ -146,8 +190,9 @@ const std::vector<CommandGroup>& commandGroups() {
         {"&Batch List",
          {batchCommand(batch_menu::all, "Stripe &All Items", {}, false),
           batchCommand(batch_menu::selected, "Stripe &Selected Items", {}, false)}},
-        {"&Batch List",
-         {batchCommand(batch_menu::add, "Add to Batch &List…", key(Qt::Key_F9), true)}},
+        addingCommands(),
+        rowAndSettingsCommands(),
+        {"&Batch List", {rowCommand(row_menu::check, "&Check List…", {}, true)}},
         {"&Help",
          {{.title = "&User Guide",
            .shortcuts = keys(QKeySequence::HelpContents, Qt::Key_F1),

@@ -14,6 +14,7 @@ class QWidget;
 
 namespace vexa {
 
+class RowActions;
 class VexaHelpController;
 class Vexa_RemoteAppDelegate;
 
@@ -22,6 +23,7 @@ struct CommandTargets {
     Vexa_RemoteAppDelegate& controller;
     const VexaHelpController& help;
     QWidget& window;
+    RowActions& rows;
 };
 
 /// An item of the menus.

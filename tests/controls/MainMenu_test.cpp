@@ -196,15 +196,19 @@ TEST(MainMenu, HoldsEveryCommandWithItsShortcut) {
     const decltype(menus) expected{
         {"File",
          {"New Ctrl+N", "Open… Ctrl+O", "Open Recent ", "-", "Save Ctrl+S", "Save As… Ctrl+Shift+S",
-          "Revert to Saved ", "-", "Quit Ctrl+Q"}},
-        {"Edit", {"Undo Ctrl+Z", "Redo Ctrl+Shift+Z", "-", "Preferences… Ctrl+,"}},
+          "Revert to Saved ", "-", "Import… ", "Export… ", "Print… Ctrl+P", "Export as PDF… ", "-",
+          "Quit Ctrl+Q"}},
+        {"Edit",
+         {"Undo Ctrl+Z", "Redo Ctrl+Shift+Z", "-", "Cut Ctrl+X", "Copy Ctrl+C", "Paste Ctrl+V",
+          "Select All Ctrl+A", "Duplicate Ctrl+D", "-", "Preferences… Ctrl+,"}},
         {"Timecode",
          {"24 fps ", "25 fps ", "30 fps ", "30 df ", "-", "MTC ", "DTL ", "FSK ", "-",
           "Set Stop Time F8", "-", "Type Start Time F3", "Type Stop Time F4"}},
         {"Stripe", {"Stop F5", "Play F6", "Pause F7"}},
         {"Batch List",
          {"Turn On Batch Striping Ctrl+B", "-", "Stripe All Items ", "Stripe Selected Items ", "-",
-          "Add to Batch List… F9"}},
+          "Add to Batch List… F9", "Add Next… Shift+F9", "Remove ", "Rename ", "-",
+          "Take Settings from Row ", "Replace Row by Settings ", "-", "Check List… "}},
         {"Help", {"User Guide F1", "-", "About "}},
     };
     EXPECT_EQ(menus, expected);

@@ -1,0 +1,144 @@
+#include "controls/ImportPanel.h"
+
+#include "controls/in_background.h"
+#include "controls/plain_text.h"
+#include "interchange/edit_list_reader.h"
+#include "timecode/frame_rate.h"
+#include "timecode/sync_type.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+QString latin1(std::string_view text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QStringList rateNames() {
+    QStringList names;
+    for (const auto& rate : frameRates)
+        names += latin1(rate.name);
+    return names;
+}
+
+QStringList typeNames() {
+    QStringList names;
+    for (std::uint64_t code = 0; code < sync::count; ++code)
+        names += latin1(syncTypeName(code));
+    return names;
+}
+
+} // namespace
+
+ImportPanel::ImportPanel(const QString& title, const ReadingOptions& options,
+                         const std::function<FileText()>& source, QWidget* parent)
+    : QDialog(parent),
+      m_summary(newPlainLabel(tr("Reading…"))),
+      m_lines(new QTableView),
+      m_rate(addChoice(tr("Frame rate"), rateNames(), options.rate)),
+      m_type(addChoice(tr("Sync type"), typeNames(), options.type)),
+      m_times(addChoice(tr("Times"), {tr("Of the reels"), tr("Of the programme")},
+                        static_cast<std::uint64_t>(options.editTimes))) {
+    setPlainWindowTitle(*this, title);
+    build();
+    load(source);
+}
+
+QComboBox* ImportPanel::addChoice(const QString& name, const QStringList& choices,
+                                  std::uint64_t chosen) {
+    auto* box = new QComboBox;
+    box->addItems(choices);
+    box->setCurrentIndex(static_cast<int>(chosen));
+    box->setAccessibleName(name);
+    box->setEnabled(false);
+    connect(box, &QComboBox::activated, this, &ImportPanel::read);
+    return box;
+}
+
+void ImportPanel::build() {
+    m_lines->setModel(&m_model);
+    m_lines->setAccessibleName(tr("Lines"));
+    m_lines->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_lines->setTabKeyNavigation(false);
+    m_lines->verticalHeader()->hide();
+    m_lines->horizontalHeader()->setStretchLastSection(true);
+    auto* choices = new QFormLayout;
+    choices->addRow(tr("Frame &rate, where it is not told:"), m_rate);
+    choices->addRow(tr("&Sync type, where it is not told:"), m_type);
+    choices->addRow(tr("&Times of an edit list:"), m_times);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    m_add = buttons->addButton(tr("&Add Rows"), QDialogButtonBox::AcceptRole);
+    m_add->setEnabled(false);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_summary);
+    layout->addWidget(m_lines, 1);
+    layout->addLayout(choices);
+    layout->addWidget(buttons);
+    for (auto* button : buttons->findChildren<QPushButton*>())
+        button->setAutoDefault(false); // Return adds, wherever the keyboard is
+    m_add->setDefault(true);
+    m_lines->setFocus();
+    resize(720, 480);
+}
+
+void ImportPanel::load(const std::function<FileText()>& source) {
+    inBackground(*this, source, [this](FileText text) {
+        m_source = std::make_shared<const FileText>(std::move(text));
+        m_times->setEnabled(isEditList(m_source->text));
+        read();
+    });
+}
+
+void ImportPanel::read() {
+    m_add->setEnabled(false);
+    const auto work = [source = m_source, options = options()] {
+        if (source->fault.isNull())
+            return readRows(source->text, options);
+        ReadRows none;
+        none.fault = source->fault;
+        return none;
+    };
+    inBackground(*this, work, [this, reading = ++m_reading](ReadRows rows) {
+        if (reading != m_reading)
+            return;
+        m_model.setRows(std::move(rows));
+        show(m_model.rows());
+    });
+}
+
+void ImportPanel::show(const ReadRows& rows) {
+    const auto fault = rows.fault.isNull() ? QString() : tr("Nothing can be read: %1.");
+    m_summary->setText(fault.isNull() ? tr("Rows that can be added: %1. Lines that cannot: %2.")
+                                            .arg(rows.rows.size())
+                                            .arg(rows.refused.size())
+                                      : fault.arg(rows.fault));
+    m_rate->setEnabled(m_rate->isEnabled() || rows.assumedRate);
+    m_type->setEnabled(m_type->isEnabled() || rows.assumedType);
+    m_add->setEnabled(!rows.rows.empty());
+    m_lines->setColumnWidth(2, m_lines->fontMetrics().averageCharWidth() * 30);
+}
+
+ReadingOptions ImportPanel::options() const {
+    return {static_cast<std::uint64_t>(m_rate->currentIndex()),
+            static_cast<std::uint64_t>(m_type->currentIndex()),
+            m_times->currentIndex() == 0 ? EditTimes::source : EditTimes::record};
+}
+
+std::optional<ReadRows> ImportPanel::ask() {
+    return exec() == Accepted ? std::optional(m_model.rows()) : std::nullopt;
+}
+
+} // namespace vexa

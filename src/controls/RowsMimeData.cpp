@@ -1,0 +1,42 @@
+#include "controls/RowsMimeData.h"
+
+#include "interchange/delimited_rows.h"
+#include "interchange/text_encoding.h"
+
+#include <memory>
+
+namespace vexa {
+
+namespace {
+
+const QString tabText = QStringLiteral("text/tab-separated-values");
+const QString commaText = QStringLiteral("text/csv");
+const QString plainText = QStringLiteral("text/plain");
+
+} // namespace
+
+RowsMimeData::RowsMimeData(const BatchItems& items) {
+    m_items.reserve(items.size());
+    for (const auto& item : items)
+        m_items.push_back(std::make_shared<BatchItem>(*item));
+}
+
+QStringList RowsMimeData::formats() const { return {tabText, commaText, plainText}; }
+
+bool RowsMimeData::hasFormat(const QString& mimeType) const { return formats().contains(mimeType); }
+
+QVariant RowsMimeData::retrieveData(const QString& mimeType, QMetaType type) const {
+    if (!hasFormat(mimeType))
+        return {};
+    const auto text = delimitedText(m_items, mimeType == commaText ? u',' : u'\t');
+    return type.id() == QMetaType::QString ? QVariant(text) : QVariant(text.toUtf8());
+}
+
+QString RowsMimeData::rowsText(const QMimeData& data) {
+    for (const auto& format : {tabText, commaText})
+        if (data.hasFormat(format))
+            return decodedText(data.data(format));
+    return data.text();
+}
+
+} // namespace vexa

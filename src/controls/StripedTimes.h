@@ -1,0 +1,29 @@
+#pragma once
+
+#include "batch/BatchItem.h"
+
+#include <QDateTime>
+#include <QObject>
+
+#include <unordered_map>
+
+namespace vexa {
+
+class StripeRun;
+
+/// When items were brought to their end since the program started.
+class StripedTimes : public QObject {
+    Q_OBJECT
+
+public:
+    /// The run must outlive it.
+    explicit StripedTimes(const StripeRun& run);
+
+    /// The last time; null when there was none.
+    QDateTime of(const BatchItemRef& item) const;
+
+private:
+    std::unordered_map<BatchItemRef, QDateTime> m_times;
+};
+
+} // namespace vexa

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QThreadPool>
+
+#include <memory>
+#include <utility>
+
+namespace vexa {
+
+/// Does work on another thread, then calls done(result) on the main thread, unless the context is
+/// gone by then.
+template<typename Work, typename Done>
+void inBackground(QObject& context, Work work, Done done) {
+    const QPointer<QObject> guard(&context);
+    QThreadPool::globalInstance()->start([guard, work = std::move(work), done = std::move(done)] {
+        auto result = std::make_shared<decltype(work())>(work());
+        const auto finish = [guard, done, result] {
+            if (guard)
+                done(std::move(*result));
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), finish, Qt::QueuedConnection);
+    });
+}
+
+} // namespace vexa

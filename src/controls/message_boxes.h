@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace vexa {
+
+/// Tells something over the window. Returns at once.
+void showMessage(QWidget& window, const QString& text, const QString& information = {});
+
+} // namespace vexa

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace vexa {
+
+// Files that lists come from or go to, other than batch lists.
+
+namespace fileDialogs {
+
+struct Kind {
+    const char* title;
+    const char* filter;
+    const char* suffix; ///< of files that are written; null: an existing file is asked for
+};
+
+inline constexpr Kind rowsToRead{"Import", "Rows (*.csv *.tsv *.txt *.edl);;All files (*)",
+                                 nullptr};
+inline constexpr Kind rowsToWrite{"Export", "Comma-separated rows (*.csv)", "csv"};
+inline constexpr Kind pdf{"Export as PDF", "PDF (*.pdf)", "pdf"};
+
+} // namespace fileDialogs
+
+/// Asks for a file of the kind, over the window; null when cancelled. name: what is proposed,
+/// without its suffix.
+QString askForFile(QWidget& window, const fileDialogs::Kind& kind, const QString& name = {});
+
+} // namespace vexa

@@ -1,0 +1,150 @@
+"""Rows as people work with them: cut, copied, pasted, imported, checked and printed."""
+
+import subprocess
+import unittest
+
+from support import desktop
+from support.batch_list import BatchList
+from support.cases import DeviceTest
+from support.items import Item, items_in
+from support.waiting import eventually
+
+ONE = Item(1, "one", "01:00:00:00", "01:10:00:00", "25 fps", "MTC")
+TWO = Item(2, 'say "hm", =1+1', "01:00:00:00", "01:10:00:00", "30 df", "FSK")
+THREE = Item(3, "日本", "01:00:00:00", "01:10:00:00", "24 fps", "DTL")
+
+
+def setUpModule():
+    desktop.start()
+
+
+def clipboard():
+    return subprocess.run(["xclip", "-selection", "clipboard", "-o"], capture_output=True,
+                          encoding="utf-8", timeout=10).stdout
+
+
+def put_on_clipboard(text):
+    subprocess.run(["xclip", "-selection", "clipboard"], input=text, encoding="utf-8", check=True,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+class Rows(DeviceTest):
+    def open_rows(self, *items):
+        window, batch, path = self.open_list(list(items))
+        return window, batch, path
+
+    def test_are_cut_pasted_and_taken_back(self):
+        window, batch, _ = self.open_rows(ONE, TWO, THREE)
+        batch.select(1)
+        window.keys("ctrl+x")
+        batch.await_items([ONE, THREE])
+        eventually("the row is on the clipboard", lambda: 'say ""hm""' in clipboard())
+        self.assertEqual(window.menu("Edit")[0], "Undo Cut")
+        window.keys("ctrl+v")
+        batch.await_items([ONE, TWO, THREE])
+        self.assertEqual(window.menu("Edit")[0], "Undo Paste")
+        window.keys("ctrl+z")
+        batch.await_items([ONE, THREE])
+        window.keys("ctrl+z")
+        batch.await_items([ONE, TWO, THREE])
+        window.keys("ctrl+a", "ctrl+d")
+        batch.await_items([ONE, ONE, TWO, TWO, THREE, THREE])
+
+    def test_come_from_a_spreadsheet(self):
+        window, batch, _ = self.open_rows(ONE)
+        batch.select(0)
+        put_on_clipboard("Title\tTape\tIn\tOut\tRate\tSync\n日本\t3\t1:00:00:00\t1:10:00:00\t24\tdtl\n")
+        window.keys("ctrl+v")
+        batch.await_items([ONE, THREE])
+
+    def test_that_cannot_be_taken_are_named_and_the_rest_can_be_taken(self):
+        window, batch, _ = self.open_rows(ONE)
+        batch.select(0)
+        put_on_clipboard("soon\n3\t日本\t01:00:00:00\t01:10:00:00\t24\tDTL\n")
+        window.keys("ctrl+v")
+        window.await_title("Paste")
+        eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
+        window.keys("Escape")
+        window.await_title("Paste", there=False)
+        batch.await_items([ONE])
+        window.keys("ctrl+v")
+        window.await_title("Paste")
+        eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
+        window.keys("Return")
+        batch.await_items([ONE, THREE])
+
+    def test_times_are_copied_and_pasted(self):
+        window = self.open_window()
+        window.focus("Start time")
+        put_on_clipboard("01020304")
+        window.keys("ctrl+v", "Return")
+        window.await_shown("Start time", "01:02:03:04")
+        window.keys("ctrl+c")
+        eventually("the time is on the clipboard", lambda: clipboard() == "01:02:03:04")
+
+    def test_become_the_settings_and_settings_rows(self):
+        window, batch, _ = self.open_rows(ONE, TWO)
+        batch.select(0)
+        window.choose("Batch List", "Take Settings from Row")
+        window.await_shown("Stop time", "01:10:00:00")
+        self.assertEqual(window.menu("Edit")[0], "Undo Take Settings from Row")
+        batch.select(1)
+        window.choose("Batch List", "Replace Row by Settings")
+        batch.await_items([ONE, ONE._replace(reel=2, title=TWO.title)])
+        window.keys("ctrl+z")
+        batch.await_items([ONE, TWO])
+
+    def test_come_from_a_file_and_go_to_one(self):
+        window, batch, path = self.open_rows(ONE)
+        cues = path.parent / "cues.csv"
+        cues.write_text("Title;Tape;In;Out;Rate;Sync\n日本;3;01:00:00:00;01:10:00:00;24;DTL\n")
+        window.choose("File", "Import…")
+        self.choose_file(window, "Import", cues)
+        window.await_title("Import")
+        eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
+        window.keys("Return")
+        batch.await_items([ONE, THREE])
+        self.assertEqual(window.menu("Edit")[0], "Undo Import")
+        window.choose("File", "Export…")
+        written = path.parent / "out.csv"
+        self.choose_file(window, "Export", written)
+        eventually("the file is written", written.exists)
+        self.assertEqual(written.read_text(encoding="utf-8-sig").splitlines()[2],
+                         "3,日本,01:00:00:00,01:10:00:00,24 fps,DTL")
+
+    def test_are_printed_into_a_file(self):
+        window, _, path = self.open_rows(ONE, THREE)
+        window.choose("File", "Export as PDF…")
+        written = path.parent / "sheet.pdf"
+        self.choose_file(window, "Export as PDF", written)
+        eventually("the file is written", written.exists)
+        text = subprocess.run(["pdftotext", written, "-"], capture_output=True, encoding="utf-8",
+                              check=True).stdout
+        for part in ("Reel 1", "Reel 3", "Page 2 of 2", "Day 1"):
+            self.assertIn(part, text)
+
+    def choose_file(self, window, title, path):
+        window.await_title(title)
+        window.write(str(path))
+        window.keys("Return")
+
+    def test_are_checked_while_the_list_changes(self):
+        overlapping = ONE._replace(title="two", start="01:05:00:00", stop="01:20:00:00")
+        window, batch, _ = self.open_rows(ONE, TWO)
+        window.choose("Batch List", "Check List…")
+        window.await_title("Check List")
+        self.assertTrue(window.is_shown("Nothing to say of this list."))
+        window.await_active("Check List")
+        put_on_clipboard("\t".join(overlapping.row))
+        window.choose("Edit", "Paste")
+        batch.await_items([ONE, overlapping, TWO])
+        finding = "Row 2, “two” overlaps “one”, which ends at 01:10:00:00"
+        eventually("the panel names it", lambda: window.is_shown(finding))
+        window.keys("Tab", "Down", "Return")
+        eventually("its row is selected", lambda: batch.selected() == [1])
+        window.keys("Escape")
+        window.await_title("Check List", there=False)
+
+
+if __name__ == "__main__":
+    unittest.main()
