@@ -23,7 +23,7 @@ std::string whatMatters(const QDBusMessage& call) {
     return ": " +
            (arguments[3].toString() + QStringLiteral(". ") + arguments[4].toString())
                .toStdString() +
-           ", urgency " + hints[QStringLiteral("urgency")].toString().toStdString() + ", " +
+           ", urgency " + std::to_string(hints[QStringLiteral("urgency")].toUInt()) + ", " +
            hints[QStringLiteral("sound-name")].toString().toStdString();
 }
 
