@@ -114,10 +114,13 @@ BatchItems VexaBatchStripeData::itemsOfRows(const RowIndexes& rows) const {
 }
 
 RowIndexes VexaBatchStripeData::rowsOfItems(const BatchItems& items) const {
-    const std::unordered_set<BatchItemRef> wanted(items.begin(), items.end());
+    std::unordered_set<const BatchItem*> wanted;
+    wanted.reserve(items.size());
+    for (const auto& item : items)
+        wanted.insert(item.get());
     RowIndexes rows;
     for (std::size_t row = 0; row < m_batchList.size(); ++row)
-        if (wanted.contains(m_batchList[row]))
+        if (wanted.contains(m_batchList[row].get()))
             rows.insert(rows.end(), row);
     return rows;
 }
