@@ -2,6 +2,7 @@
 #include "app/TimerfdRunLoop.h"
 #include "controls/VexaBatchTableView.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "interchange/read_rows.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/none/NoMidiSystem.h"
 
@@ -141,6 +142,25 @@ void addAnItem(benchmark::State& state) {
     });
 }
 
+/// What a paste of many rows keeps the window busy with, when they have been read.
+void addReadRows(benchmark::State& state) {
+    QString text;
+    for (std::uint64_t row = 0; row < rows; ++row)
+        text += u"%1\tReel %1 of the archive\t01:00:00:00\t01:10:00:00\t25\tMTC\n"_s.arg(row / 10);
+    const auto read = readRows(text, {});
+    bool added = false;
+    measure(
+        state,
+        [&](Window& w) {
+            w.controller.changeItems({}, itemsOfRows(read, w.controller.batchStripeData()),
+                                     u"Paste"_s);
+        },
+        [&](Window& w) {
+            if (std::exchange(added, true))
+                w.undo();
+        });
+}
+
 void often(benchmark::internal::Benchmark* benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(200);
 }
@@ -158,6 +178,7 @@ BENCHMARK(selectAll)->Apply(seldom);
 BENCHMARK(deleteHalf)->Apply(halves);
 BENCHMARK(undoTheDeletion)->Apply(halves);
 BENCHMARK(addAnItem)->Apply(seldom);
+BENCHMARK(addReadRows)->Apply(seldom);
 
 } // namespace
 
