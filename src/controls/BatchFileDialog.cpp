@@ -2,7 +2,6 @@
 
 #include "controls/plain_text.h"
 
-#include <QChildEvent>
 #include <QDir>
 #include <QFileInfo>
 
@@ -41,7 +40,7 @@ QString refusalToSave(const QFileInfo& file) {
 } // namespace
 
 BatchFileDialog::BatchFileDialog(AcceptMode mode, const QString& title, QWidget* parent)
-    : QFileDialog(parent, title) {
+    : PlainFileDialog(parent, title) {
     setAcceptMode(mode);
     setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
     setNameFilter(tr("Batch lists (*%1)").arg(suffix));
@@ -61,14 +60,6 @@ void BatchFileDialog::accept() {
     const bool entersFolder = !typed.isEmpty() && QFileInfo(typed.constFirst()).isDir();
     if (isOfDesktop() || typed.isEmpty() || entersFolder || mayTakeChosenFile())
         QFileDialog::accept();
-}
-
-void BatchFileDialog::childEvent(QChildEvent* event) {
-    QFileDialog::childEvent(event);
-    // The dialog has questions of its own, as before it deletes a file.
-    if (event->polished())
-        if (auto* box = qobject_cast<QMessageBox*>(event->child()))
-            setPlainText(*box, box->text(), box->informativeText());
 }
 
 QString BatchFileDialog::chosenFile() const {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QFileDialog>
+#include "controls/PlainFileDialog.h"
+
 #include <QMessageBox>
 
 #include <optional>
@@ -9,7 +10,7 @@ namespace vexa {
 
 /// The desktop's dialog for a batch list file. It stays open, and says why, where there can be no
 /// such file or its name is not that of a batch list.
-class BatchFileDialog final : public QFileDialog {
+class BatchFileDialog final : public PlainFileDialog {
 public:
     BatchFileDialog(AcceptMode mode, const QString& title, QWidget* parent);
 
@@ -19,7 +20,6 @@ public:
 
 protected:
     void accept() override;
-    void childEvent(QChildEvent* event) override;
 
 private:
     bool isOfDesktop() const { return testAttribute(Qt::WA_DontShowOnScreen); }

@@ -1,11 +1,11 @@
 #include "controls/row_file_dialogs.h"
 
-#include <QFileDialog>
+#include "controls/PlainFileDialog.h"
 
 namespace vexa {
 
 QString askForFile(QWidget& window, const fileDialogs::Kind& kind, const QString& name) {
-    QFileDialog dialog(&window, QFileDialog::tr(kind.title), {}, QFileDialog::tr(kind.filter));
+    PlainFileDialog dialog(&window, QFileDialog::tr(kind.title), {}, QFileDialog::tr(kind.filter));
     dialog.setFileMode(kind.suffix ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (kind.suffix) {
         const auto suffix = QLatin1String(kind.suffix);
