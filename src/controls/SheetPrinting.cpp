@@ -5,6 +5,7 @@
 #include "controls/plain_text.h"
 #include "controls/row_file_dialogs.h"
 
+#include <QLocale>
 #include <QPageSize>
 #include <QPointer>
 #include <QPrintDialog>
@@ -31,7 +32,9 @@ void SheetPrinting::exportPdf(const ReelSheet& sheet) {
     const auto path = askForFile(m_window, fileDialogs::pdf, sheet.listName);
     if (path.isNull())
         return;
-    const auto paper = QPrinter().pageLayout().pageSize(); // the one that is usual here
+    // Not the default printer's: asking for that can take as long as a network does.
+    const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    const QPageSize paper(isLetter ? QPageSize::Letter : QPageSize::A4);
     make(sheet, tr("Writing PDF…"), [=](const ReelSheet& pages, const PageProgress& progress) {
         return writeSheetPdf(pages, path, paper, progress);
     });
