@@ -8,6 +8,8 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QListView>
+#include <QScreen>
+#include <QShowEvent>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -71,7 +73,18 @@ CheckPanel::CheckPanel(Vexa_RemoteAppDelegate& controller, VexaBatchTableView& t
     connect(m_list, &QAbstractItemView::activated, this, &CheckPanel::goTo);
 }
 
+/// Where the screen has room for it.
+void CheckPanel::moveBeside(const QWidget& window) {
+    constexpr int gap = 8;
+    const auto corner = window.frameGeometry().topRight() + QPoint(gap, 0);
+    const auto frame = QRect(corner, frameGeometry().size());
+    if (window.screen()->availableGeometry().contains(frame))
+        move(corner);
+}
+
 void CheckPanel::showEvent(QShowEvent* event) {
+    if (parentWidget() && !event->spontaneous())
+        moveBeside(*parentWidget()->window());
     QDialog::showEvent(event);
     check();
 }

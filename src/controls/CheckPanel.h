@@ -46,6 +46,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void moveBeside(const QWidget& window);
     void check();
     void checkSoon();
     void goTo(const QModelIndex& index);
