@@ -73,6 +73,8 @@ void ImportPanel::build() {
     m_lines->setTabKeyNavigation(false);
     m_lines->verticalHeader()->hide();
     m_lines->horizontalHeader()->setStretchLastSection(true);
+    m_lines->setWordWrap(false);
+    setColumnWidths();
     auto* choices = new QFormLayout;
     choices->addRow(tr("Frame &rate, where it is not told:"), m_rate);
     choices->addRow(tr("&Sync type, where it is not told:"), m_type);
@@ -91,7 +93,7 @@ void ImportPanel::build() {
         button->setAutoDefault(false); // Return adds, wherever the keyboard is
     m_add->setDefault(true);
     m_lines->setFocus();
-    resize(720, 480);
+    resize(900, 480);
 }
 
 void ImportPanel::load(const std::function<FileText()>& source) {
@@ -120,15 +122,26 @@ void ImportPanel::read() {
 }
 
 void ImportPanel::show(const ReadRows& rows) {
-    const auto fault = rows.fault.isNull() ? QString() : tr("Nothing can be read: %1.");
-    m_summary->setText(fault.isNull() ? tr("Rows that can be added: %1. Lines that cannot: %2.")
-                                            .arg(rows.rows.size())
-                                            .arg(rows.refused.size())
-                                      : fault.arg(rows.fault));
+    m_summary->setText(rows.fault.isNull()
+                           ? tr("Rows that can be added: %1. Lines that cannot: %2.")
+                                 .arg(rows.rows.size())
+                                 .arg(rows.refused.size())
+                           : tr("Nothing can be read: %1.").arg(rows.fault));
     m_rate->setEnabled(m_rate->isEnabled() || rows.assumedRate);
     m_type->setEnabled(m_type->isEnabled() || rows.assumedType);
     m_add->setEnabled(!rows.rows.empty());
-    m_lines->setColumnWidth(2, m_lines->fontMetrics().averageCharWidth() * 30);
+}
+
+/// The last column, which says what becomes of a line, takes what the others leave.
+void ImportPanel::setColumnWidths() {
+    const auto wide = {
+        QStringLiteral("500000"),      QStringLiteral("00000"),       QString(24, u'n'),
+        QStringLiteral("00:00:00:00"), QStringLiteral("00:00:00:00"), QStringLiteral("30 fps"),
+        QStringLiteral("MTC")};
+    constexpr int padding = 14;
+    int column = 0;
+    for (const auto& text : wide)
+        m_lines->setColumnWidth(column++, m_lines->fontMetrics().horizontalAdvance(text) + padding);
 }
 
 ReadingOptions ImportPanel::options() const {

@@ -31,6 +31,7 @@ public:
 
 private:
     void build();
+    void setColumnWidths();
     QComboBox* addChoice(const QString& name, const QStringList& choices, std::uint64_t chosen);
     void load(const std::function<FileText()>& source);
     void read();

@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QLineEdit>
 
 namespace vexa {
@@ -144,7 +145,8 @@ void RowActions::add(const ReadRows& rows, const QString& actionName) {
 void RowActions::importRows() {
     const auto path = askForFile(m_window, fileDialogs::rowsToRead);
     if (!path.isNull())
-        ask(tr("Import"), tr("Import"), [path] { return readTextFile(path); });
+        ask(tr("Import %1").arg(QFileInfo(path).fileName()), tr("Import"),
+            [path] { return readTextFile(path); });
 }
 
 void RowActions::exportRows() {

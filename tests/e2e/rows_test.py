@@ -100,9 +100,10 @@ class Rows(DeviceTest):
         cues.write_text("Title;Tape;In;Out;Rate;Sync\n日本;3;01:00:00:00;01:10:00:00;24;DTL\n")
         window.choose("File", "Import…")
         self.choose_file(window, "Import", cues)
-        window.await_title("Import")
+        window.await_title("Import cues.csv")
         eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
         window.keys("Return")
+        window.await_title("Import cues.csv", there=False)
         batch.await_items([ONE, THREE])
         self.assertEqual(window.menu("Edit")[0], "Undo Import")
         window.choose("File", "Export…")
@@ -124,9 +125,9 @@ class Rows(DeviceTest):
             self.assertIn(part, text)
 
     def choose_file(self, window, title, path):
-        window.await_title(title)
-        window.write(str(path))
-        window.keys("Return")
+        window.await_active(title)
+        window.enter("File name:", str(path))
+        window.await_title(title, there=False)
 
     def test_are_checked_while_the_list_changes(self):
         overlapping = ONE._replace(title="two", start="01:05:00:00", stop="01:20:00:00")
