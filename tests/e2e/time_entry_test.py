@@ -197,10 +197,11 @@ class Pasting(TimeEntry):
             with self.subTest(text=rubbish):
                 self.paste(rubbish, lambda: type_on(digit, shown))
 
-    def test_nothing_is_taken_outside_an_entry(self):
+    def test_outside_an_entry_one_begins_and_nothing_is_committed(self):
         self.window.type_time(START, "00:00:07:00")
-        self.paste("01:02:03:04", lambda: self.check_next_play_carries(0, 0, 7, 0))
-        self.assertEqual(self.window.shown(START), "00:00:07:00")
+        self.paste("01:02:03:04", lambda: self.window.await_shown(START, "01:02:03:04"))
+        self.assertTrue(self.window.is_on(START))
+        self.check_next_play_carries(0, 0, 7, 0)
 
 
 class Undoing(TimeEntry):
