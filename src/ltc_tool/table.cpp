@@ -48,8 +48,11 @@ std::string tableText(const std::vector<std::vector<std::string>>& rows) {
 std::string csvText(const std::vector<std::vector<std::string>>& rows) {
     std::string text;
     for (const auto& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            text += (i > 0 ? "," : "") + quoted(row[i]);
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            if (i > 0)
+                text += ',';
+            text += quoted(row[i]);
+        }
         text += '\n';
     }
     return text;

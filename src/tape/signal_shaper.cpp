@@ -20,6 +20,17 @@ constexpr float loudest = 100;
 /// Of the 127 steps in each direction; the rest is headroom for noise.
 constexpr float height = 100;
 
+constexpr std::uint8_t silence = 128;
+constexpr std::uint8_t highest8Bit = silence + static_cast<std::uint8_t>(height);
+
+/// Relative to the square of the reach. Timecode has more than half, noise an eighth.
+constexpr float leastPower = 0.21F;
+constexpr float leastPowerExpected = 0.05F;
+
+/// Samples this close to the middle become silence, so that noise just before timecode has no
+/// edges.
+constexpr float rest = 25;
+
 /// Combines two halves at a time, so the processor handles several values at once.
 template<std::size_t size, typename Combine>
 float folded(std::array<float, size> values, Combine combine) {
@@ -41,6 +52,7 @@ std::span<const std::uint8_t> SignalShaper::shape(std::span<const float> samples
     const float* next = samples.data();
     auto left = (samples.size() + stride - 1) / stride;
     m_shaped.resize((m_filled + left) / m_cellSize * m_cellSize);
+    m_isSilent = true;
     std::span to(m_shaped);
     while (left > 0) {
         const auto count = std::min(left, m_cellSize - m_filled);
@@ -63,12 +75,14 @@ std::span<const std::uint8_t> SignalShaper::shape(std::span<const float> samples
 
 SignalShaper::Cell SignalShaper::measure(std::span<const float> samples) {
     Lanes sums{};
+    Lanes squares{};
     Lanes lowest;
     Lanes highest;
     lowest.fill(samples[0]);
     highest.fill(samples[0]);
     const auto add = [&](std::size_t lane, float sample) {
         sums[lane] += sample;
+        squares[lane] += sample * sample;
         lowest[lane] = lower(lowest[lane], sample);
         highest[lane] = higher(highest[lane], sample);
     };
@@ -78,12 +92,21 @@ SignalShaper::Cell SignalShaper::measure(std::span<const float> samples) {
             add(lane, samples[i + lane]);
     for (; i < samples.size(); ++i)
         add(0, samples[i]);
-    return {folded(sums, std::plus()), folded(lowest, lower), folded(highest, higher)};
+    return {folded(sums, std::plus()), folded(squares, std::plus()), folded(lowest, lower),
+            folded(highest, higher)};
 }
 
 bool SignalShaper::isReasonable(const Cell& cell) {
     // A sum that includes NaN fails every comparison.
     return cell.lowest >= -loudest && cell.highest <= loudest && std::abs(cell.sum) < FLT_MAX;
+}
+
+/// Timecode spends most of its time near one of two levels; noise does not. A decoder fed with
+/// noise takes its edges for bits, and misses the first words that follow.
+bool SignalShaper::isTimecode(float mean, float reach) const {
+    const auto samples = static_cast<float>(m_seen * m_cellSize);
+    const float power = folded(m_squares, std::plus()) / samples - mean * mean;
+    return power > (m_isExpected ? leastPowerExpected : leastPower) * reach * reach;
 }
 
 void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> shaped) {
@@ -93,11 +116,12 @@ void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> sh
             sample = std::abs(sample) <= loudest ? sample : 0;
         cell = measure(filled);
     }
-    if (m_seen == 0) { // the other cells count as equal, except for their sums
+    if (m_seen == 0) {
         m_lowest.fill(cell.lowest);
         m_highest.fill(cell.highest);
     }
     m_sums[m_cell] = cell.sum;
+    m_squares[m_cell] = cell.squares;
     m_lowest[m_cell] = cell.lowest;
     m_highest[m_cell] = cell.highest;
     m_cell = (m_cell + 1) % lanes;
@@ -109,12 +133,27 @@ void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> sh
     const float mean = m_mean =
         folded(m_sums, std::plus()) / static_cast<float>(m_seen * m_cellSize);
     m_peak = (highest - lowest) / 2;
-    const float gain = height / std::max({highest - mean, mean - lowest, quietest});
+    const float reach = std::max({highest - mean, mean - lowest, quietest});
+    if (m_seen < lanes - middle) {
+        // A recording may begin with the first edge of a word. The decoder sees that edge only if
+        // the level before it was different.
+        std::ranges::fill(shaped, m_samples[0] < mean ? highest8Bit : silence);
+        return;
+    }
+    if (!isTimecode(mean, reach)) {
+        std::ranges::fill(shaped, silence);
+        return;
+    }
+    m_isSilent = false;
+    const float gain = height / reach;
 
     const float* const from = m_samples.data() + (m_cell + middle) % lanes * m_cellSize;
     std::uint8_t* const to = shaped.data();
-    for (std::size_t i = 0, count = shaped.size(); i < count; ++i)
-        to[i] = static_cast<std::uint8_t>(static_cast<int>(128.5F + (from[i] - mean) * gain));
+    for (std::size_t i = 0, count = shaped.size(); i < count; ++i) {
+        const float sample = (from[i] - mean) * gain;
+        const float outside = std::abs(sample) < rest ? 0 : sample;
+        to[i] = static_cast<std::uint8_t>(static_cast<int>(silence + 0.5F + outside));
+    }
 }
 
 } // namespace vexa

@@ -8,8 +8,8 @@
 
 namespace vexa {
 
-/// Prepares a recorded channel for a decoder: 8-bit samples, levelled, without DC and hum. The
-/// output lags behind the input.
+/// Makes of a recorded channel what a decoder reads best: the samples in 8 bits, levelled, without
+/// direct current and hum, and silence where there is but noise. What comes out lags behind.
 ///
 /// Works in cells of two thirds of a millisecond and considers the surrounding ones. Over a few
 /// bits timecode has no DC, so their mean is not part of the signal.
@@ -20,6 +20,13 @@ public:
     /// Takes samples; the first and every `stride`th after it belong to the channel. Returns the
     /// samples that are ready, valid until the next call. Invalid numbers count as 0.
     std::span<const std::uint8_t> shape(std::span<const float> samples, std::size_t stride);
+
+    /// Where timecode has been read, it may be buried in noise; elsewhere that would be noise
+    /// alone.
+    void expectTimecode(bool isExpected) { m_isExpected = isExpected; }
+
+    /// Whether the last output is silence throughout.
+    bool isSilent() const { return m_isSilent; }
 
     /// The output's lag in samples; it starts with that much silence.
     std::size_t lag() const { return m_cellSize * (lanes - 1 - middle); }
@@ -38,22 +45,27 @@ private:
 
     struct Cell {
         float sum = 0;
+        float squares = 0;
         float lowest = 0;
         float highest = 0;
     };
 
     static Cell measure(std::span<const float> samples);
     static bool isReasonable(const Cell& cell);
+    bool isTimecode(float mean, float reach) const;
     void closeCell(std::span<float> filled, std::span<std::uint8_t> shaped);
 
     std::size_t m_cellSize;
     std::vector<float> m_samples; ///< of the considered cells, as a ring
     Lanes m_sums{};               ///< of each of these cells
+    Lanes m_squares{};
     Lanes m_lowest{};
     Lanes m_highest{};
     std::size_t m_cell = 0;   ///< cell of the ring being filled
     std::size_t m_filled = 0; ///< samples in that cell
     std::size_t m_seen = 0;   ///< cells of the ring with content
+    bool m_isExpected = false;
+    bool m_isSilent = true;
     float m_mean = 0;
     float m_peak = 0;
     std::vector<std::uint8_t> m_shaped;

@@ -96,8 +96,13 @@ TapeFault junctionFault(const Stretch& before, const Stretch& after, std::uint32
         fault.frames = static_cast<std::uint64_t>(way - 1);
         fault.from = advanced(before.last, 1, rate);
         fault.to = frameBefore(after.first, rate);
-    } else {
-        fault.amount = (after.begin - before.end) / sampleRate;
+    }
+    const double excess = (after.begin - before.end) / sampleRate -
+                          static_cast<double>(fault.frames) * rate.frameInterval;
+    if (way == 1 || (way > 1 && excess > rate.frameInterval / 2)) {
+        fault.kind = Kind::Pause;
+        fault.from = after.first;
+        fault.amount = excess;
     }
     return fault;
 }
@@ -130,7 +135,8 @@ std::string text(const TapeFault& fault) {
         return "back by " + framesText(fault.frames) + ", to " + timecodeText(fault.from);
     case Kind::Pause:
         return "stands still for " + number(fault.amount, "s") + " before " +
-               timecodeText(fault.from);
+               timecodeText(fault.from) +
+               (fault.frames > 0 ? ", without " + framesText(fault.frames) : "");
     case Kind::Late:
         return "begins " + framesText(fault.frames) + " late, at " + timecodeText(fault.from);
     case Kind::Early:

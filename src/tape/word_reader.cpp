@@ -13,9 +13,17 @@ namespace {
 /// The decoder's initial rate; it then follows the signal.
 constexpr std::uint32_t framesASecond = 25;
 
+/// For a quarter of a second after a word, another one is expected.
+constexpr std::uint32_t expectationsASecond = 4;
+
+/// A hundredth of a second of silence means that timecode has ended.
+constexpr std::uint32_t silencesASecond = 100;
+
+constexpr std::uint32_t beginningsASecond = 10;
+
 /// More words than the samples of one call can contain.
 constexpr int queueSize = 64;
-constexpr std::size_t mostSamples = 4096;
+constexpr std::size_t mostSamples = 1024;
 
 LtcUserBits userBits(const LTCFrame& frame) {
     const std::array<unsigned, 8> groups{frame.user1, frame.user2, frame.user3, frame.user4,
@@ -49,25 +57,52 @@ bool isTime(const TapeWord& word, const LTCFrame& frame) {
 
 WordReader::WordReader(std::uint32_t sampleRate)
     : m_shaper(sampleRate),
-      m_decoder(ltc_decoder_create(static_cast<int>(sampleRate / framesASecond), queueSize),
-                ltc_decoder_free),
+      m_sampleRate(sampleRate),
+      m_decoder(nullptr, ltc_decoder_free),
       m_position(-static_cast<long long>(m_shaper.lag())) {
+    renewDecoder();
+}
+
+void WordReader::renewDecoder() {
+    m_decoder.reset(ltc_decoder_create(static_cast<int>(m_sampleRate / framesASecond), queueSize));
     if (!m_decoder)
         throw std::bad_alloc();
+    m_isFresh = true;
 }
 
 void WordReader::read(std::span<const float> samples, std::size_t stride,
                       const std::function<void(const TapeWord&)>& onWord) {
     while (!samples.empty()) {
         const auto part = samples.first(std::min(samples.size(), mostSamples * stride));
+        m_shaper.expectTimecode(m_position < m_timecodeEnd);
         const auto shaped = m_shaper.shape(part, stride);
-        // The decoder does not change the samples, though it does not declare them const.
-        ltc_decoder_write(m_decoder.get(), const_cast<ltcsnd_sample_t*>(shaped.data()),
-                          shaped.size(), m_position);
-        m_position += static_cast<long long>(shaped.size());
+        // Noise after timecode makes the decoder track a speed from which it does not recover.
+        m_silence = m_shaper.isSilent() ? m_silence + shaped.size() : 0;
+        m_isFresh = m_isFresh && m_shaper.isSilent();
+        if (!m_isFresh && m_silence > m_sampleRate / silencesASecond)
+            renewDecoder();
+        if (!m_hasBegun && !shaped.empty())
+            begin(shaped.front());
+        write(shaped);
         decode(onWord);
         samples = samples.subspan(part.size());
     }
+}
+
+/// Holds the first level for a while, so that the decoder takes no interval before the first edge
+/// for a bit.
+void WordReader::begin(std::uint8_t height) {
+    m_hasBegun = true;
+    const std::vector<std::uint8_t> before(m_sampleRate / beginningsASecond, height);
+    m_position -= static_cast<long long>(before.size());
+    write(before);
+}
+
+void WordReader::write(std::span<const std::uint8_t> shaped) {
+    // The decoder takes them as constants in all but name.
+    ltc_decoder_write(m_decoder.get(), const_cast<ltcsnd_sample_t*>(shaped.data()), shaped.size(),
+                      m_position);
+    m_position += static_cast<long long>(shaped.size());
 }
 
 void WordReader::finish(const std::function<void(const TapeWord&)>& onWord) {
@@ -79,8 +114,10 @@ void WordReader::decode(const std::function<void(const TapeWord&)>& onWord) {
     LTCFrameExt frame;
     while (ltc_decoder_read(m_decoder.get(), &frame) > 0) {
         const auto word = tapeWord(frame, m_shaper.peak());
-        if (!frame.reverse && isTime(word, frame.ltc))
-            onWord(word);
+        if (frame.reverse || !isTime(word, frame.ltc))
+            continue;
+        m_timecodeEnd = m_position + m_sampleRate / expectationsASecond;
+        onWord(word);
     }
 }
 

@@ -37,12 +37,15 @@ TEST(TapeFault, NamesWhereOneLeadsToTheNext) {
     tape.stretches = {stretch({23, 59, 50, 0}, {23, 59, 59, 23}, 0, 480000),
                       stretch({0, 0, 0, 1}, {0, 0, 9, 24}, 480100, 960100),
                       stretch({0, 0, 9, 24}, {0, 0, 19, 24}, 960100, 1440000),
-                      stretch({0, 0, 20, 0}, {0, 0, 29, 24}, 1444800, 1924800),
+                      stretch({0, 0, 20, 0}, {0, 0, 24, 24}, 1444800, 1684800),
+                      stretch({0, 0, 25, 1}, {0, 0, 29, 24}, 1691520, 1924800),
                       stretch({0, 0, 30, 0}, {0, 0, 39, 29}, 1924800, 2404800, rate::fps30)};
-    EXPECT_THAT(textsOf(tape), ElementsAre("2 frames missing, 23:59:59:24 to 00:00:00:00",
-                                           "back by 1 frame, to 00:00:09:24",
-                                           "stands still for 0.100 s before 00:00:20:00",
-                                           "30 fps from 00:00:30:00 on"));
+    EXPECT_THAT(textsOf(tape),
+                ElementsAre("2 frames missing, 23:59:59:24 to 00:00:00:00",
+                            "back by 1 frame, to 00:00:09:24",
+                            "stands still for 0.100 s before 00:00:20:00",
+                            "stands still for 0.100 s before 00:00:25:01, without 1 frame",
+                            "30 fps from 00:00:30:00 on"));
 }
 
 TEST(TapeFault, SpeedsOfShortStretchesAreNotKnownSoWell) {
