@@ -3,21 +3,15 @@ independent programs."""
 
 import itertools
 import math
-import os
 import pathlib
 import re
-import signal
 import subprocess
-import tempfile
 import unittest
-import wave
 
 import mido
 
 from support import desktop, program
-from support.cases import ProgramTest
-from support.jack import JackServer, listed_ports
-from support.processes import Child
+from support.studio import Recording, StudioTest
 from support.waiting import eventually
 from support.window import Window
 
@@ -43,45 +37,7 @@ def words(first, last, rate):
         frames = 0
 
 
-class Recording:
-    """A recording of a port by jack_capture."""
-
-    def __init__(self, port, path):
-        self._path = path
-        command = ["jack_capture", "--no-stdin", "--disable-meter", "--bitdepth", "16",
-                   "--channels", "1", "--port", port, path]
-        self._child = Child(*command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        eventually("the recording runs", lambda: any("jack_capture" in p for p in listed_ports()))
-
-    def words(self):
-        """Ends the recording, and returns the words that libltc decodes from it."""
-        self._child.stop(signal.SIGINT)
-        with wave.open(str(self._path)) as file:
-            samples, rate = file.readframes(file.getnframes()), file.getframerate()
-        reader = pathlib.Path(program.PATH).with_name("ltc_read")
-        read = subprocess.run([reader, str(rate)], input=samples, capture_output=True, check=True)
-        return read.stdout.decode().splitlines()
-
-
-class GeneratorTest(ProgramTest):
-    def open_generator(self, sample_rate, period):
-        server = JackServer(sample_rate, period)
-        server.start()
-        self.addCleanup(server.stop)
-        folder = tempfile.TemporaryDirectory(prefix="vexa-e2e-timecode-")
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-        self.log = self.folder / "log"
-        path = pathlib.Path(program.PATH).with_name("vexa-generator")
-        generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
-        self.addCleanup(generator.stop)
-        eventually("the generator is ready", lambda: "ready" in self.text())
-
-    def text(self):
-        return self.log.read_text() if os.path.exists(self.log) else ""
-
-
-class MidiTimecode(GeneratorTest):
+class MidiTimecode(StudioTest):
     """Quarter frames, recorded with their samples and decoded by mido."""
 
     SECOND = 48000
@@ -131,7 +87,7 @@ class MidiTimecode(GeneratorTest):
         self.check("30 df", "03", self.SECOND * 1001 / 30000)
 
 
-class LinearTimecode(GeneratorTest):
+class LinearTimecode(StudioTest):
     """LTC, recorded by jack_capture and decoded by libltc."""
 
     def open(self, sample_rate, period):

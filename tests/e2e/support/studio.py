@@ -1,0 +1,55 @@
+"""The software generator on a JACK server, and a recorder for its signal."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import tempfile
+import wave
+
+from support import program
+from support.cases import ProgramTest
+from support.jack import JackServer, listed_ports
+from support.processes import Child
+from support.waiting import eventually
+
+
+class Recording:
+    """A recording of a port by jack_capture."""
+
+    def __init__(self, port, path):
+        self._path = path
+        command = ["jack_capture", "--no-stdin", "--disable-meter", "--bitdepth", "16",
+                   "--channels", "1", "--port", port, path]
+        self._child = Child(*command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        eventually("the recording runs", lambda: any("jack_capture" in p for p in listed_ports()))
+
+    def end(self):
+        self._child.stop(signal.SIGINT)
+
+    def words(self):
+        """Ends the recording, and returns the words that libltc decodes from it."""
+        self.end()
+        with wave.open(str(self._path)) as file:
+            samples, rate = file.readframes(file.getnframes()), file.getframerate()
+        reader = pathlib.Path(program.PATH).with_name("ltc_read")
+        read = subprocess.run([reader, str(rate)], input=samples, capture_output=True, check=True)
+        return read.stdout.decode().splitlines()
+
+
+class StudioTest(ProgramTest):
+    def open_generator(self, sample_rate, period):
+        server = JackServer(sample_rate, period)
+        server.start()
+        self.addCleanup(server.stop)
+        folder = tempfile.TemporaryDirectory(prefix="vexa-e2e-studio-")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.log = self.folder / "log"
+        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
+        self.addCleanup(generator.stop)
+        eventually("the generator is ready", lambda: "ready" in self.text())
+
+    def text(self):
+        return self.log.read_text() if os.path.exists(self.log) else ""
