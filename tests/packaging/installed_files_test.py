@@ -80,6 +80,18 @@ class InstalledFiles(unittest.TestCase):
                     options(formatted), options(run(self.prefix / "bin" / program, "--help"))
                 )
 
+    def test_completion(self):
+        for program in PROGRAMS:
+            with self.subTest(program=program):
+                file = self.share / "bash-completion" / "completions" / program
+                path = self.prefix / "bin" / program
+                script = f"""compopt() {{ :; }}; source {file}
+                    COMP_WORDS=({path} --); COMP_CWORD=1
+                    _vexa {path} -- {path}; echo "${{COMPREPLY[@]}}"; complete -p {program}"""
+                completed = run("bash", "-c", script)
+                self.assertEqual(options(completed), options(run(path, "--help")))
+                self.assertIn(f"complete -F _vexa {program}", completed)
+
     def test_samples(self):
         samples = self.share / "doc" / "vexa-remote" / "examples"
         self.assertIn("short.vexaB", [sample.name for sample in samples.iterdir()])
