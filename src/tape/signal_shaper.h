@@ -8,8 +8,8 @@
 
 namespace vexa {
 
-/// Makes of a recorded channel what a decoder reads best: the samples in 8 bits, levelled, without
-/// direct current and hum, and silence where there is but noise. What comes out lags behind.
+/// Prepares a recorded channel for a decoder: 8-bit samples, levelled, without DC and hum, and
+/// silence instead of mere noise. The output lags behind the input.
 ///
 /// Works in cells of two thirds of a millisecond and considers the surrounding ones. Over a few
 /// bits timecode has no DC, so their mean is not part of the signal.
@@ -21,8 +21,7 @@ public:
     /// samples that are ready, valid until the next call. Invalid numbers count as 0.
     std::span<const std::uint8_t> shape(std::span<const float> samples, std::size_t stride);
 
-    /// Where timecode has been read, it may be buried in noise; elsewhere that would be noise
-    /// alone.
+    /// Lets noisier signals through, which count as mere noise where no timecode has been read.
     void expectTimecode(bool isExpected) { m_isExpected = isExpected; }
 
     /// Whether the last output is silence throughout.

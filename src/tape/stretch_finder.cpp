@@ -88,7 +88,7 @@ void StretchFinder::begin(const TapeWord& first) {
     m_rates = ratesOf(first);
     m_last = first;
     m_firstEnd = first.end;
-    m_peaks = first.peak;
+    m_peaks = 0;
 }
 
 void StretchFinder::append(const TapeWord& word, const Step& step) {
@@ -100,8 +100,8 @@ void StretchFinder::append(const TapeWord& word, const Step& step) {
     m_lastBegin = word.begin;
     m_stretch.frames += step.frames;
     m_rates = step.rates;
+    m_peaks += m_last.peak;
     m_last = word;
-    m_peaks += word.peak;
 }
 
 void StretchFinder::close() {
@@ -125,7 +125,7 @@ void StretchFinder::close() {
     stretch.last = m_last.time;
     stretch.begin = m_firstEnd - frameLength;
     stretch.end = m_lastBegin + frameLength;
-    stretch.peak = m_peaks / static_cast<double>(stretch.frames - stretch.unread);
+    stretch.peak = m_peaks / static_cast<double>(stretch.frames - stretch.unread - 1);
     m_onStretch(std::move(stretch));
 }
 

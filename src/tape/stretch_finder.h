@@ -55,7 +55,7 @@ private:
     /// their edges, so the places are as exact as possible.
     double m_firstEnd = 0;
     double m_lastBegin = 0;
-    double m_peaks = 0; ///< sum over the words read
+    double m_peaks = 0; ///< sum over the words but the last, at whose end the signal may be gone
 
     std::optional<TapeWord> m_doubt; ///< noise, or the first word of another stretch
 };

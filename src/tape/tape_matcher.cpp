@@ -41,7 +41,7 @@ private:
         if (passage.begin == passage.end)
             return;
         const auto row = bestRow(passage);
-        if (!row)
+        if (!row || (isRunOn(passage) && !isWholeIn(passage, m_rows[*row])))
             return leave(passage);
         const auto numbers = numbersOf(passage, *m_rows[*row].rate);
         const auto common = overlap(numbers, rangeOf(m_rows[*row]));
@@ -58,17 +58,26 @@ private:
         place({passage.recording, passage.stretch, claimed.end, passage.end});
     }
 
-    /// No row claims the passage, but it may be timecode after a row's end, before the generator
-    /// stopped.
     void leave(const Passage& passage) {
-        const auto aSecond =
-            static_cast<std::uint64_t>(stretchOf(passage, m_tapes).rate->frameCount);
-        if (m_lastRow && m_last.recording == passage.recording &&
-            m_last.stretch == passage.stretch && m_last.end == passage.begin &&
-            passage.end - passage.begin < aSecond)
+        if (isRunOn(passage))
             m_match.rows[*m_lastRow].runOn = passage;
         else
             m_match.unlisted.push_back(passage);
+    }
+
+    /// Whether the passage is timecode after a row's end, before the generator stopped. It may have
+    /// the times at which the next row begins.
+    bool isRunOn(const Passage& passage) const {
+        const auto aSecond =
+            static_cast<std::uint64_t>(stretchOf(passage, m_tapes).rate->frameCount);
+        return m_lastRow && m_last.recording == passage.recording &&
+               m_last.stretch == passage.stretch && m_last.end == passage.begin &&
+               passage.end - passage.begin < aSecond;
+    }
+
+    /// Whether the passage holds the whole row.
+    bool isWholeIn(const Passage& passage, const TapeRow& row) const {
+        return overlap(numbersOf(passage, *row.rate), rangeOf(row)) == rangeOf(row);
     }
 
     /// A passage's numbers, counted at a row's rate.

@@ -99,7 +99,7 @@ void WordReader::begin(std::uint8_t height) {
 }
 
 void WordReader::write(std::span<const std::uint8_t> shaped) {
-    // The decoder takes them as constants in all but name.
+    // The decoder does not change the samples, though it does not declare them const.
     ltc_decoder_write(m_decoder.get(), const_cast<ltcsnd_sample_t*>(shaped.data()), shaped.size(),
                       m_position);
     m_position += static_cast<long long>(shaped.size());

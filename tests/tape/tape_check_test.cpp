@@ -132,6 +132,15 @@ TEST_F(TapeCheck, WhatRunsOnForAWhileBelongsToTheRow) {
     EXPECT_THAT(verdict().unlisted, IsEmpty());
 }
 
+TEST_F(TapeCheck, WhatRunsOnIsNotTheBeginningOfTheNextRow) {
+    row({1, 0, 0, 0}, {1, 0, 10, 0});
+    row({1, 0, 10, 0}, {1, 0, 20, 0});
+    stretch({1, 0, 0, 0}, 252);
+    stretch({1, 0, 10, 0}, 250);
+    EXPECT_THAT(faults(0), ElementsAre("runs on for 2 frames"));
+    EXPECT_THAT(faults(1), IsEmpty());
+}
+
 TEST_F(TapeCheck, WhatGoesOnForLongerIsOnNoRow) {
     row({1, 0, 0, 0}, {1, 0, 10, 0});
     stretch({0, 59, 59, 0}, 300);
