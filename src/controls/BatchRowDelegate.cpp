@@ -32,7 +32,13 @@ QColor textColor(const QStyleOptionViewItem& option) {
         group, option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text);
 }
 
-/// A triangle or a tick.
+QColor signColor(const QPalette& palette, StripeMark mark) {
+    if (mark != StripeMark::stoppedHere)
+        return markColor(palette);
+    return isDark(palette) ? QColor(0xff, 0xb3, 0x2e) : QColor(0x9a, 0x5b, 0x00);
+}
+
+/// A triangle, a tick, or the square of the transport's stop.
 void paintSign(QPainter& painter, const QRectF& square, StripeMark mark, const QColor& color) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -42,6 +48,8 @@ void paintSign(QPainter& painter, const QRectF& square, StripeMark mark, const Q
         QPainterPath triangle;
         triangle.addPolygon(QPolygonF{{{0.1, 0.0}, {1.0, 0.5}, {0.1, 1.0}}});
         painter.fillPath(triangle, color);
+    } else if (mark == StripeMark::stoppedHere) {
+        painter.fillRect(QRectF(0.1, 0.1, 0.8, 0.8), color);
     } else {
         painter.setPen(QPen(color, 0.18, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolyline(QPolygonF{{{0.05, 0.55}, {0.35, 0.85}, {0.95, 0.15}}});
@@ -88,7 +96,8 @@ void BatchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         const QRectF square(content.right() + 1,
                             cell.rect.y() + (cell.rect.height() - signSide) / 2.0, signSide,
                             signSide);
-        paintSign(*painter, square, mark, selected ? textColor(cell) : markColor(cell.palette));
+        paintSign(*painter, square, mark,
+                  selected ? textColor(cell) : signColor(cell.palette, mark));
     }
     painter->setFont(cell.font);
     painter->setPen(textColor(cell));

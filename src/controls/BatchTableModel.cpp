@@ -28,6 +28,8 @@ QString accessibleText(StripeMark mark) {
         return BatchTableModel::tr("Under way");
     case StripeMark::finished:
         return BatchTableModel::tr("Finished");
+    case StripeMark::stoppedHere:
+        return BatchTableModel::tr("Stopped here");
     case StripeMark::none:
         break;
     }

@@ -27,11 +27,16 @@ void ListDocument::open(const QString& path) {
 
 bool ListDocument::save(const QString& path) {
     const bool written = writeListFile(path, m_list.batchList());
-    tieTo(path, true);
+    tieTo(path, true, written);
     return written;
 }
 
-void ListDocument::tieTo(const QString& path, bool toFile) {
+QString ListDocument::unwrittenFile() const {
+    return m_written ? QString() : QFileInfo(m_url).fileName();
+}
+
+void ListDocument::tieTo(const QString& path, bool toFile, bool written) {
+    m_written = written;
     m_dirty = false;
     m_previouslySaved = toFile;
     m_url = path;

@@ -23,6 +23,9 @@ public:
     /// The file's name at the last retitle(), up to its first full stop.
     const QString& fileTitle() const { return m_fileTitle; }
     void retitle();
+    /// The name of the file that the list is tied to, where it could not be written there; empty
+    /// otherwise.
+    QString unwrittenFile() const;
 
     /// Empties the list and detaches it from its file.
     void clear();
@@ -34,11 +37,12 @@ public:
     bool save(const QString& path);
 
 private:
-    void tieTo(const QString& path, bool toFile);
+    void tieTo(const QString& path, bool toFile, bool written = true);
 
     VexaBatchStripeData& m_list;
     bool m_dirty = false;
     bool m_previouslySaved = false;
+    bool m_written = true;
     QString m_url;
     QString m_fileTitle;
 };

@@ -1,16 +1,8 @@
 #pragma once
 
-#include "batch/VexaBatchStripeData.h"
-#include "document/ListDocument.h"
-#include "engine/MidiGeneratorLink.h"
-#include "engine/TransportBlink.h"
-#include "engine/UndoManager.h"
+#include "engine/ControllerState.h"
+#include "engine/RunDisplay.h"
 #include "engine/VexaAddToBatchController.h"
-#include "engine/outlets.h"
-#include "stripe/StripePlan.h"
-#include "stripe/StripeRun.h"
-#include "stripe/transport_state.h"
-#include "timecode/frame_rate.h"
 
 #include <QObject>
 #include <QString>
@@ -22,8 +14,9 @@ namespace vexa {
 
 /// The application's controller. It forwards the operator's actions to the run, the list and the
 /// undo manager, and shows the results through its outlets, which stand for a window or a terminal.
-/// Operations are grouped by source file; its name heads each group. Main thread only.
-class Vexa_RemoteAppDelegate : public QObject {
+/// What it holds is in its ControllerState. Operations are grouped by source file; its name heads
+/// each group. Main thread only.
+class Vexa_RemoteAppDelegate : public QObject, public ControllerState {
     Q_OBJECT
 
 public:
@@ -94,6 +87,10 @@ public:
     void handleBatchRadios();
     /// Takes any tag; unknown ones do nothing.
     void handleBatchListMenuItems(std::uint64_t tag);
+    /// Selects this row, or the first that is selected, and all after it for the next run.
+    void stripeFromThisRow();
+    /// While no run is under way, in a list with a row that the keyboard is at.
+    bool canStripeFromThisRow() const;
     /// A click on a row does nothing by itself.
     void handleBatchTableEdit() {}
     void tableViewSelectionDidChange() { handleBatchControlEnabling(); }
@@ -140,50 +137,6 @@ public:
     /// Shows the file's name, up to its first full stop, in the window's title.
     void setListTitle();
 
-    void setUseBatch(bool useBatch) { m_plan.useBatch = useBatch; }
-    void setBatchMode(std::uint64_t mode) { m_plan.batchMode = mode; }
-    void setDelayInSeconds(double delay) { m_plan.delayInSeconds = delay; }
-    void setPauseForReelChange(bool pause) { m_plan.pauseForReelChange = pause; }
-    void setDefaultFrameRate(std::uint64_t code) { m_defaultFrameRate = code; }
-    void setDefaultSyncType(std::uint64_t code) { m_defaultSyncType = code; }
-
-    // The state. Times are packed timecodes.
-    std::uint64_t transportState() const { return m_transportState; }
-    std::uint64_t prevTransportState() const { return m_prevTransportState; }
-    std::uint64_t startTime() const { return m_plan.settings.startTime; }
-    std::uint64_t stopTime() const { return m_plan.settings.stopTime; }
-    bool stopTimeSet() const { return m_plan.stopTimeSet; }
-    std::uint64_t currentTime() const { return m_run.currentTime(); }
-    std::uint64_t currentStopTime() const { return m_run.progress().currentStop; }
-    std::uint64_t frameRate() const { return m_plan.settings.frameRate; }
-    double frameCount() const { return frameRateForCode(frameRate()).frameCount; }
-    double frameInterval() const { return frameRateForCode(frameRate()).frameInterval; }
-    std::uint64_t syncType() const { return m_plan.settings.syncType; }
-    bool useBatch() const { return m_plan.useBatch; }
-    /// useBatch() before the last click on the batch radios.
-    bool previousUseBatch() const { return m_previousUseBatch; }
-    std::uint64_t batchMode() const { return m_plan.batchMode; }
-    std::uint64_t itemsToStripe() const { return m_run.progress().itemsToStripe; }
-    /// Always 0: each item of a run counts as the first.
-    std::uint64_t currentStripeItem() const { return 0; }
-    std::uint64_t currentReel() const { return m_run.progress().reel; }
-    bool waitingForReelChange() const { return m_run.progress().phase == Phase::awaitingReel; }
-    VexaBatchStripeData& batchStripeData() { return m_batchStripeData; }
-    const VexaBatchStripeData& batchStripeData() const { return m_batchStripeData; }
-    bool dirty() const { return m_document.dirty(); }
-    bool previouslySaved() const { return m_document.previouslySaved(); }
-    const QString& url() const { return m_document.url(); }
-    const QString& fileTitle() const { return m_document.fileTitle(); }
-    double delayInSeconds() const { return m_plan.delayInSeconds; }
-    bool pauseForReelChange() const { return m_plan.pauseForReelChange; }
-    std::uint64_t defaultFrameRate() const { return m_defaultFrameRate; }
-    std::uint64_t defaultSyncType() const { return m_defaultSyncType; }
-    const Outlets& outlets() const { return m_outlets; }
-    UndoManager& undoManager() { return m_undoManager; }
-    const UndoManager& undoManager() const { return m_undoManager; }
-    /// The run, for observers of its signals and progress.
-    const StripeRun& run() const { return m_run; }
-
 Q_SIGNALS:
     /// The frame rate was set while the transport was stopped, and the displays have adopted it.
     void vexaratechg();
@@ -191,10 +144,9 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
-    void connectRun(); // transport.cpp, like the four that follow
-    void showPhase();
-    void showItem();
-    void showEnd(StripeRun::End how);
+    void connectRun(); // transport.cpp, like the three that follow
+    void followPhase();
+    void followEnd(StripeRun::End how);
     void changeReel(std::uint64_t reel);
     void fitBatchControls();  // control_enabling.cpp
     void announceFrameRate(); // settings.cpp
@@ -210,22 +162,10 @@ private:
     int askToSave();
     void listReplaced();
 
-    Outlets m_outlets;
-    UndoManager m_undoManager;
     VexaAddToBatchController m_addToBatchController;
-    VexaBatchStripeData m_batchStripeData{this};
-    ListDocument m_document{m_batchStripeData};
-    StripePlan m_plan;
-    MidiGeneratorLink m_link;
-    StripeRun m_run;
-    TransportBlink m_blink;
-    std::uint64_t m_transportState = transport::stopped;
-    std::uint64_t m_prevTransportState = transport::stopped;
+    RunDisplay m_display;
     bool m_prevStopTimeSet = false; ///< the flag before the current edit
-    bool m_previousUseBatch = false;
-    bool m_asking = false; ///< a question about the list is open
-    std::uint64_t m_defaultFrameRate = 0;
-    std::uint64_t m_defaultSyncType = 0;
+    bool m_asking = false;          ///< a question about the list is open
 };
 
 } // namespace vexa

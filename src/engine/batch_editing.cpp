@@ -124,6 +124,31 @@ void Vexa_RemoteAppDelegate::undoRedoBatchMode(std::uint64_t mode, const QString
     registerEdit(actionName, [this, old](const QString& name) { undoRedoBatchMode(old, name); });
 }
 
+bool Vexa_RemoteAppDelegate::canStripeFromThisRow() const {
+    const auto& table = *m_outlets.batchTable;
+    const bool isRunOver =
+        m_transportState == transport::stopped || m_transportState == transport::paused;
+    return isRunOver && (table.hasSelectedRows() || !table.keyboardRow().empty());
+}
+
+void Vexa_RemoteAppDelegate::stripeFromThisRow() {
+    auto& table = *m_outlets.batchTable;
+    const auto these = table.hasSelectedRows() ? table.selectedRowIndexes() : table.keyboardRow();
+    if (these.empty())
+        return;
+    RowIndexes rows;
+    for (auto row = *these.begin(); row < m_batchStripeData.numItems(); ++row)
+        rows.insert(rows.end(), row);
+    table.selectRows(rows);
+    fitBatchControls();
+    m_plan.useBatch = true;
+    m_outlets.batchCheck->setState(true);
+    if (m_plan.batchMode == batchModeSelected)
+        Q_EMIT stateChanged();
+    else
+        undoRedoBatchMode(batchModeSelected, stripe(batchModeSelected));
+}
+
 void Vexa_RemoteAppDelegate::handleBatchListMenuItems(std::uint64_t tag) {
     switch (tag) {
     case batch_menu::all:

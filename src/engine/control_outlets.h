@@ -81,7 +81,12 @@ public:
 };
 
 /// How far a batch run has got with an item.
-enum class StripeMark { none, underWay, finished };
+enum class StripeMark {
+    none,
+    underWay,
+    finished,
+    stoppedHere, ///< interrupted, or the one that would have come next
+};
 
 /// The table that shows the batch list.
 class BatchTable {

@@ -87,6 +87,8 @@ MenuItemState validateMenuItem(const Vexa_RemoteAppDelegate& controller, MenuAct
                                          : QStringLiteral("Set Stop Time")};
     case MenuAction::handleStripeMenuItems:
         return {tag != controller.transportState(), {}, {}};
+    case MenuAction::stripeFromThisRow:
+        return {controller.canStripeFromThisRow(), {}, {}};
     case MenuAction::undo:
         return {
             controller.undoManager().canUndo(), {}, controller.undoManager().undoMenuItemTitle()};

@@ -18,6 +18,7 @@ enum class MenuAction {
     handleSetStopTimeMenu,
     handleStripeMenuItems, ///< tag: transport state
     handleRowMenuItems,    ///< tag: one of row_menu
+    stripeFromThisRow,
     undo,
     redo,
     newDocument,

@@ -10,10 +10,9 @@ constexpr Timecode firstStartTime{1, 0, 0, 0};
 } // namespace
 
 Vexa_RemoteAppDelegate::Vexa_RemoteAppDelegate(const Outlets& outlets, RunLoop& runLoop)
-    : m_outlets(outlets),
+    : ControllerState(this, outlets, runLoop),
       m_addToBatchController(*this, *outlets.addToPanel),
-      m_run(runLoop, m_batchStripeData, m_link, m_plan),
-      m_blink(runLoop, *outlets.transportMatrix) {
+      m_display(outlets, runLoop, m_run) {
     connectRun();
     connect(&m_undoManager, &UndoManager::changed, this, &Vexa_RemoteAppDelegate::stateChanged);
 }

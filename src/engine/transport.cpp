@@ -16,12 +16,12 @@ void Vexa_RemoteAppDelegate::setTransportState(std::uint64_t state) {
         if (m_plan.useBatch && m_plan.batchMode != batchModeAll)
             m_batchStripeData.setSelection(m_outlets.batchTable->selectedRowIndexes());
         if (m_plan.useBatch)
-            m_outlets.batchTable->clearMarks();
+            m_display.clearMarks();
         m_run.play(m_prevTransportState == transport::stopped ? StripeRun::From::startTime
                                                               : StripeRun::From::clock);
         break;
     case transport::stopped:
-        m_outlets.currentStripeItemLabel->setStringValue({});
+        m_display.clearTitle();
         m_run.stop();
         break;
     case transport::paused:
@@ -34,51 +34,23 @@ void Vexa_RemoteAppDelegate::setTransportState(std::uint64_t state) {
 }
 
 void Vexa_RemoteAppDelegate::connectRun() {
-    connect(&m_run, &StripeRun::phaseChanged, this, &Vexa_RemoteAppDelegate::showPhase);
-    connect(&m_run, &StripeRun::ticked, this,
-            [this] { m_outlets.currentTimeButton->setBcdValue(m_run.currentTime()); });
-    connect(&m_run, &StripeRun::itemTaken, this, &Vexa_RemoteAppDelegate::showItem);
-    connect(&m_run, &StripeRun::itemLeft, this, [this](const BatchItemRef& item, bool finished) {
-        m_outlets.batchTable->markItem(item, finished ? StripeMark::finished : StripeMark::none);
+    connect(&m_run, &StripeRun::phaseChanged, this, &Vexa_RemoteAppDelegate::followPhase);
+    connect(&m_run, &StripeRun::itemTaken, this, [this] {
+        announceFrameRate();
+        showSettings(m_run.currentTime(), m_run.progress().currentStop);
     });
-    connect(&m_run, &StripeRun::pauseEnded, this, [this] { m_blink.stop(); });
     connect(&m_run, &StripeRun::reelNeeded, this, &Vexa_RemoteAppDelegate::changeReel);
-    connect(&m_run, &StripeRun::ended, this, &Vexa_RemoteAppDelegate::showEnd);
+    connect(&m_run, &StripeRun::ended, this, &Vexa_RemoteAppDelegate::followEnd);
 }
 
-void Vexa_RemoteAppDelegate::showPhase() {
+void Vexa_RemoteAppDelegate::followPhase() {
     const auto state = transportStateOf(m_run.progress());
     if (state != m_transportState)
         m_prevTransportState = std::exchange(m_transportState, state);
-    switch (m_run.progress().phase) {
-    case Phase::running:
-        m_outlets.currentTimeButton->setBcdValue(m_run.currentTime());
-        break;
-    case Phase::betweenItems:
-        m_outlets.currentStripeItemLabel->setStringValue({});
-        m_blink.start();
-        break;
-    case Phase::stopped:
-    case Phase::paused:
-        m_blink.cancel();
-        break;
-    case Phase::awaitingReel:
-        break;
-    }
     Q_EMIT stateChanged();
 }
 
-void Vexa_RemoteAppDelegate::showItem() {
-    const auto& item = m_run.progress().item;
-    if (item)
-        m_outlets.batchTable->markItem(item, StripeMark::underWay);
-    m_outlets.currentStripeItemLabel->setStringValue(m_batchStripeData.titleOfItem(item));
-    announceFrameRate();
-    showSettings(m_run.currentTime(), m_run.progress().currentStop);
-}
-
-void Vexa_RemoteAppDelegate::showEnd(StripeRun::End how) {
-    m_outlets.currentStripeItemLabel->setStringValue({});
+void Vexa_RemoteAppDelegate::followEnd(StripeRun::End how) {
     setTransportButton(transport::stopped);
     if (how == StripeRun::End::stopTimeReached)
         restoreCurrentSettings();

@@ -271,7 +271,7 @@ class Striping(DeviceTest):
         window.keys("F6")
         batch.await_marks(["Under way"])
         window.keys("F5")
-        batch.await_marks([""])
+        batch.await_marks(["Stopped here"])
         window.keys("Return")
         batch.await_items([items[0]._replace(title="typed")])
         self.expect_messages(*run(items)[:-1])
@@ -289,7 +289,7 @@ class Striping(DeviceTest):
         self.assertEqual(batch.selected(), [2])
         window.keys("F5")
         self.expect_messages(*run(items)[:-1])
-        batch.await_marks(["Finished"] * 39 + [""])
+        batch.await_marks(["Finished"] * 39 + ["Stopped here"])
 
 
 if __name__ == "__main__":

@@ -442,4 +442,47 @@ TEST_F(BatchEditing, EveryEditTellsThatWhatCanBeDoneIsAnother) {
     EXPECT_TRUE(told());
 }
 
+TEST_F(BatchEditing, StripingFromARowSelectsItAndAllAfterItAndBeginsNothing) {
+    fill();
+    rig.ui.batchTable.moveKeyboardTo({1});
+    const QSignalSpy changes(&controller, &Vexa_RemoteAppDelegate::stateChanged);
+    controller.stripeFromThisRow();
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_THAT(selectedTitles(), ElementsAre("two", "three"));
+    EXPECT_EQ(controller.batchMode(), batchModeSelected);
+    EXPECT_EQ(rig.ui.batchRadios.cellOn(), batchModeSelected);
+    EXPECT_TRUE(controller.useBatch());
+    EXPECT_TRUE(rig.ui.batchCheck.state());
+    EXPECT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_EQ(undo.undoActionName(), QStringLiteral("Stripe Selected"));
+}
+
+TEST_F(BatchEditing, StripingFromSelectedRowsBeginsWithTheFirstOfThem) {
+    fill();
+    select({1, 2});
+    chooseMode(batchModeSelected);
+    rig.ui.batchTable.moveKeyboardTo({2});
+    const QSignalSpy changes(&controller, &Vexa_RemoteAppDelegate::stateChanged);
+    controller.stripeFromThisRow();
+    EXPECT_EQ(changes.size(), 1) << "also where the mode was chosen before";
+    EXPECT_THAT(selectedTitles(), ElementsAre("two", "three"));
+}
+
+TEST_F(BatchEditing, StripingFromARowNeedsARowAndNoRun) {
+    const auto isEnabled = [&] {
+        return validateMenuItem(controller, MenuAction::stripeFromThisRow, 0).enabled;
+    };
+    EXPECT_FALSE(isEnabled());
+    controller.stripeFromThisRow();
+    EXPECT_FALSE(controller.useBatch());
+    fill();
+    EXPECT_FALSE(isEnabled());
+    rig.ui.batchTable.moveKeyboardTo({1});
+    EXPECT_TRUE(isEnabled());
+    rig.press(transport::playing);
+    EXPECT_FALSE(isEnabled());
+    rig.press(transport::paused);
+    EXPECT_TRUE(isEnabled());
+}
+
 } // namespace

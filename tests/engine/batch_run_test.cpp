@@ -332,7 +332,7 @@ TEST_F(BatchRun, MarksTheItemUnderWayAndTheFinishedOnesAndKeepsTheSelection) {
     endPause();
     EXPECT_THAT(marks(), ElementsAre(finished, underWay, none));
     rig.press(transport::paused);
-    EXPECT_THAT(marks(), ElementsAre(finished, none, none)) << "an interrupted item is not striped";
+    EXPECT_THAT(marks(), ElementsAre(finished, stoppedHere, none));
 
     rig.press(transport::playing);
     EXPECT_THAT(marks(), ElementsAre(underWay, none, none)) << "a run begins afresh";
@@ -343,6 +343,51 @@ TEST_F(BatchRun, MarksTheItemUnderWayAndTheFinishedOnesAndKeepsTheSelection) {
     EXPECT_EQ(controller.transportState(), transport::stopped);
     EXPECT_THAT(marks(), ElementsAre(finished, finished, finished));
     EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes{2});
+}
+
+TEST_F(BatchRun, MarksTheItemThatWouldHaveComeNextWhereItStopsInAPause) {
+    addThreeItems(1, 1, 2);
+    const auto items = controller.batchStripeData().batchList();
+    rig.press(transport::playing);
+    rig.tick(3);
+    rig.press(transport::stopped);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[0]), StripeMark::finished);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::stoppedHere);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::none);
+}
+
+TEST_F(BatchRun, MarksTheItemWhoseReelWasNotLoaded) {
+    addThreeItems(1, 2, 2);
+    const auto items = controller.batchStripeData().batchList();
+    rig.alerts.answers = {alertUnanswered};
+    rig.press(transport::playing);
+    rig.tick(3);
+    endPause();
+    ASSERT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::stoppedHere);
+}
+
+TEST_F(BatchRun, ARunThatPlayBeginsAnewDidNotStopAnywhere) {
+    addThreeItems(1, 1, 1);
+    const auto items = controller.batchStripeData().batchList();
+    rig.press(transport::playing);
+    rig.tick(3);
+    endPause();
+    rig.press(transport::playing);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[0]), StripeMark::underWay);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::none);
+}
+
+TEST_F(BatchRun, ARunThatEndsByItselfDidNotStopAnywhere) {
+    addThreeItems(1, 1, 1);
+    const auto items = controller.batchStripeData().batchList();
+    rig.press(transport::playing);
+    rig.tick(3);
+    controller.batchStripeData().deleteIndexedItems({1, 2});
+    endPause();
+    ASSERT_EQ(controller.transportState(), transport::stopped);
+    for (const auto& item : {items[1], items[2]})
+        EXPECT_EQ(rig.ui.batchTable.mark(item), StripeMark::none);
 }
 
 TEST_F(BatchRun, ARunBeginsWithoutTheMarksOfTheOneBefore) {
