@@ -1,8 +1,13 @@
 #include "app/MainWindow.h"
 
+#include "app/RunPresenter.h"
+#include "app/WindowViews.h"
+#include "controls/ElidedLabel.h"
 #include "controls/MainMenu.h"
 #include "controls/gray_caption.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
+#include "timecode/frame_rate.h"
+#include "timecode/sync_type.h"
 #include "ui_MainWindow.h"
 
 #include <QCloseEvent>
@@ -32,19 +37,28 @@ void keepPlaceWhenHidden(QWidget& widget) {
 MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     m_ui->setupUi(this);
     m_ui->faceplate->setPalette(faceplatePalette());
+    m_ui->displayPanel->clock().setObjectName(QStringLiteral("currentTimeButton"));
+    m_ui->displayPanel->runLine().title().setObjectName(QStringLiteral("currentStripeItemLabel"));
+    m_ui->displayPanel->runLine().title().setAccessibleName(tr("Current item"));
+    for (const auto& rate : frameRates)
+        m_ui->frameRateMatrix->addCell(rate.code, rate.name);
+    for (std::uint64_t code = 0; code < sync::count; ++code)
+        m_ui->syncTypeMatrix->addCell(code, syncTypeName(code));
     for (auto* button : findChildren<KelGrayTextButton*>())
         button->awakeFromNib();
     for (auto* matrix : findChildren<KelGrayTextMatrix*>())
         matrix->awakeFromNib();
     for (QWidget* caption :
-         std::initializer_list<QWidget*>{m_ui->startLabel, m_ui->stopTimeCheck, m_ui->batchCheck})
+         std::initializer_list<QWidget*>{m_ui->startLabel, m_ui->stopTimeCheck, m_ui->lastsLabel,
+                                         m_ui->rateLabel, m_ui->syncLabel, m_ui->batchCheck})
         setGrayCaption(*caption);
     for (auto* comingAndGoing : {m_ui->addToBatchButton, m_ui->removeFromBatchButton})
         keepPlaceWhenHidden(*comingAndGoing);
     m_ui->startTimeButton->setFocus(); // not the transport, which is the first in the window
+    m_views = std::make_unique<WindowViews>(*this, *m_ui->statusLine);
     m_size.emplace(*this);
 
-    m_stripeItemLabel = std::make_unique<TextFieldOutlet>(*m_ui->currentStripeItemLabel);
+    m_stripeItemLabel = std::make_unique<TextFieldOutlet>(m_ui->displayPanel->runLine().title());
     makeOutlets();
 }
 
@@ -58,7 +72,7 @@ void MainWindow::makeOutlets() {
         .frameRateMatrix = m_ui->frameRateMatrix,
         .syncTypeMatrix = m_ui->syncTypeMatrix,
         .batchRadios = m_ui->batchRadios,
-        .currentTimeButton = m_ui->currentTimeButton,
+        .currentTimeButton = &m_ui->displayPanel->clock(),
         .startTimeButton = m_ui->startTimeButton,
         .endTimeButton = m_ui->endTimeButton,
         .stopTimeCheck = button(m_ui->stopTimeCheck),
@@ -97,7 +111,18 @@ void MainWindow::connectTo(Vexa_RemoteAppDelegate& controller, Vexa_MIDI_Manager
             &Controller::handleStopTimeCheck);
     m_prefsController.setOwner(controller, midiManager);
     connectBatchControlsTo(controller);
-    new MainMenu(*menuBar(), controller, m_recentFiles);
+    m_presenter = std::make_unique<RunPresenter>(
+        controller, midiManager,
+        RunPresenter::Views{
+            *ui->statusLine, *ui->lastsLabel, {ui->startTimeButton, ui->endTimeButton}});
+    m_presenter->addDisplay(*ui->displayPanel);
+    const auto* menu = new MainMenu(*menuBar(), controller, m_recentFiles, *m_views);
+    m_views->setUp(*m_presenter,
+                   {menu->item(MenuAction::handleStripeMenuItems, transport::stopped),
+                    menu->item(MenuAction::handleStripeMenuItems, transport::playing),
+                    menu->item(MenuAction::handleStripeMenuItems, transport::paused)});
+    connect(ui->statusLine, &StatusLineView::destinationPressed, &controller,
+            &Controller::handlePrefsMenu, Qt::QueuedConnection);
 }
 
 void MainWindow::connectBatchControlsTo(Vexa_RemoteAppDelegate& controller) {
@@ -116,6 +141,11 @@ void MainWindow::connectBatchControlsTo(Vexa_RemoteAppDelegate& controller) {
             &Controller::tableViewSelectionDidChange);
     connect(ui->batchTable, &QAbstractItemView::clicked, &controller,
             &Controller::handleBatchTableEdit);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    m_ui->displayPanel->limitClockHeight(height() / 3);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -20,6 +20,9 @@ class MainWindow;
 
 namespace vexa {
 
+class RunPresenter;
+class WindowViews;
+
 /// The one window. It lays out the controls, lends them to the controller as its outlets and
 /// passes the operator's actions on; it decides nothing.
 class MainWindow : public QMainWindow {
@@ -38,6 +41,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void makeOutlets();
@@ -52,6 +56,8 @@ private:
     AddToBatchPanelOnDemand m_addToPanel{*this};
     std::vector<std::unique_ptr<Button>> m_buttons;
     std::unique_ptr<TextField> m_stripeItemLabel;
+    std::unique_ptr<RunPresenter> m_presenter;
+    std::unique_ptr<WindowViews> m_views;
     std::optional<WindowSize> m_size;
     std::optional<Outlets> m_outlets; ///< there from the constructor on
     Vexa_RemoteAppDelegate* m_controller = nullptr;

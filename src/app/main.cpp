@@ -10,6 +10,7 @@
 #include "app/termination_signals.h"
 #include "controls/AccessibleButton.h"
 #include "controls/AccessiblePopup.h"
+#include "controls/AccessibleReading.h"
 #include "defaults/BackgroundWrites.h"
 #include "desktop/ApplicationService.h"
 #include "desktop/DesktopRequests.h"
@@ -99,6 +100,7 @@ void showIcon() { QApplication::setWindowIcon(QIcon(QStringLiteral(":/vexa-remot
 int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     AccessibleButton::install();
     AccessiblePopup::install();
+    AccessibleReading::install();
     const defaults::BackgroundWrites preferences;
     ApplicationService service(QDBusConnection::sessionBus());
     // Asking on the bus, reaching a MIDI system and building the window go on at once.

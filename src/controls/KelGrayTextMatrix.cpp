@@ -5,6 +5,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
+#include <QLayout>
+#include <QRadioButton>
 #include <QVariant>
 
 #include <limits>
@@ -13,6 +15,17 @@ namespace vexa {
 
 KelGrayTextMatrix::KelGrayTextMatrix(QWidget* parent) : QWidget(parent) {
     connect(&m_cells, &QButtonGroup::idClicked, this, &KelGrayTextMatrix::action);
+}
+
+void KelGrayTextMatrix::addCell(std::uint64_t tag, std::string_view caption) {
+    const auto text = QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
+    const auto others = findChildren<QRadioButton*>();
+    auto* cell = new QRadioButton(text, this);
+    cell->setObjectName(text);
+    cell->setAccessibleName(text);
+    cell->setProperty("tag", static_cast<qulonglong>(tag));
+    layout()->addWidget(cell);
+    setTabOrder(others.isEmpty() ? static_cast<QWidget*>(this) : others.constLast(), cell);
 }
 
 void KelGrayTextMatrix::awakeFromNib() {

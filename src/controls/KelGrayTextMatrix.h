@@ -5,6 +5,8 @@
 #include <QButtonGroup>
 #include <QWidget>
 
+#include <string_view>
+
 namespace vexa {
 
 /// A group of buttons of which one is on, with gray captions. Its cells are the buttons inside it
@@ -16,7 +18,10 @@ class KelGrayTextMatrix : public QWidget, public RadioMatrix {
 public:
     explicit KelGrayTextMatrix(QWidget* parent = nullptr);
 
-    /// Call once, when the window description has been loaded.
+    /// Puts a radio cell behind the others. Its name is its caption.
+    void addCell(std::uint64_t tag, std::string_view caption);
+
+    /// Call once, when the window description has been loaded and has all its cells.
     void awakeFromNib();
 
     void selectCellWithTag(std::uint64_t tag) override;

@@ -1,9 +1,10 @@
 #include "controls/MainMenu.h"
 
 #include "controls/OpenRecentMenu.h"
-#include "controls/commands.h"
+#include "controls/ViewSwitches.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
@@ -38,29 +39,41 @@ void performLater(QObject& context, std::function<void()> perform) {
 }
 
 /// The switch of batch striping says in its title what it does; a mark would say the opposite.
-bool showsMark(MenuAction action, std::uint64_t tag) {
-    return action != MenuAction::handleBatchListMenuItems || tag != batch_menu::useBatch;
+bool showsMark(const Command& command) {
+    return command.action != MenuAction::handleBatchListMenuItems ||
+           command.tag != batch_menu::useBatch;
+}
+
+/// Radio marks, of which all may be off.
+QActionGroup* choiceOfOneAtMost(QObject& owner) {
+    auto* group = new QActionGroup(&owner);
+    group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    return group;
 }
 
 } // namespace
 
-MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles)
+MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles,
+                   ViewSwitches& views)
     : QObject(&menuBar),
       m_menuBar(menuBar),
       m_controller(controller),
       m_recentFiles(recentFiles),
+      m_views(views),
       m_rows(controller, *menuBar.window()) {
-    for (const auto& [title, commands] : commandGroups()) {
+    for (const auto& [title, commands, isChoiceOfOne] : commandGroups()) {
         auto& menu = menuTitled(menuBar, text(title));
         if (!menu.isEmpty())
             menu.addSeparator();
+        auto* choice = isChoiceOfOne ? choiceOfOneAtMost(*this) : nullptr;
         for (const auto& command : commands)
-            addItem(menu, command);
+            addItem(menu, command)->setActionGroup(choice);
     }
     fillContextMenu();
     for (auto* action : menuBar.actions())
         connect(action->menu(), &QMenu::aboutToShow, this, &MainMenu::validate);
     connect(&controller, &Vexa_RemoteAppDelegate::stateChanged, this, &MainMenu::validate);
+    connect(&views, &ViewSwitches::changed, this, &MainMenu::validate);
     validate();
 }
 
@@ -76,20 +89,21 @@ void MainMenu::fillContextMenu() {
     table->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
-void MainMenu::addItem(QMenu& menu, const Command& command) {
+QAction* MainMenu::addItem(QMenu& menu, const Command& command) {
     auto* action = command.perform ? menu.addAction(QString()) : addOpenRecent(menu, command);
     action->setText(text(command.title));
     action->setShortcuts(command.shortcuts);
     if (command.perform)
         connectAction(*action, command);
-    if (command.action)
-        m_items.push_back({*command.action, command.tag, action});
+    if (command.action || command.isMarked)
+        m_items.push_back({&command, action});
+    return action;
 }
 
 void MainMenu::connectAction(QAction& action, const Command& command) {
     const auto perform = [this, &command] {
         if (isAllowed(command))
-            command.perform({m_controller, m_help, *m_menuBar.window(), m_rows}, command.tag);
+            command.perform(targets(), command.tag);
     };
     if (command.mayOpenPanel)
         connect(&action, &QAction::triggered, this,
@@ -98,8 +112,18 @@ void MainMenu::connectAction(QAction& action, const Command& command) {
         connect(&action, &QAction::triggered, this, perform);
 }
 
-bool MainMenu::isAllowed(const Command& command) const {
-    return !command.action || validateMenuItem(m_controller, *command.action, command.tag).enabled;
+MenuItemState MainMenu::stateOf(const Command& command) {
+    if (command.action)
+        return validateMenuItem(m_controller, *command.action, command.tag);
+    if (command.isMarked)
+        return {true, command.isMarked(targets(), command.tag), {}};
+    return {true, {}, {}};
+}
+
+bool MainMenu::isAllowed(const Command& command) { return stateOf(command).enabled; }
+
+CommandTargets MainMenu::targets() {
+    return {m_controller, m_help, *m_menuBar.window(), m_rows, m_views};
 }
 
 QAction* MainMenu::addOpenRecent(QMenu& menu, const Command& command) {
@@ -115,16 +139,17 @@ QAction* MainMenu::addOpenRecent(QMenu& menu, const Command& command) {
 }
 
 QAction* MainMenu::item(MenuAction action, std::uint64_t tag) const {
-    const auto found = std::ranges::find_if(
-        m_items, [&](const Item& item) { return item.action == action && item.tag == tag; });
+    const auto found = std::ranges::find_if(m_items, [&](const Item& item) {
+        return item.command->action == action && item.command->tag == tag;
+    });
     return found == m_items.end() ? nullptr : found->qAction;
 }
 
 void MainMenu::validate() {
     for (const auto& item : m_items) {
-        const auto state = validateMenuItem(m_controller, item.action, item.tag);
+        const auto state = stateOf(*item.command);
         item.qAction->setEnabled(state.enabled);
-        if (state.marked && showsMark(item.action, item.tag)) {
+        if (state.marked && showsMark(*item.command)) {
             item.qAction->setCheckable(true);
             item.qAction->setChecked(*state.marked);
         }

@@ -2,6 +2,7 @@
 
 #include "controls/RowActions.h"
 #include "controls/VexaHelpController.h"
+#include "controls/commands.h"
 #include "engine/menu_validation.h"
 
 #include <QObject>
@@ -15,7 +16,7 @@ class QMenuBar;
 namespace vexa {
 
 class RecentFiles;
-struct Command;
+class ViewSwitches;
 
 /// Every command as a menu item, made from the table of commands. The controller is asked how the
 /// items that it answers for are to show when a menu opens and whenever its state changes:
@@ -25,29 +26,32 @@ class MainMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Fills the menu bar. The controller and the files must outlive it.
-    MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles);
+    /// Fills the menu bar. The controller, the files and the views must outlive it.
+    MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles,
+             ViewSwitches& views);
 
     /// One of those that the controller answers for; null when there is no such item.
     QAction* item(MenuAction action, std::uint64_t tag = 0) const;
 
 private:
     struct Item {
-        MenuAction action;
-        std::uint64_t tag;
+        const Command* command;
         QAction* qAction;
     };
 
-    void addItem(QMenu& menu, const Command& command);
+    QAction* addItem(QMenu& menu, const Command& command);
     void connectAction(QAction& action, const Command& command);
-    bool isAllowed(const Command& command) const;
+    bool isAllowed(const Command& command);
     QAction* addOpenRecent(QMenu& menu, const Command& command);
     void fillContextMenu();
     void validate();
+    MenuItemState stateOf(const Command& command);
+    CommandTargets targets();
 
     QMenuBar& m_menuBar;
     Vexa_RemoteAppDelegate& m_controller;
     RecentFiles& m_recentFiles;
+    ViewSwitches& m_views;
     VexaHelpController m_help;
     RowActions m_rows;
     std::vector<Item> m_items;

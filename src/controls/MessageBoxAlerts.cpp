@@ -2,10 +2,25 @@
 
 #include "controls/AlertBox.h"
 
+#include <QWidget>
+
 namespace vexa {
 
+namespace {
+
+/// The window, or the one of its own that fills its screen and hides it.
+QWidget& frontOf(QWidget& window) {
+    for (auto* child : window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (child->isWindow() && child->isVisible() && child->isFullScreen() &&
+            child->screen() == window.screen())
+            return *child;
+    return window;
+}
+
+} // namespace
+
 int MessageBoxAlerts::runModal(const Alert& alert) {
-    return AlertBox(alert, m_window, m_reactionTime).run();
+    return AlertBox(alert, frontOf(m_window), m_reactionTime).run();
 }
 
 } // namespace vexa

@@ -15,10 +15,13 @@ namespace vexa {
 
 namespace {
 
-// Of the square with the sign, in heights of the caption's type.
-constexpr int keySide = 5;
-constexpr int leastKeySide = 3;
-constexpr int captionGap = 4;
+// Of the sign's field, in heights of the caption's type.
+constexpr int keyWidth = 5;
+constexpr int playKeyWidth = 7; // the one that is looked for in a hurry
+constexpr int keyHeight = 4;
+constexpr int leastKeyHeight = 2;
+constexpr int captionMargin = 3;
+constexpr qreal radius = 5;
 
 /// The sign in a square of side 1 around the origin.
 QPainterPath sign(std::uint64_t tag) {
@@ -55,17 +58,21 @@ QColor signColor(std::uint64_t tag, bool on) {
 
 TransportButton::TransportButton(QWidget* parent) : QPushButton(parent) {
     setCheckable(true);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred); // smaller on a small screen
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // smaller on a small screen
 }
 
-QSize TransportButton::sizeHint() const { return sizeForKey(keySide); }
-QSize TransportButton::minimumSizeHint() const { return sizeForKey(leastKeySide); }
+QSize TransportButton::sizeHint() const { return sizeForSign(keyHeight); }
+QSize TransportButton::minimumSizeHint() const { return sizeForSign(leastKeyHeight); }
 
-QSize TransportButton::sizeForKey(int heights) const {
-    const int side = heights * fontMetrics().height();
-    return {std::max(side, fontMetrics().horizontalAdvance(text()) + 2 * captionGap),
-            side + captionGap + fontMetrics().height()};
+QSize TransportButton::sizeForSign(int heights) const {
+    const int line = fontMetrics().height();
+    const bool plays = property("tag").toULongLong() == transport::playing;
+    return {std::max((plays ? playKeyWidth : keyWidth) * line,
+                     fontMetrics().horizontalAdvance(text()) + line),
+            heights * line + captionHeight()};
 }
+
+int TransportButton::captionHeight() const { return fontMetrics().height() + 2 * captionMargin; }
 
 void TransportButton::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
@@ -91,22 +98,26 @@ void TransportButton::moveFocus(int step) {
 void TransportButton::paintEvent(QPaintEvent*) {
     const auto tag = property("tag").toULongLong();
     const bool on = isChecked();
-    const QColor ground = on ? QColor(0x2a, 0x2e, 0x30) : QColor(0xf1, 0xf2, 0xf3);
-    const QColor edge = hasFocus() ? focusEdge() : restingEdge();
-
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const int captionHeight = fontMetrics().height();
+    // White beneath the caption whatever the state, as its gray reads on nothing darker.
+    const QRectF key = QRectF(rect()).adjusted(1, 1, -1, -1);
+    QPainterPath shape;
+    shape.addRoundedRect(key, radius, radius);
+    painter.fillPath(shape, Qt::white);
+    const QRectF field(0, 0, width(), height() - captionHeight());
+    if (on || isDown()) {
+        painter.setClipPath(shape);
+        painter.fillRect(field, on ? QColor(0x1d, 0x20, 0x22) : QColor(0xe3, 0xe6, 0xe8));
+        painter.setClipping(false);
+    }
+    painter.setPen(QPen(hasFocus() ? focusEdge() : restingEdge(), hasFocus() ? 2.0 : 1.0));
+    painter.drawPath(shape);
     painter.setPen(palette().color(QPalette::ButtonText));
-    painter.drawText(QRect(0, height() - captionHeight, width(), captionHeight), Qt::AlignCenter,
-                     text());
+    painter.drawText(QRectF(0, field.bottom(), width(), captionHeight()), Qt::AlignCenter, text());
 
-    const QRectF key = QRectF(rect()).adjusted(1, 1, -1, -1 - captionHeight - captionGap);
-    painter.setBrush(isDown() ? ground.darker(115) : ground);
-    painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
-    painter.drawRoundedRect(key, 5, 5);
-    const qreal side = 0.36 * std::min(key.width(), key.height());
-    painter.translate(key.center());
+    const qreal side = 0.42 * std::min(field.width(), field.height());
+    painter.translate(field.center());
     painter.scale(side, side);
     painter.fillPath(sign(tag), signColor(tag, on));
 }

@@ -21,7 +21,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QSize sizeForKey(int heights) const;
+    QSize sizeForSign(int heights) const;
+    int captionHeight() const;
     void moveFocus(int step);
 };
 

@@ -27,7 +27,6 @@ VexaBatchTableHeader::VexaBatchTableHeader(QWidget* parent)
     font.setPointSize(9);
     setHighlightSections(false);
     setMinimumSectionSize(32);
-    setStretchLastSection(true);
 }
 
 QString VexaBatchTableHeader::title(int column) const {

@@ -1,10 +1,12 @@
 #include "controls/VexaBatchTableView.h"
 
 #include "controls/VexaBatchTableHeader.h"
+#include "controls/edge_colors.h"
 #include "controls/key_characters.h"
 #include "defaults/user_defaults.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -46,9 +48,24 @@ VexaBatchTableView::VexaBatchTableView(QWidget* parent) : QTableView(parent) {
     setAlternatingRowColors(true);
     setShowGrid(false);
     setCornerButtonEnabled(false);
-    setFrameShape(NoFrame);
+    setFrameStyle(Box | Plain);
+    takeColorsOfDesktop();
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+/// And not those of the light ground that it stands on.
+void VexaBatchTableView::takeColorsOfDesktop() {
+    auto colors = QApplication::palette(this);
+    colors.setResolveMask(~QPalette::ResolveMask{0});     // all of them, none of the parent's
+    colors.setColor(QPalette::WindowText, restingEdge()); // the frame's
+    setPalette(colors);
+}
+
+void VexaBatchTableView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        takeColorsOfDesktop();
 }
 
 bool VexaBatchTableView::handleKey(const QString& characters) {
@@ -121,8 +138,11 @@ void VexaBatchTableView::commitEditing() {
 }
 
 QModelIndex VexaBatchTableView::titleInRowOf(const QModelIndex& index) const {
-    return index.siblingAtColumn(
-        static_cast<int>(m_model.columnIdentifiers().indexOf(item_key::title)));
+    return index.siblingAtColumn(titleColumn());
+}
+
+int VexaBatchTableView::titleColumn() const {
+    return static_cast<int>(m_model.columnIdentifiers().indexOf(item_key::title));
 }
 
 void VexaBatchTableView::setColumnIdentifiers(const QStringList& identifiers) {
@@ -193,6 +213,7 @@ void VexaBatchTableView::restoreColumnWidths() {
     constexpr std::int64_t widest = 4000;
     const auto stored = defaults::read().columnWidths;
     m_storedWidths.clear();
+    m_header->setSectionResizeMode(titleColumn(), QHeaderView::Stretch);
     for (const auto& column : m_model.columnIdentifiers()) {
         const auto found = stored.find(column);
         const auto width = found != stored.end() ? found->second : standardWidth(column, font());
@@ -206,8 +227,9 @@ void VexaBatchTableView::restoreColumnWidths() {
 
 void VexaBatchTableView::storeColumnWidths() {
     Preferences change;
-    // The last column has whatever width the others leave.
-    for (int column = 0; column < m_header->count() - 1; ++column) {
+    for (int column = 0; column < m_header->count(); ++column) {
+        if (m_header->sectionResizeMode(column) == QHeaderView::Stretch)
+            continue; // it has whatever width the others leave
         auto& stored = m_storedWidths[static_cast<std::size_t>(column)];
         const int width = m_header->columnWidth(column);
         if (width == stored)

@@ -56,6 +56,7 @@ Q_SIGNALS:
     void selectionDidChange();
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -63,6 +64,8 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
+    void takeColorsOfDesktop();
+    int titleColumn() const;
     QModelIndex titleInRowOf(const QModelIndex& index) const;
     void showColumns();
     void addHeaderMenu();

@@ -229,7 +229,6 @@ void VexaTimecodeButton::refresh() {
     setAccessibleDescription(m_refusal.isEmpty() ? shown
                                                  : QStringLiteral("%1, %2").arg(shown, m_refusal));
     const TimecodeWell well(rect());
-    // The clock ticks thirty times a second: only the digits that changed are drawn again.
     if (shown.size() != m_drawnText.size())
         update();
     else
@@ -237,6 +236,13 @@ void VexaTimecodeButton::refresh() {
             if (shown[i] != m_drawnText[i])
                 update(well.cell(i));
     m_drawnText = shown;
+    Q_EMIT shownChanged();
+}
+
+QString VexaTimecodeButton::entryConcern() const {
+    if (!isChecked() || m_firstKey)
+        return {};
+    return m_refusal.isEmpty() ? tr("%1 not taken: press Return").arg(accessibleName()) : m_refusal;
 }
 
 bool VexaTimecodeButton::event(QEvent* event) {

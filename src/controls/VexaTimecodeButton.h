@@ -61,6 +61,8 @@ public:
     /// Why the time that is shown was refused, in words; empty when it was not. Assistive
     /// technology is told with the time.
     const QString& refusal() const { return m_refusal; }
+    /// Why what was typed has not been taken, in words; empty when nothing waits to be taken.
+    QString entryConcern() const;
 
     QColor normalColor() const { return m_normalColor; }
     QColor hiliteColor() const { return m_hiliteColor; }
@@ -79,6 +81,8 @@ public:
 Q_SIGNALS:
     /// A time was entered: packed timecode.
     void timeChanged(int tag, std::uint64_t entered);
+    /// What can be read, or why it was refused, has changed.
+    void shownChanged();
 
 protected:
     bool event(QEvent* event) override;

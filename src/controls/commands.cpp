@@ -3,6 +3,7 @@
 #include "controls/RowActions.h"
 #include "controls/VexaHelpController.h"
 #include "controls/VexaTimecodeButton.h"
+#include "controls/ViewSwitches.h"
 #include "controls/about_box.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "timecode/frame_rate.h"
@@ -75,12 +76,13 @@ CommandGroup undoCommands() {
 }
 
 CommandGroup frameRateCommands() {
-    CommandGroup group{"&Timecode", {}};
-    for (const auto& rate : frameRates)
+    CommandGroup group{"&Timecode", {}, true};
+    for (const auto& rate : frameRates) {
+        const auto digit = static_cast<Qt::Key>(Qt::Key_1 + rate.code);
         group.commands.push_back(
-            {handleFrameRateMenuItems, rate.code, rate.menuItem, {}, false, [](To& to, Tag tag) {
-                 to.controller.handleFrameRateMenuItems(tag);
-             }});
+            {handleFrameRateMenuItems, rate.code, rate.menuItem, key(Qt::CTRL | digit), false,
+             [](To& to, Tag tag) { to.controller.handleFrameRateMenuItems(tag); }});
+    }
     return group;
 }
 
@@ -89,7 +91,8 @@ CommandGroup syncTypeCommands() {
     return {"&Timecode",
             {{handleSyncTypeMenuItems, sync::mtc, "&MTC", {}, false, choose},
              {handleSyncTypeMenuItems, sync::dtl, "DT&L", {}, false, choose},
-             {handleSyncTypeMenuItems, sync::fsk, "&FSK", {}, false, choose}}};
+             {handleSyncTypeMenuItems, sync::fsk, "&FSK", {}, false, choose}},
+            true};
 }
 
 CommandGroup typingCommands() {
@@ -100,6 +103,19 @@ CommandGroup typingCommands() {
              {.title = "Type St&op Time", .shortcuts = key(Qt::Key_F4), .perform = [](To& to, Tag) {
                   type(display(to, "endTimeButton"));
               }}}};
+}
+
+CommandGroup viewCommands() {
+    const auto toggle = [](To& to, Tag tag) { to.views.setShown(tag, !to.views.isShown(tag)); };
+    const auto isShown = [](To& to, Tag tag) { return to.views.isShown(tag); };
+    return {
+        "&View",
+        {{.tag = view::statusLine, .title = "&Status Line", .perform = toggle, .isMarked = isShown},
+         {.tag = view::bigClock,
+          .title = "&Big Clock",
+          .shortcuts = key(Qt::Key_F11),
+          .perform = toggle,
+          .isMarked = isShown}}};
 }
 
 CommandGroup transportCommands() {
@@ -177,6 +193,7 @@ const std::vector<CommandGroup>& commandGroups() {
          {{handlePrefsMenu, noTag, "&Preferences…",
            keys(QKeySequence::Preferences, Qt::CTRL | Qt::Key_Comma), true,
            [](To& to, Tag) { to.controller.handlePrefsMenu(); }}}},
+        viewCommands(),
         frameRateCommands(),
         syncTypeCommands(),
         {"&Timecode",
@@ -189,7 +206,11 @@ const std::vector<CommandGroup>& commandGroups() {
                        false)}},
         {"&Batch List",
          {batchCommand(batch_menu::all, "Stripe &All Items", {}, false),
-          batchCommand(batch_menu::selected, "Stripe &Selected Items", {}, false)}},
+          batchCommand(batch_menu::selected, "Stripe &Selected Items", {}, false)},
+         true},
+        {"&Batch List",
+         {{stripeFromThisRow, 0, "Stripe &From This Row", key(Qt::CTRL | Qt::Key_R), false,
+           [](To& to, Tag) { to.controller.stripeFromThisRow(); }}}},
         addingCommands(),
         rowAndSettingsCommands(),
         {"&Batch List", {rowCommand(row_menu::check, "&Check List…", {}, true)}},

@@ -17,6 +17,7 @@ namespace vexa {
 class RowActions;
 class VexaHelpController;
 class Vexa_RemoteAppDelegate;
+class ViewSwitches;
 
 /// What commands act on.
 struct CommandTargets {
@@ -24,6 +25,7 @@ struct CommandTargets {
     const VexaHelpController& help;
     QWidget& window;
     RowActions& rows;
+    ViewSwitches& views;
 };
 
 /// An item of the menus.
@@ -36,12 +38,15 @@ struct Command {
     QList<QKeySequence> shortcuts = {};
     bool mayOpenPanel = false;
     Perform perform = nullptr; ///< null: the item leads to the files opened last
+    /// Whether the item is marked, for one that the controller is not asked about; null: never.
+    bool (*isMarked)(const CommandTargets& to, std::uint64_t tag) = nullptr;
 };
 
 /// Commands that stand together in a menu, between separators.
 struct CommandGroup {
     std::string_view menu; ///< its title
     std::vector<Command> commands;
+    bool isChoiceOfOne = false; ///< one at most is marked
 };
 
 /// All of them, in the order of the menus. Call when the application is there: its desktop has a

@@ -17,7 +17,6 @@ constexpr int colons = 3;
 constexpr int digits = 8;
 constexpr qreal colonShare = 0.6; // of a digit's width
 constexpr qreal widthInDigits = digits + colons * colonShare;
-constexpr qreal sizePerHeight = 0.66;
 constexpr qreal sideMargin = 0.9; // digit widths, both sides together
 
 QFont digitFont(qreal pixelSize) {
@@ -46,24 +45,32 @@ qreal digitWidthPerSize() {
     return width;
 }
 
-qreal pixelSizeFor(const QSize& size, qreal widthPerSize) {
-    return std::min(size.height() * sizePerHeight,
-                    size.width() / (widthPerSize * (widthInDigits + sideMargin)));
+/// Of the type, per pixel of the rectangle's height.
+qreal sizePerHeight(TimecodeWell::Digits room) {
+    return room == TimecodeWell::Digits::withinRim ? 0.66 : 1.05;
+}
+
+qreal pixelSizeForWidth(int width) {
+    return width / (digitWidthPerSize() * (widthInDigits + sideMargin));
 }
 
 } // namespace
 
-TimecodeWell::TimecodeWell(const QRect& rectangle) : m_rectangle(rectangle) {
-    const qreal widthPerSize = digitWidthPerSize();
-    m_font = digitFont(pixelSizeFor(rectangle.size(), widthPerSize));
-    m_digitWidth = m_font.pixelSize() * widthPerSize;
+TimecodeWell::TimecodeWell(const QRect& rectangle, Digits room) : m_rectangle(rectangle) {
+    m_font = digitFont(
+        std::min(rectangle.height() * sizePerHeight(room), pixelSizeForWidth(rectangle.width())));
+    m_digitWidth = m_font.pixelSize() * digitWidthPerSize();
     m_left = rectangle.x() + (rectangle.width() - m_digitWidth * widthInDigits) / 2;
 }
 
-QSize TimecodeWell::sizeForDigits(const QFont& font, double scale) {
+QSize TimecodeWell::sizeForDigits(const QFont& font, double scale, Digits room) {
     const qreal size = scale * QFontMetrics(font).height();
     return {qCeil(size * digitWidthPerSize() * (widthInDigits + sideMargin)),
-            qCeil(size / sizePerHeight)};
+            qCeil(size / sizePerHeight(room))};
+}
+
+int TimecodeWell::heightForWidth(int width, Digits room) {
+    return qCeil(pixelSizeForWidth(width) / sizePerHeight(room));
 }
 
 QRect TimecodeWell::cell(qsizetype position) const {

@@ -13,13 +13,19 @@ namespace vexa {
 /// The digits are as large as the rectangle allows.
 class TimecodeWell {
 public:
-    explicit TimecodeWell(const QRect& rectangle);
+    /// How much of the height is the digits': with a rim around them, or alone in their place.
+    enum class Digits { withinRim, fillHeight };
+
+    explicit TimecodeWell(const QRect& rectangle, Digits room = Digits::withinRim);
 
     /// What light text on a dark ground stands on, in this window.
     static QColor ground() { return {0x10, 0x12, 0x13}; }
 
     /// A size in which the digits are those of that font, that many times as large.
-    static QSize sizeForDigits(const QFont& font, double scale);
+    static QSize sizeForDigits(const QFont& font, double scale, Digits room = Digits::withinRim);
+
+    /// The height at which the digits of that width are as large as they get.
+    static int heightForWidth(int width, Digits room);
 
     /// Where the character at a position of "hh:mm:ss:ff" stands.
     QRect cell(qsizetype position) const;

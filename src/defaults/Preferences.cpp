@@ -24,6 +24,7 @@ void forEachSetting(const Visit& visit) {
     visit("vexamididest", &Preferences::midiDestination);
     visit("windowwidth", &Preferences::windowWidth);
     visit("windowheight", &Preferences::windowHeight);
+    visit("statusline", &Preferences::showsStatusLine);
     visit("recentfiles", &Preferences::recentFiles);
     visit("tapeminutes", &Preferences::tapeMinutes);
     visit("showsdurations", &Preferences::showsDurations);

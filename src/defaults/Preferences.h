@@ -20,9 +20,10 @@ struct Preferences {
     std::optional<std::int32_t> midiDestination{}; ///< unique ID
     std::optional<std::int64_t> windowWidth{};     ///< pixels
     std::optional<std::int64_t> windowHeight{};    ///< pixels
-    std::optional<QStringList> recentFiles{};      ///< paths, newest first
-    std::optional<std::int64_t> tapeMinutes{};     ///< of the list check; 0: any length
-    std::optional<bool> showsDurations{};          ///< in a column of the batch table
+    std::optional<bool> showsStatusLine{};
+    std::optional<bool> showsDurations{};      ///< in a column of the batch table
+    std::optional<std::int64_t> tapeMinutes{}; ///< of the list check; 0: any length
+    std::optional<QStringList> recentFiles{};  ///< paths, newest first
     /// By the identifier of a column of the batch table, in pixels.
     std::map<QString, std::int64_t> columnWidths{};
 

@@ -1,4 +1,7 @@
+#include "app/BigClock.h"
 #include "app/MainWindow.h"
+#include "controls/ClockDisplay.h"
+#include "controls/KelGrayTextMatrix.h"
 #include "controls/VexaBatchTableView.h"
 #include "defaults/user_defaults.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
@@ -10,6 +13,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -163,11 +170,11 @@ TEST_F(Window, AClickLeavesTheKeyboardWithTheTimeThatIsTyped) {
         QTest::mouseClick(&outlet(name), Qt::LeftButton);
         EXPECT_EQ(QApplication::focusWidget(), &time) << name;
     };
-    for (const auto* name : {"stopTimeCheck", "batchCheck", "syncDtl", "batchSelected"})
+    for (const auto* name : {"stopTimeCheck", "batchCheck", "DTL", "batchSelected"})
         click(name);
     QTest::keyClicks(&time, QStringLiteral("0000\r"));
     EXPECT_EQ(controller.startTime(), 12u << 24);
-    for (const auto* name : {"rate25", "playButton", "stopButton", "removeFromBatchButton"})
+    for (const auto* name : {"25 fps", "playButton", "stopButton", "removeFromBatchButton"})
         click(name);
 }
 
@@ -189,24 +196,24 @@ TEST_F(Window, TabFollowsTheEyeAndReachesWhatIsOn) {
     outlet("stopTimeCheck").click();
     table.selectRow(0);
     const auto expectStops = [&](const char* rate, const char* type, const char* mode) {
-        QStringList stops{u"startTimeButton"_s,  u"stopTimeCheck"_s,  u"endTimeButton"_s,
-                          u"addToBatchButton"_s, QLatin1String(rate), QLatin1String(type),
-                          u"batchCheck"_s,       QLatin1String(mode), u"removeFromBatchButton"_s,
-                          u"batchTable"_s,       u"stopButton"_s};
+        QStringList stops{u"startTimeButton"_s,  u"stopTimeCheck"_s,     u"endTimeButton"_s,
+                          u"addToBatchButton"_s, QLatin1String(rate),    QLatin1String(type),
+                          u"batchCheck"_s,       QLatin1String(mode),    u"removeFromBatchButton"_s,
+                          u"batchTable"_s,       u"destinationButton"_s, u"stopButton"_s};
         auto& start = outlet("startTimeButton");
         EXPECT_EQ(tabStops(start, Qt::Key_Tab), stops);
         std::reverse(stops.begin() + 1, stops.end());
         EXPECT_EQ(tabStops(start, Qt::Key_Backtab), stops);
     };
-    expectStops("rate30", "syncMtc", "batchAll");
-    QTest::mouseClick(&outlet("rate25"), Qt::LeftButton);
+    expectStops("30 fps", "MTC", "batchAll");
+    QTest::mouseClick(&outlet("25 fps"), Qt::LeftButton);
     controller.handleSyncTypeMenuItems(sync::dtl);
     QTest::mouseClick(&outlet("batchSelected"), Qt::LeftButton);
-    expectStops("rate25", "syncDtl", "batchSelected");
+    expectStops("25 fps", "DTL", "batchSelected");
 
-    outlet("rate25").setFocus();
+    outlet("25 fps").setFocus();
     controller.handleFrameRateMenuItems(rate::fps24);
-    expectStops("rate24", "syncDtl", "batchSelected");
+    expectStops("24 fps", "DTL", "batchSelected");
 }
 
 TEST_F(Window, ArrowKeysLookThroughTheTransportAndPressNothing) {
@@ -222,6 +229,123 @@ TEST_F(Window, ArrowKeysLookThroughTheTransportAndPressNothing) {
     EXPECT_EQ(QApplication::focusWidget(), &outlet("startTimeButton"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
     EXPECT_EQ(QApplication::focusWidget(), &outlet("stopButton")) << "the one that is on";
+}
+
+TEST_F(Window, HasARadioCellForEachRateAndSyncType) {
+    for (const auto& rate : frameRates) {
+        const auto& cell = outlet(std::string(rate.name).c_str());
+        EXPECT_EQ(cell.accessibleName(), cell.text());
+        EXPECT_EQ(outlet<KelGrayTextMatrix>("frameRateMatrix").cellWithTag(rate.code), &cell);
+    }
+    for (std::uint64_t code = 0; code < sync::count; ++code)
+        EXPECT_EQ(
+            outlet<KelGrayTextMatrix>("syncTypeMatrix").cellWithTag(code)->text().toStdString(),
+            syncTypeName(code));
+}
+
+TEST_F(Window, TheClockGrowsToAThirdOfTheHeightButNotBeyondItsDigits) {
+    const auto& clock = outlet<ClockDisplay>("currentTimeButton");
+    const auto clockHeight = [&](int width, int height) {
+        window.resize(width, height);
+        for (int pass = 0; pass < 3;
+             ++pass) // a height that follows from a width comes a pass later
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        return clock.height();
+    };
+    EXPECT_EQ(clockHeight(1600, 600), 200);
+    EXPECT_EQ(clockHeight(1600, 750), 250);
+    EXPECT_EQ(clockHeight(760, 1200), ClockDisplay::heightForDigits(clock.width()));
+    EXPECT_EQ(clockHeight(1600, 600), 200) << "and becomes smaller again";
+}
+
+TEST_F(Window, TheTableTakesTheExtraRoomAndItsTitlesTheExtraWidth) {
+    const auto* header = table.horizontalHeader();
+    window.resize(760, 640);
+    QCoreApplication::processEvents();
+    const int title = header->sectionSize(1);
+    const int start = header->sectionSize(2);
+    EXPECT_EQ(header->length(), table.viewport()->width());
+    window.resize(1060, 640);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(header->sectionSize(1), title + 300);
+    EXPECT_EQ(header->sectionSize(2), start);
+}
+
+TEST_F(Window, SaysHowLongTheStripeLasts) {
+    const auto& lasts = outlet<QLabel>("lastsLabel");
+    EXPECT_EQ(lasts.text(), QString());
+    outlet("stopTimeCheck").click();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lasts.text(), u"lasts 0:05"_s);
+}
+
+TEST_F(Window, TellsOfATimeThatIsTypedButNotTaken) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto& status = outlet<QLabel>("statusLabel");
+    const auto said = [&] {
+        QCoreApplication::processEvents();
+        return status.accessibleDescription();
+    };
+    EXPECT_EQ(said(), u"no items"_s);
+    QTest::keyClick(&window, Qt::Key_F4);
+    EXPECT_EQ(said(), u"no items"_s) << "nothing is typed yet";
+    QTest::keyClicks(QApplication::focusWidget(), u"1000059"_s);
+    EXPECT_EQ(said(), u"Stop time not taken: press Return"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(said(), u"no frame 59 at 30 fps"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_1);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(said(), u"no items"_s);
+}
+
+/// The item of a menu of the window.
+QAction* item(const MainWindow& window, const QString& menu, const QString& title) {
+    for (const auto* top : window.menuBar()->actions())
+        if (top->text() == menu)
+            for (auto* action : top->menu()->actions())
+                if (action->text() == title)
+                    return action;
+    return nullptr;
+}
+
+TEST_F(Window, TheStatusLineComesAndGoesAndIsRemembered) {
+    auto& status = outlet<QWidget>("statusLine");
+    auto* const show = item(window, u"&View"_s, u"&Status Line"_s);
+    ASSERT_TRUE(status.isVisible() && show->isChecked());
+    show->trigger();
+    EXPECT_FALSE(status.isVisible());
+    EXPECT_EQ(defaults::read().showsStatusLine, false);
+    const MainWindow next;
+    EXPECT_TRUE(next.findChild<QWidget*>(u"statusLine"_s)->isHidden());
+    show->trigger();
+    EXPECT_TRUE(status.isVisible());
+}
+
+TEST_F(Window, TheBigClockFillsTheScreenAndFollowsTheClock) {
+    auto* const show = item(window, u"&View"_s, u"&Big Clock"_s);
+    show->trigger();
+    auto* const bigClock = window.findChild<BigClock*>();
+    ASSERT_NE(bigClock, nullptr);
+    EXPECT_TRUE(bigClock->isVisible() && bigClock->isWindow() && bigClock->isFullScreen());
+    EXPECT_TRUE(show->isChecked());
+    EXPECT_EQ(bigClock->size(), window.screen()->size());
+    auto& clock = bigClock->display().clock();
+    EXPECT_GT(clock.height(), bigClock->height() / 2);
+    controller.handleStripeMenuItems(transport::playing);
+    runLoop.fireTimerOf(RunLoop::Seconds(controller.frameInterval()));
+    EXPECT_EQ(clock.reading(), u"01:00:00:01"_s);
+    for (const auto key : {Qt::Key_Escape, Qt::Key_F11}) {
+        QTest::keyClick(bigClock, key);
+        EXPECT_FALSE(bigClock->isVisible());
+        EXPECT_FALSE(show->isChecked());
+        show->trigger();
+        EXPECT_TRUE(bigClock->isVisible());
+    }
+    bigClock->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(bigClock));
+    QTest::keyClick(bigClock, Qt::Key_F5);
+    EXPECT_EQ(controller.transportState(), transport::stopped);
 }
 
 TEST_F(Window, FitsASmallScreen) {

@@ -1,8 +1,10 @@
 #include "controls/MainMenu.h"
 #include "controls/RecentFiles.h"
+#include "controls/ViewSwitches.h"
 #include "support/CleanDefaults.h"
 #include "support/ControllerRig.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QDialog>
 #include <QMenu>
@@ -11,12 +13,28 @@
 #include <QTemporaryFile>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
 
 using namespace vexa;
 using namespace vexa::test;
 
 namespace {
+
+class PlainViews final : public ViewSwitches {
+public:
+    bool isShown(std::uint64_t tag) const override { return m_shown.contains(tag); }
+    void setShown(std::uint64_t tag, bool shown) override {
+        if (shown)
+            m_shown.insert(tag);
+        else
+            m_shown.erase(tag);
+        Q_EMIT changed();
+    }
+
+private:
+    std::set<std::uint64_t> m_shown{view::statusLine};
+};
 
 struct CountingPrefsPanel final : PrefsPanel {
     void showPreferences() override { ++shown; }
@@ -32,7 +50,8 @@ TEST(MainMenu, PreferencesShowsThePanelInAnyState) {
     controller.applicationDidFinishLaunching();
     QMenuBar bar;
     RecentFiles files;
-    const MainMenu menu(bar, controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, controller, files, views);
     auto* const item = menu.item(MenuAction::handlePrefsMenu);
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(item->text(), QStringLiteral("&Preferences…"));
@@ -51,7 +70,8 @@ TEST(MainMenu, TwoChoicesAtOnceOpenOnePanel) {
     rig.controller.setStopTimeSet(true, tc("01:00:10:00"), QStringLiteral("Set Stop Time"));
     RecentFiles files;
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     int opened = 0;
     rig.ui.addToPanel.answer = [&opened] {
         ++opened;
@@ -109,7 +129,8 @@ TEST_P(OvertakenCommand, IsNotPerformed) {
     controller.applicationDidFinishLaunching();
     QMenuBar bar;
     RecentFiles files;
-    const MainMenu menu(bar, controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, controller, files, views);
     prepare(controller);
     auto* const item = menu.item(action);
     ASSERT_TRUE(item->isEnabled());
@@ -138,7 +159,8 @@ TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     auto& controller = rig.controller;
     QMenuBar bar;
     RecentFiles files;
-    const MainMenu menu(bar, controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, controller, files, views);
     const auto item = [&](std::uint64_t tag) {
         return menu.item(MenuAction::handleBatchListMenuItems, tag);
     };
@@ -188,7 +210,8 @@ TEST(MainMenu, HoldsEveryCommandWithItsShortcut) {
     ControllerRig rig;
     RecentFiles files;
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     std::vector<std::pair<std::string, std::vector<std::string>>> menus;
     for (const auto* action : bar.actions())
         menus.emplace_back(action->text().remove(QLatin1Char('&')).toStdString(),
@@ -218,7 +241,8 @@ TEST(MainMenu, RecentFilesCannotBeOpenedWhileStriping) {
     ControllerRig rig;
     RecentFiles files;
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     const auto* const item = menu.item(MenuAction::other, unavailableWhileStriping);
     ASSERT_NE(item, nullptr);
     EXPECT_TRUE(item->isEnabled());
@@ -238,7 +262,8 @@ TEST(MainMenu, TwoRecentFilesAtOnceAskOneQuestion) {
     RecentFiles files;
     files.noteNewRecentDocument(list.fileName());
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     rig.controller.addItemToBatchList(1, QStringLiteral("item"), {0, 1, 2, 0});
     rig.alerts.answers = {alertThirdButton, alertThirdButton};
     rig.alerts.whileShown = [] {
@@ -263,7 +288,8 @@ TEST(MainMenu, ARecentFileIsNotOpenedOnceARunHasBegun) {
     RecentFiles files;
     files.noteNewRecentDocument(list.fileName());
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     rig.controller.addItemToBatchList(1, QStringLiteral("item"), {0, 1, 2, 0});
     auto* const recent = menu.item(MenuAction::other, unavailableWhileStriping)->menu();
     Q_EMIT recent->aboutToShow();
@@ -278,7 +304,8 @@ TEST(MainMenu, WithFskTheRatesKeepTheirMarks) {
     ControllerRig rig;
     RecentFiles files;
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     rig.controller.handleFrameRateMenuItems(rate::fps25);
     rig.controller.handleSyncTypeMenuItems(sync::fsk);
     for (std::uint64_t code = 0; code < rate::count; ++code) {
@@ -292,7 +319,8 @@ TEST(MainMenu, HelpIsThereInAnyStateAndAboutTellsTheVersion) {
     ControllerRig rig;
     RecentFiles files;
     QMenuBar bar;
-    const MainMenu menu(bar, rig.controller, files);
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
     rig.controller.setTransportState(transport::playing);
     const auto items = bar.actions().constLast()->menu()->actions();
     EXPECT_TRUE(items.constFirst()->isEnabled());
@@ -302,6 +330,67 @@ TEST(MainMenu, HelpIsThereInAnyStateAndAboutTellsTheVersion) {
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(box->text(), QStringLiteral("Vexa Remote 1.2.3"));
     EXPECT_TRUE(box->informativeText().contains(QStringLiteral("MIT")));
+}
+
+/// The item of that title, wherever it stands in the menu.
+QAction* titled(const QMenuBar& bar, const QString& menu, const QString& title) {
+    for (auto* top : bar.actions())
+        if (top->text() == menu)
+            for (auto* item : top->menu()->actions())
+                if (item->text() == title)
+                    return item;
+    return nullptr;
+}
+
+TEST(MainMenu, ShowsAndHidesPartsOfTheWindow) {
+    ControllerRig rig;
+    QMenuBar bar;
+    RecentFiles files;
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
+    auto* const status = titled(bar, QStringLiteral("&View"), QStringLiteral("&Status Line"));
+    auto* const clock = titled(bar, QStringLiteral("&View"), QStringLiteral("&Big Clock"));
+    ASSERT_TRUE(status && clock);
+    EXPECT_TRUE(status->isChecked());
+    EXPECT_FALSE(clock->isChecked());
+    status->trigger();
+    EXPECT_FALSE(views.isShown(view::statusLine));
+    EXPECT_FALSE(status->isChecked());
+    views.setShown(view::bigClock, true);
+    EXPECT_TRUE(clock->isChecked()) << "also where the menu did not do it";
+}
+
+TEST(MainMenu, AChoiceOfOneHasRadioMarks) {
+    ControllerRig rig;
+    QMenuBar bar;
+    RecentFiles files;
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
+    const auto expectChoice = [&](MenuAction action, std::uint64_t count) {
+        const auto* group = menu.item(action, 0)->actionGroup();
+        ASSERT_NE(group, nullptr);
+        EXPECT_TRUE(group->isExclusive()) << "which is what makes the marks round";
+        for (std::uint64_t tag = 0; tag < count; ++tag)
+            EXPECT_EQ(menu.item(action, tag)->actionGroup(), group);
+        EXPECT_EQ(group->actions().size(), static_cast<qsizetype>(count));
+    };
+    expectChoice(MenuAction::handleFrameRateMenuItems, rate::count);
+    expectChoice(MenuAction::handleSyncTypeMenuItems, sync::count);
+    expectChoice(MenuAction::handleBatchListMenuItems, 2);
+    for (std::uint64_t tag : {batch_menu::all, batch_menu::selected})
+        EXPECT_FALSE(menu.item(MenuAction::handleBatchListMenuItems, tag)->isChecked())
+            << "both may be off";
+}
+
+TEST(MainMenu, RatesHaveShortcutsInTheirOrder) {
+    ControllerRig rig;
+    QMenuBar bar;
+    RecentFiles files;
+    PlainViews views;
+    const MainMenu menu(bar, rig.controller, files, views);
+    for (std::uint64_t tag = 0; tag < rate::count; ++tag)
+        EXPECT_EQ(menu.item(MenuAction::handleFrameRateMenuItems, tag)->shortcut().toString(),
+                  QStringLiteral("Ctrl+%1").arg(tag + 1));
 }
 
 } // namespace

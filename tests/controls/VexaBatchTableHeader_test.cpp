@@ -22,7 +22,6 @@ constexpr int width = 300;
 struct Header : testing::TestWithParam<int> {
     Header() {
         header.setModel(&model);
-        header.setStretchLastSection(false);
         header.setSpacing(5);
         for (int column = 0; column < model.columnCount(); ++column)
             header.resizeSection(column, 45);

@@ -274,18 +274,27 @@ TEST_F(TableView, ColumnsAreApartByTheIntercellSpacing) {
 
 TEST_F(TableView, AWidthThatTheOperatorGaveAColumnLasts) {
     auto* header = table.horizontalHeader();
-    const int before = header->sectionSize(1);
-    const QPoint edge(header->sectionViewportPosition(2) - 1, header->height() / 2);
+    const int before = header->sectionSize(2);
+    const QPoint edge(header->sectionViewportPosition(3) - 1, header->height() / 2);
     QTest::mousePress(header->viewport(), Qt::LeftButton, {}, edge);
-    QTest::mouseMove(header->viewport(), edge - QPoint(20, 0));
-    QTest::mouseMove(header->viewport(), edge - QPoint(60, 0));
-    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge - QPoint(60, 0));
-    EXPECT_EQ(header->sectionSize(1), before - 60);
+    QTest::mouseMove(header->viewport(), edge + QPoint(20, 0));
+    QTest::mouseMove(header->viewport(), edge + QPoint(60, 0));
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge + QPoint(60, 0));
+    EXPECT_EQ(header->sectionSize(2), before + 60);
 
     VexaBatchTableView next;
     setUp(next);
-    EXPECT_EQ(next.horizontalHeader()->sectionSize(1), before - 60);
-    EXPECT_EQ(next.horizontalHeader()->sectionSize(2), header->sectionSize(2));
+    EXPECT_EQ(next.horizontalHeader()->sectionSize(2), before + 60);
+    EXPECT_EQ(next.horizontalHeader()->sectionSize(3), header->sectionSize(3));
+}
+
+TEST_F(TableView, TheTitlesTakeTheWidthThatIsLeft) {
+    const auto* header = table.horizontalHeader();
+    for (const int width : {500, 900}) {
+        table.resize(width, 300);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(header->length(), table.viewport()->width());
+    }
 }
 
 class FontScale : public testing::TestWithParam<int> {};
@@ -315,14 +324,14 @@ TEST(TableWidths, OnesThatMakeNoSenseAreBounded) {
         QSettings settings(QSettings::IniFormat, QSettings::UserScope, u"vexa-remote"_s,
                            u"vexa-remote"_s);
         settings.setValue(u"columnwidth/vexareel"_s, -5);
-        settings.setValue(u"columnwidth/vexatitle"_s, 1e12);
+        settings.setValue(u"columnwidth/vexastop"_s, 1e12);
         settings.setValue(u"columnwidth/vexastart"_s, u"wide"_s);
     }
     VexaBatchTableView table;
     setUp(table);
     auto* header = table.horizontalHeader();
     EXPECT_EQ(header->sectionSize(0), header->minimumSectionSize());
-    EXPECT_EQ(header->sectionSize(1), 4000);
+    EXPECT_EQ(header->sectionSize(3), 4000);
     EXPECT_EQ(header->sectionSize(2), header->minimumSectionSize());
 }
 

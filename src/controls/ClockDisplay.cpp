@@ -1,0 +1,85 @@
+#include "controls/ClockDisplay.h"
+
+#include "controls/timecode_well.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QtMath>
+
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+constexpr double usualScale = 4; // of the window's type
+constexpr double leastScale = 1.6;
+constexpr int secondOfQuiet = 1000; // ms
+
+} // namespace
+
+ClockDisplay::ClockDisplay(QWidget* parent)
+    : QWidget(parent), m_text(QString::fromStdString(timecodeText({}))) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void ClockDisplay::setBcdValue(std::uint64_t value) {
+    const auto time = static_cast<PackedTimecode>(value);
+    if (time == m_time)
+        return;
+    m_time = time;
+    const auto before = std::exchange(m_text, QString::fromStdString(timecodeText(unpack(time))));
+    const TimecodeWell well(rect(), TimecodeWell::Digits::fillHeight);
+    for (qsizetype i = 0; i < m_text.size(); ++i)
+        if (m_text[i] != before[i])
+            update(well.cell(i));
+    tellSoon();
+    Q_EMIT shown(time);
+}
+
+void ClockDisplay::follow(const ClockDisplay& other) {
+    connect(&other, &ClockDisplay::shown, this, &ClockDisplay::setBcdValue);
+    setBcdValue(other.m_time);
+}
+
+void ClockDisplay::tellSoon() {
+    if (!QAccessible::isActive())
+        return;
+    m_untold = m_quiet.isActive();
+    if (m_untold)
+        return;
+    tellReading(*this);
+    m_quiet.start(secondOfQuiet, this);
+}
+
+void ClockDisplay::timerEvent(QTimerEvent*) {
+    m_quiet.stop();
+    if (std::exchange(m_untold, false))
+        tellSoon();
+}
+
+int ClockDisplay::heightForDigits(int width) {
+    return TimecodeWell::heightForWidth(width, TimecodeWell::Digits::fillHeight);
+}
+
+QSize ClockDisplay::sizeHint() const {
+    return TimecodeWell::sizeForDigits(font(), usualScale, TimecodeWell::Digits::fillHeight);
+}
+
+QSize ClockDisplay::minimumSizeHint() const {
+    return TimecodeWell::sizeForDigits(font(), leastScale, TimecodeWell::Digits::fillHeight);
+}
+
+void ClockDisplay::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const TimecodeWell well(rect(), TimecodeWell::Digits::fillHeight);
+    for (const auto& rectangle : event->region())
+        painter.fillRect(rectangle, TimecodeWell::ground());
+    painter.setPen(m_digitColor);
+    for (qsizetype i = 0; i < m_text.size(); ++i)
+        if (event->region().intersects(well.cell(i)))
+            well.paintCharacter(painter, i, m_text[i]);
+}
+
+} // namespace vexa

@@ -1,0 +1,105 @@
+#include "controls/ClockDisplay.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QImage>
+#include <QPaintEvent>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace vexa;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Notes what is painted of it and of what it stands on.
+struct PaintedArea final : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            area += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion area;
+};
+
+struct Clock : testing::Test {
+    Clock() {
+        AccessibleReading::install();
+        clock.setGeometry(10, 10, 700, 120);
+        window.resize(720, 200);
+        window.show();
+        QCoreApplication::processEvents();
+    }
+    ~Clock() override { QAccessible::installUpdateHandler(nullptr); }
+
+    QWidget window;
+    ClockDisplay clock{&window};
+};
+
+TEST_F(Clock, AFramePaintsTheDigitsThatChangeAndNothingBeneath) {
+    clock.setBcdValue(0x01020304);
+    QCoreApplication::processEvents();
+    PaintedArea digits;
+    PaintedArea ground;
+    clock.installEventFilter(&digits);
+    window.installEventFilter(&ground);
+    clock.setBcdValue(0x01020305);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(digits.area.isEmpty());
+    EXPECT_LT(digits.area.boundingRect().width(), clock.width() / 8);
+    EXPECT_TRUE(ground.area.isEmpty());
+}
+
+TEST_F(Clock, PaintsAChangedDigitAsIfAllWerePainted) {
+    clock.setBcdValue(0x0a1e3b09);
+    const auto fresh = clock.grab().toImage();
+    clock.setBcdValue(0x0a1e3b08);
+    clock.setBcdValue(0x0a1e3b09);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clock.grab().toImage(), fresh);
+}
+
+TEST_F(Clock, IsBroughtIntoLineWithTheRate) {
+    clock.setFrameRate(frameRateForCode(rate::fps25));
+    clock.setBcdValue(0x1b);
+    clock.frameRateChanged();
+    EXPECT_EQ(clock.reading(), u"00:00:01:02"_s);
+    clock.setBcdValue(UINT64_MAX << 32 | 0x02000000);
+    EXPECT_EQ(clock.reading(), u"02:00:00:00"_s) << "cut to 32 bits";
+}
+
+TEST_F(Clock, FollowsAnother) {
+    clock.setBcdValue(0x01000000);
+    ClockDisplay other;
+    other.follow(clock);
+    EXPECT_EQ(other.reading(), u"01:00:00:00"_s);
+    clock.setBcdValue(0x01000001);
+    EXPECT_EQ(other.reading(), u"01:00:00:01"_s);
+}
+
+TEST_F(Clock, IsALabelThatCanBeReadAtAnyMoment) {
+    const auto* seen = QAccessible::queryAccessibleInterface(&clock);
+    EXPECT_EQ(seen->role(), QAccessible::StaticText);
+    EXPECT_FALSE(seen->state().checkable);
+    for (const int frame : {1, 2, 3}) {
+        clock.setBcdValue(static_cast<std::uint64_t>(frame));
+        EXPECT_EQ(seen->text(QAccessible::Description), u"00:00:00:0%1"_s.arg(frame));
+    }
+}
+
+int told = 0;
+
+TEST_F(Clock, TellsAssistiveTechnologyOnceASecondAtMost) {
+    QAccessible::setActive(true);
+    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+        told += event->type() == QAccessible::DescriptionChanged ? 1 : 0;
+    });
+    told = 0;
+    for (std::uint64_t frame = 1; frame < 30; ++frame)
+        clock.setBcdValue(frame);
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(QTest::qWaitFor([] { return told == 2; })) << "and of what came meanwhile";
+    QAccessible::setActive(false);
+}
+
+} // namespace

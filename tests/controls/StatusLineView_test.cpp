@@ -1,0 +1,70 @@
+#include "controls/AccessibleReading.h"
+#include "controls/StatusLineView.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QLabel>
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+using namespace vexa;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Status : testing::Test {
+    Status() { AccessibleReading::install(); }
+    ~Status() override {
+        QAccessible::installUpdateHandler(nullptr);
+        QAccessible::setActive(false);
+    }
+
+    StatusLineView view;
+    QLabel& status = *view.findChild<QLabel*>(u"statusLabel"_s);
+    QAbstractButton& destination = *view.findChild<QAbstractButton*>(u"destinationButton"_s);
+};
+
+TEST_F(Status, SetsConcernsOffFromWhatIsAtRest) {
+    view.tell({u"12 items"_s, false});
+    const auto atRest = status.palette().color(QPalette::WindowText);
+    view.tell({u"the file\ncould not be written"_s, true});
+    EXPECT_EQ(status.text(), u"the file could not be written"_s);
+    EXPECT_EQ(status.accessibleDescription(), status.text());
+    EXPECT_NE(status.palette().color(QPalette::WindowText), atRest);
+    EXPECT_EQ(status.accessibleName(), u"Status"_s);
+}
+
+TEST_F(Status, TheDestinationIsAButtonThatSaysWhatWasSent) {
+    view.tellDestination(u"Timecode Box · stop · 2 s ago"_s, true);
+    auto* seen = QAccessible::queryAccessibleInterface(&destination);
+    EXPECT_EQ(seen->role(), QAccessible::Button);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Destination"_s);
+    EXPECT_EQ(seen->text(QAccessible::Description), u"Timecode Box · stop · 2 s ago"_s);
+    QSignalSpy pressed(&view, &StatusLineView::destinationPressed);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(pressed.size(), 1);
+}
+
+TEST_F(Status, ShowsWhetherTheDestinationIsThere) {
+    view.tellDestination(u"Timecode Box"_s, true);
+    const auto there = destination.grab().toImage();
+    view.tellDestination(u"Timecode Box"_s, false);
+    EXPECT_NE(destination.grab().toImage(), there);
+}
+
+int told = 0;
+
+TEST_F(Status, AssistiveTechnologyHearsOfTheDestinationWhenItIsAnnounced) {
+    QAccessible::setActive(true);
+    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+        told += event->type() == QAccessible::DescriptionChanged ? 1 : 0;
+    });
+    told = 0;
+    for (const auto& age : {u"1 s ago"_s, u"2 s ago"_s})
+        view.tellDestination(age, true);
+    EXPECT_EQ(told, 0) << "time that passes is no news";
+    view.announceDestination();
+    EXPECT_EQ(told, 1);
+}
+
+} // namespace
