@@ -1,5 +1,7 @@
 #include "app/BigClock.h"
 
+#include "controls/plain_text.h"
+
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
@@ -23,7 +25,7 @@ QScreen* screenBeside(const QWidget& window) {
 
 BigClock::BigClock(QWidget& window, const QList<QAction*>& keys)
     : QMainWindow(&window), m_window(window), m_display(*new DisplayPanel(this)) {
-    setWindowTitle(tr("Big Clock"));
+    setPlainWindowTitle(*this, tr("Big Clock"));
     m_display.clock().setDigitColor(QColor(0xec, 0xee, 0xef));
     setCentralWidget(&m_display);
     addActions(keys);
@@ -52,8 +54,8 @@ void BigClock::keyPressEvent(QKeyEvent* event) {
         QMainWindow::keyPressEvent(event);
 }
 
-void BigClock::closeEvent(QCloseEvent* event) {
-    QMainWindow::closeEvent(event);
+void BigClock::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
     Q_EMIT closed();
 }
 

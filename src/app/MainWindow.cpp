@@ -12,6 +12,8 @@
 
 #include <QCloseEvent>
 
+#include <utility>
+
 namespace vexa {
 
 namespace {
@@ -40,10 +42,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     m_ui->displayPanel->clock().setObjectName(QStringLiteral("currentTimeButton"));
     m_ui->displayPanel->runLine().title().setObjectName(QStringLiteral("currentStripeItemLabel"));
     m_ui->displayPanel->runLine().title().setAccessibleName(tr("Current item"));
-    for (const auto& rate : frameRates)
-        m_ui->frameRateMatrix->addCell(rate.code, rate.name);
-    for (std::uint64_t code = 0; code < sync::count; ++code)
-        m_ui->syncTypeMatrix->addCell(code, syncTypeName(code));
+    addCells();
     for (auto* button : findChildren<KelGrayTextButton*>())
         button->awakeFromNib();
     for (auto* matrix : findChildren<KelGrayTextMatrix*>())
@@ -60,6 +59,19 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
 
     m_stripeItemLabel = std::make_unique<TextFieldOutlet>(m_ui->displayPanel->runLine().title());
     makeOutlets();
+}
+
+/// One for each rate and sync type. Tab reaches them behind the times.
+void MainWindow::addCells() {
+    QWidget* last = m_ui->addToBatchButton;
+    const auto add = [&](KelGrayTextMatrix& matrix, std::uint64_t code, std::string_view name) {
+        auto& cell = matrix.addCell(code, name);
+        setTabOrder(std::exchange(last, &cell), &cell);
+    };
+    for (const auto& rate : frameRates)
+        add(*m_ui->frameRateMatrix, rate.code, rate.name);
+    for (std::uint64_t code = 0; code < sync::count; ++code)
+        add(*m_ui->syncTypeMatrix, code, syncTypeName(code));
 }
 
 void MainWindow::makeOutlets() {
@@ -145,7 +157,9 @@ void MainWindow::connectBatchControlsTo(Vexa_RemoteAppDelegate& controller) {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    m_ui->displayPanel->limitClockHeight(height() / 3);
+    const auto margins = m_ui->faceplateLayout->contentsMargins();
+    m_ui->displayPanel->limitClockHeight(height() / 3, width() - margins.left() - margins.right());
+    m_ui->faceplateLayout->activate();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

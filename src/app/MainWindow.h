@@ -44,6 +44,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void addCells();
     void makeOutlets();
     void connectBatchControlsTo(Vexa_RemoteAppDelegate& controller);
 

@@ -13,7 +13,7 @@ namespace vexa {
 namespace {
 
 constexpr double usualScale = 4; // of the window's type
-constexpr double leastScale = 1.6;
+constexpr double leastScale = 2.6;
 constexpr int secondOfQuiet = 1000; // ms
 
 } // namespace

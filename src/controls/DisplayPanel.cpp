@@ -37,27 +37,18 @@ void DisplayPanel::tell(Phase phase, const RunLine& line) {
     m_runLine.tell(phase, line);
 }
 
-void DisplayPanel::limitClockHeight(int height) {
-    m_clockHeight = height;
-    limitHeight();
-}
-
-void DisplayPanel::limitHeight() {
-    if (!m_clockHeight)
-        return;
+void DisplayPanel::limitClockHeight(int height, int panelWidth) {
+    m_hasRim = true;
+    const auto margins = m_layout.contentsMargins();
+    const int clockWidth = panelWidth - margins.left() - margins.right() -
+                           m_lamps.sizeHint().width() - m_layout.horizontalSpacing();
     const int around = sizeHint().height() - m_clock.sizeHint().height();
-    setMaximumHeight(around +
-                     std::min(*m_clockHeight, ClockDisplay::heightForDigits(m_clock.width())));
-}
-
-void DisplayPanel::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    limitHeight();
+    setMaximumHeight(around + std::min(height, ClockDisplay::heightForDigits(clockWidth)));
 }
 
 void DisplayPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    if (m_clockHeight)
+    if (m_hasRim)
         TimecodeWell(rect()).paintGround(painter, {}, false);
     else
         painter.fillRect(rect(), TimecodeWell::ground());

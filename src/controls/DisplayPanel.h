@@ -6,8 +6,6 @@
 
 #include <QGridLayout>
 
-#include <optional>
-
 namespace vexa {
 
 /// The clock, and the state of the run in lamps and in words, on a dark ground. Readable from some
@@ -24,22 +22,19 @@ public:
 
     /// What the lamps, the margins and the words are measured by.
     void setType(const QFont& font);
-    /// Lets the clock take that height, but no more than its digits need in the width there is, and
-    /// gives the panel a rim. Without a limit, it fills its place.
-    void limitClockHeight(int height);
+    /// Lets the clock take that height, but no more than its digits need where the panel has that
+    /// width; gives the panel a rim. Without a limit, it fills its place.
+    void limitClockHeight(int height, int panelWidth);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void limitHeight();
-
     QGridLayout m_layout{this};
     LampBar& m_lamps;
     ClockDisplay& m_clock;
     RunLineView& m_runLine;
-    std::optional<int> m_clockHeight;
+    bool m_hasRim = false;
 };
 
 } // namespace vexa

@@ -17,15 +17,14 @@ KelGrayTextMatrix::KelGrayTextMatrix(QWidget* parent) : QWidget(parent) {
     connect(&m_cells, &QButtonGroup::idClicked, this, &KelGrayTextMatrix::action);
 }
 
-void KelGrayTextMatrix::addCell(std::uint64_t tag, std::string_view caption) {
+QAbstractButton& KelGrayTextMatrix::addCell(std::uint64_t tag, std::string_view caption) {
     const auto text = QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
-    const auto others = findChildren<QRadioButton*>();
     auto* cell = new QRadioButton(text, this);
     cell->setObjectName(text);
     cell->setAccessibleName(text);
     cell->setProperty("tag", static_cast<qulonglong>(tag));
     layout()->addWidget(cell);
-    setTabOrder(others.isEmpty() ? static_cast<QWidget*>(this) : others.constLast(), cell);
+    return *cell;
 }
 
 void KelGrayTextMatrix::awakeFromNib() {

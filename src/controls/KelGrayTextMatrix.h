@@ -19,7 +19,7 @@ public:
     explicit KelGrayTextMatrix(QWidget* parent = nullptr);
 
     /// Puts a radio cell behind the others. Its name is its caption.
-    void addCell(std::uint64_t tag, std::string_view caption);
+    QAbstractButton& addCell(std::uint64_t tag, std::string_view caption);
 
     /// Call once, when the window description has been loaded and has all its cells.
     void awakeFromNib();

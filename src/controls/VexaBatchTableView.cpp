@@ -254,6 +254,11 @@ void VexaBatchTableView::markItem(const BatchItemRef& item, StripeMark mark) {
         scrollToItem(item);
 }
 
+QSize VexaBatchTableView::minimumSizeHint() const {
+    constexpr int lines = 3;
+    return {QTableView::minimumSizeHint().width(), lines * fontMetrics().height()};
+}
+
 void VexaBatchTableView::reset() {
     QTableView::reset();
     m_hasSelectedRows = false;

@@ -49,6 +49,8 @@ public:
     void clearMarks() override { m_model.clearMarks(); }
 
     void reset() override;
+    /// The header and a row: on a small screen, the clock has the room.
+    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// A delete key was pressed with rows selected.

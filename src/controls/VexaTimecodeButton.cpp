@@ -297,7 +297,7 @@ QSize VexaTimecodeButton::sizeHint() const {
 QSize VexaTimecodeButton::minimumSizeHint() const {
     constexpr double share = 0.7; // where the screen is small; the digits become smaller, too
     const auto full = sizeHint();
-    return {qCeil(share * full.width()), full.height()};
+    return {qCeil(share * full.width()), qCeil(share * full.height())};
 }
 
 void VexaTimecodeButton::paintEvent(QPaintEvent* event) {

@@ -16,10 +16,6 @@ struct View : testing::Test {
         view.resize(600, view.sizeHint().height());
         view.show();
     }
-    ~View() override {
-        QAccessible::installUpdateHandler(nullptr);
-        QAccessible::setActive(false);
-    }
 
     RunLineView view;
     const RunLine line{u"playing"_s, u"4:10 left"_s, u"item 2 of 5"_s, u"1:02:33 of the run"_s,
@@ -59,27 +55,6 @@ TEST_F(View, LinesThatAreTooLongOverlapNothing) {
     view.tell(Phase::running, {QString(300, u'W'), u"4:10 left"_s});
     EXPECT_EQ(view.title().width(), 0);
     EXPECT_EQ(view.sizeHint().width(), 0) << "and widen no window";
-}
-
-int told = 0;
-
-TEST_F(View, TellsAssistiveTechnologyOfEachStateOnce) {
-    QAccessible::setActive(true);
-    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-        told += event->type() == QAccessible::DescriptionChanged ? 1 : 0;
-    });
-    told = 0;
-    view.tell(Phase::running, line);
-    EXPECT_EQ(told, 1);
-    auto later = line;
-    later.left = u"4:09 left"_s;
-    view.tell(Phase::running, later);
-    EXPECT_EQ(told, 1) << "a second less is no news";
-    later.place = u"item 3 of 5"_s;
-    view.tell(Phase::running, later);
-    EXPECT_EQ(told, 2) << "another item is";
-    view.tell(Phase::paused, later);
-    EXPECT_EQ(told, 3);
 }
 
 } // namespace
