@@ -5,6 +5,7 @@
 #include <cfloat>
 #include <cmath>
 #include <functional>
+#include <utility>
 
 namespace vexa {
 
@@ -21,7 +22,6 @@ constexpr float loudest = 100;
 constexpr float height = 100;
 
 constexpr std::uint8_t silence = 128;
-constexpr std::uint8_t highest8Bit = silence + static_cast<std::uint8_t>(height);
 
 /// Relative to the square of the reach. Timecode has more than half, noise an eighth.
 constexpr float leastPower = 0.21F;
@@ -65,11 +65,15 @@ std::span<const std::uint8_t> SignalShaper::shape(std::span<const float> samples
         next += count * stride;
         left -= count;
         m_filled += count;
-        if (m_filled == m_cellSize) {
-            closeCell(cell, to.first(m_cellSize));
-            to = to.subspan(m_cellSize);
-        }
+        if (m_filled < m_cellSize)
+            continue;
+        measureCell(cell);
+        if (m_seen < lanes - middle) // the first cell is not in the middle yet
+            continue;
+        shapeMiddle(to.first(m_cellSize));
+        to = to.subspan(m_cellSize);
     }
+    m_shaped.resize(m_shaped.size() - to.size());
     return m_shaped;
 }
 
@@ -109,7 +113,7 @@ bool SignalShaper::isTimecode(float mean, float reach) const {
     return power > (m_isExpected ? leastPowerExpected : leastPower) * reach * reach;
 }
 
-void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> shaped) {
+void SignalShaper::measureCell(std::span<float> filled) {
     auto cell = measure(filled);
     if (!isReasonable(cell)) {
         for (float& sample : filled)
@@ -127,25 +131,40 @@ void SignalShaper::closeCell(std::span<float> filled, std::span<std::uint8_t> sh
     m_cell = (m_cell + 1) % lanes;
     m_filled = 0;
     m_seen = std::min(m_seen + 1, lanes);
+}
 
+/// The decoder assumes that the recording begins with an edge down to the low level. So the
+/// recording is inverted if it begins high, and what is left of the level before an edge that comes
+/// at once is overwritten.
+void SignalShaper::begin(float mean, float reach) {
+    const std::span seen(m_samples.data(), m_seen * m_cellSize);
+    const auto isHigh = [&](float sample) { return sample - mean > reach / 2; };
+    const auto isLow = [&](float sample) { return mean - sample > reach / 2; };
+    const auto high = std::ranges::find_if(seen, isHigh);
+    const auto low = std::ranges::find_if(seen, isLow);
+    const auto edge = std::max(high, low);
+    const auto soon = static_cast<std::ptrdiff_t>(m_cellSize / 5);
+    const bool isAtOnce = edge - seen.begin() < soon;
+    if (isAtOnce)
+        std::fill(seen.begin(), edge, *edge);
+    m_sign = (high < low) != isAtOnce ? -1.F : 1.F;
+}
+
+void SignalShaper::shapeMiddle(std::span<std::uint8_t> shaped) {
     const float lowest = folded(m_lowest, lower);
     const float highest = folded(m_highest, higher);
     const float mean = m_mean =
         folded(m_sums, std::plus()) / static_cast<float>(m_seen * m_cellSize);
     m_peak = (highest - lowest) / 2;
     const float reach = std::max({highest - mean, mean - lowest, quietest});
-    if (m_seen < lanes - middle) {
-        // A recording may begin with the first edge of a word. The decoder sees that edge only if
-        // the level before it was different.
-        std::ranges::fill(shaped, m_samples[0] < mean ? highest8Bit : silence);
-        return;
-    }
+    if (!std::exchange(m_hasBegun, true))
+        begin(mean, reach);
     if (!isTimecode(mean, reach)) {
         std::ranges::fill(shaped, silence);
         return;
     }
     m_isSilent = false;
-    const float gain = height / reach;
+    const float gain = m_sign * height / reach;
 
     const float* const from = m_samples.data() + (m_cell + middle) % lanes * m_cellSize;
     std::uint8_t* const to = shaped.data();

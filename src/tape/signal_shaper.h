@@ -27,7 +27,7 @@ public:
     /// Whether the last output is silence throughout.
     bool isSilent() const { return m_isSilent; }
 
-    /// The output's lag in samples; it starts with that much silence.
+    /// How many samples the output lags behind: so many are needed after the last one.
     std::size_t lag() const { return m_cellSize * (lanes - 1 - middle); }
 
     /// The last level that was removed as DC.
@@ -52,7 +52,9 @@ private:
     static Cell measure(std::span<const float> samples);
     static bool isReasonable(const Cell& cell);
     bool isTimecode(float mean, float reach) const;
-    void closeCell(std::span<float> filled, std::span<std::uint8_t> shaped);
+    void measureCell(std::span<float> filled);
+    void begin(float mean, float reach);
+    void shapeMiddle(std::span<std::uint8_t> shaped);
 
     std::size_t m_cellSize;
     std::vector<float> m_samples; ///< of the considered cells, as a ring
@@ -63,6 +65,8 @@ private:
     std::size_t m_cell = 0;   ///< cell of the ring being filled
     std::size_t m_filled = 0; ///< samples in that cell
     std::size_t m_seen = 0;   ///< cells of the ring with content
+    bool m_hasBegun = false;  ///< the first cell was output
+    float m_sign = 1;
     bool m_isExpected = false;
     bool m_isSilent = true;
     float m_mean = 0;

@@ -19,8 +19,6 @@ constexpr std::uint32_t expectationsASecond = 4;
 /// A hundredth of a second of silence means that timecode has ended.
 constexpr std::uint32_t silencesASecond = 100;
 
-constexpr std::uint32_t beginningsASecond = 10;
-
 /// More words than the samples of one call can contain.
 constexpr int queueSize = 64;
 constexpr std::size_t mostSamples = 1024;
@@ -56,10 +54,7 @@ bool isTime(const TapeWord& word, const LTCFrame& frame) {
 } // namespace
 
 WordReader::WordReader(std::uint32_t sampleRate)
-    : m_shaper(sampleRate),
-      m_sampleRate(sampleRate),
-      m_decoder(nullptr, ltc_decoder_free),
-      m_position(-static_cast<long long>(m_shaper.lag())) {
+    : m_shaper(sampleRate), m_sampleRate(sampleRate), m_decoder(nullptr, ltc_decoder_free) {
     renewDecoder();
 }
 
@@ -81,21 +76,10 @@ void WordReader::read(std::span<const float> samples, std::size_t stride,
         m_isFresh = m_isFresh && m_shaper.isSilent();
         if (!m_isFresh && m_silence > m_sampleRate / silencesASecond)
             renewDecoder();
-        if (!m_hasBegun && !shaped.empty())
-            begin(shaped.front());
         write(shaped);
         decode(onWord);
         samples = samples.subspan(part.size());
     }
-}
-
-/// Holds the first level for a while, so that the decoder takes no interval before the first edge
-/// for a bit.
-void WordReader::begin(std::uint8_t height) {
-    m_hasBegun = true;
-    const std::vector<std::uint8_t> before(m_sampleRate / beginningsASecond, height);
-    m_position -= static_cast<long long>(before.size());
-    write(before);
 }
 
 void WordReader::write(std::span<const std::uint8_t> shaped) {

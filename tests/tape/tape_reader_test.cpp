@@ -105,6 +105,21 @@ TEST(ChannelReader, ReadsTheFirstWordOfARecordingThatBeginsWithIt) {
         }
 }
 
+TEST(ChannelReader, ReadsTheFirstWordOfARecordingThatBeginsWithItsRise) {
+    for (const float sign : {1.F, -1.F})
+        for (std::uint64_t frame = 0; frame < 25; ++frame) {
+            auto samples = timecode({1, 0, 0, frame}, 50, rate::fps25);
+            samples.erase(samples.begin(), samples.begin() + 24);
+            // The level before the first edge is not there: it rises, or falls, from zero.
+            std::fill_n(samples.begin(), 2, 0.F);
+            for (float& sample : samples)
+                sample *= sign;
+            const auto found = stretchesIn(samples);
+            ASSERT_EQ(found.size(), 1U);
+            EXPECT_EQ(found[0].frames, 50U) << frame << ' ' << sign;
+        }
+}
+
 TEST(ChannelReader, BeginsInMidWord) {
     const auto samples = timecode({1, 0, 0, 0}, 100, rate::fps25);
     for (const std::size_t cut : {300U, 1000U, 1900U}) {
