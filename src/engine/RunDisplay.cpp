@@ -33,6 +33,7 @@ void RunDisplay::showPhase() {
     const auto before = std::exchange(m_phase, m_run.progress().phase);
     switch (m_phase) {
     case Phase::running:
+        m_awaited = nullptr;
         showTime();
         break;
     case Phase::betweenItems:
@@ -51,8 +52,9 @@ void RunDisplay::showPhase() {
 
 /// A run that is interrupted between two items stopped at the one that would have come next.
 void RunDisplay::markNext(Phase interrupted) {
-    const auto awaited = std::exchange(m_awaited, nullptr);
-    const auto next = interrupted == Phase::betweenItems ? m_run.items().upcoming() : awaited;
+    auto next = std::exchange(m_awaited, nullptr);
+    if (interrupted == Phase::betweenItems)
+        next = m_run.items().upcoming();
     if (next)
         m_outlets.batchTable->markItem(next, StripeMark::stoppedHere);
 }

@@ -347,7 +347,7 @@ TEST_F(TableView, ShowsDurationsWhereTheOperatorWantsThem) {
     const CleanDefaults clean;
     list.batchList()[0]->stop = 0x00010203;
     const int columns = table.model()->columnCount();
-    const int width = table.columnWidth(1);
+    const int width = table.columnWidth(2);
     click(1);
     table.setShowsDurations(true);
     ASSERT_EQ(table.model()->columnCount(), columns + 1);
@@ -355,7 +355,7 @@ TEST_F(TableView, ShowsDurationsWhereTheOperatorWantsThem) {
     EXPECT_EQ(table.model()->index(0, columns).data().toString(), u"1:03"_s);
     EXPECT_FALSE(table.model()->flags(table.model()->index(0, columns)) & Qt::ItemIsEditable);
     EXPECT_EQ(table.onlySelectedRow(), 1u);
-    EXPECT_EQ(table.columnWidth(1), width);
+    EXPECT_EQ(table.columnWidth(2), width);
 
     VexaBatchTableView another;
     setUp(another);

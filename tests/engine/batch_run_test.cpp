@@ -367,6 +367,18 @@ TEST_F(BatchRun, MarksTheItemWhoseReelWasNotLoaded) {
     EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::stoppedHere);
 }
 
+TEST_F(BatchRun, AnItemIsFinishedAlsoWhereItsReelHadToBeLoaded) {
+    addThreeItems(1, 1, 2);
+    const auto items = controller.batchStripeData().batchList();
+    rig.press(transport::playing);
+    for (int item = 0; item < 3; ++item) {
+        rig.tick(3);
+        endPause();
+    }
+    ASSERT_EQ(controller.transportState(), transport::stopped);
+    EXPECT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::finished);
+}
+
 TEST_F(BatchRun, ARunThatPlayBeginsAnewDidNotStopAnywhere) {
     addThreeItems(1, 1, 1);
     const auto items = controller.batchStripeData().batchList();
