@@ -4,6 +4,7 @@
 #include <array>
 #include <cfloat>
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <utility>
 
@@ -29,7 +30,7 @@ constexpr float leastPowerExpected = 0.05F;
 
 /// Samples this close to the middle become silence, so that noise just before timecode has no
 /// edges.
-constexpr float rest = 25;
+constexpr int rest = 25;
 
 /// Combines two halves at a time, so the processor handles several values at once.
 template<std::size_t size, typename Combine>
@@ -84,18 +85,25 @@ SignalShaper::Cell SignalShaper::measure(std::span<const float> samples) {
     Lanes highest;
     lowest.fill(samples[0]);
     highest.fill(samples[0]);
-    const auto add = [&](std::size_t lane, float sample) {
-        sums[lane] += sample;
-        squares[lane] += sample * sample;
-        lowest[lane] = lower(lowest[lane], sample);
-        highest[lane] = higher(highest[lane], sample);
-    };
     std::size_t i = 0;
-    for (; i + lanes <= samples.size(); i += lanes)
+    // A loop for each, or the compiler does not see that the lanes do the same.
+    for (; i + lanes <= samples.size(); i += lanes) {
+        const float* const next = samples.data() + i;
         for (std::size_t lane = 0; lane < lanes; ++lane)
-            add(lane, samples[i + lane]);
-    for (; i < samples.size(); ++i)
-        add(0, samples[i]);
+            sums[lane] += next[lane];
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            squares[lane] += next[lane] * next[lane];
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            lowest[lane] = lower(lowest[lane], next[lane]);
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            highest[lane] = higher(highest[lane], next[lane]);
+    }
+    for (; i < samples.size(); ++i) {
+        sums[0] += samples[i];
+        squares[0] += samples[i] * samples[i];
+        lowest[0] = lower(lowest[0], samples[i]);
+        highest[0] = higher(highest[0], samples[i]);
+    }
     return {folded(sums, std::plus()), folded(squares, std::plus()), folded(lowest, lower),
             folded(highest, higher)};
 }
@@ -169,9 +177,8 @@ void SignalShaper::shapeMiddle(std::span<std::uint8_t> shaped) {
     const float* const from = m_samples.data() + (m_cell + middle) % lanes * m_cellSize;
     std::uint8_t* const to = shaped.data();
     for (std::size_t i = 0, count = shaped.size(); i < count; ++i) {
-        const float sample = (from[i] - mean) * gain;
-        const float outside = std::abs(sample) < rest ? 0 : sample;
-        to[i] = static_cast<std::uint8_t>(static_cast<int>(silence + 0.5F + outside));
+        const auto sample = static_cast<int>((from[i] - mean) * gain);
+        to[i] = static_cast<std::uint8_t>(silence + (std::abs(sample) < rest ? 0 : sample));
     }
 }
 
