@@ -10,10 +10,6 @@ namespace vexa {
 
 namespace {
 
-QString fromUtf8(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 /// Removes blanks and a unit at the end, and converts to lower case.
 QString plain(QString name) {
     name = name.remove(QLatin1Char(' ')).toLower();
@@ -32,14 +28,14 @@ std::uint64_t codeNamed(const QString& option, const QString& name, const QStrin
 QStringList rateNames() {
     QStringList names;
     for (const auto& rate : frameRates)
-        names += fromUtf8(rate.name);
+        names += QString::fromUtf8(rate.name);
     return names;
 }
 
 QStringList syncTypeNames() {
     QStringList names;
     for (std::uint64_t code = 0; code < sync::count; ++code)
-        names += fromUtf8(syncTypeName(code));
+        names += QString::fromUtf8(syncTypeName(code));
     return names;
 }
 

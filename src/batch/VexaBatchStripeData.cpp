@@ -25,10 +25,6 @@ std::uint64_t number(const BatchItemRef& item, std::uint64_t BatchItem::* field)
     return item ? (*item).*field : 0;
 }
 
-QString text(std::string_view latin1) {
-    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
-}
-
 } // namespace
 
 VexaBatchStripeData* VexaBatchStripeData::sharedBatchData() { return shared; }
@@ -176,9 +172,9 @@ QString VexaBatchStripeData::objectValueForTableColumn(QStringView column, std::
     if (column == item_key::stop)
         return timecodeStringFromBCDNumber(item.stop);
     if (column == item_key::rate)
-        return text(frameRateForCode(item.rate).name);
+        return QString::fromLatin1(frameRateForCode(item.rate).name);
     if (column == item_key::type)
-        return text(syncTypeName(item.type));
+        return QString::fromLatin1(syncTypeName(item.type));
     return storedText(item, column);
 }
 
@@ -191,7 +187,7 @@ void VexaBatchStripeData::setObjectValue(const QString& value, QStringView colum
 }
 
 QString VexaBatchStripeData::timecodeStringFromBCDNumber(std::uint64_t number) {
-    return text(timecodeText(unpack(static_cast<PackedTimecode>(number))));
+    return QString::fromLatin1(timecodeText(unpack(static_cast<PackedTimecode>(number))));
 }
 
 } // namespace vexa

@@ -21,21 +21,17 @@ namespace vexa {
 
 namespace {
 
-QString latin1(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QStringList rateNames() {
     QStringList names;
     for (const auto& rate : frameRates)
-        names += latin1(rate.name);
+        names += QString::fromLatin1(rate.name);
     return names;
 }
 
 QStringList typeNames() {
     QStringList names;
     for (std::uint64_t code = 0; code < sync::count; ++code)
-        names += latin1(syncTypeName(code));
+        names += QString::fromLatin1(syncTypeName(code));
     return names;
 }
 

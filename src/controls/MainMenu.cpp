@@ -24,10 +24,6 @@ QMenu& menuTitled(QMenuBar& bar, const QString& title) {
     return found == actions.end() ? *bar.addMenu(title) : *(*found)->menu();
 }
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 /// Commands that may open a panel are queued, so that an accessibility call returns before the
 /// modal loop starts. Of two in the queue, the second does not open another panel over the first.
 void performLater(QObject& context, std::function<void()> perform) {
@@ -62,7 +58,7 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, Recent
       m_views(views),
       m_rows(controller, *menuBar.window()) {
     for (const auto& [title, commands, isChoiceOfOne] : commandGroups()) {
-        auto& menu = menuTitled(menuBar, text(title));
+        auto& menu = menuTitled(menuBar, QString::fromUtf8(title));
         if (!menu.isEmpty())
             menu.addSeparator();
         auto* choice = isChoiceOfOne ? choiceOfOneAtMost(*this) : nullptr;
@@ -91,7 +87,7 @@ void MainMenu::fillContextMenu() {
 
 QAction* MainMenu::addItem(QMenu& menu, const Command& command) {
     auto* action = command.perform ? menu.addAction(QString()) : addOpenRecent(menu, command);
-    action->setText(text(command.title));
+    action->setText(QString::fromUtf8(command.title));
     action->setShortcuts(command.shortcuts);
     if (command.perform)
         connectAction(*action, command);

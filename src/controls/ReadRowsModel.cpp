@@ -14,10 +14,6 @@ namespace {
 enum class Column { line, reel, title, start, stop, rate, sync, remark };
 constexpr int columnCountOfAll = 8;
 
-QString latin1(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QString timeText(std::uint64_t packed) {
     return VexaBatchStripeData::timecodeStringFromBCDNumber(packed);
 }
@@ -61,9 +57,9 @@ QString ReadRowsModel::text(const ReadRows::Row& row, int column) const {
     case Column::stop:
         return timeText(stopTime);
     case Column::rate:
-        return latin1(frameRateForCode(rateCode).name);
+        return QString::fromLatin1(frameRateForCode(rateCode).name);
     case Column::sync:
-        return latin1(syncTypeName(typeCode));
+        return QString::fromLatin1(syncTypeName(typeCode));
     default:
         return tr("will be added");
     }

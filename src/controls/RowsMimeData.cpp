@@ -11,7 +11,7 @@ namespace {
 
 const QString tabText = QStringLiteral("text/tab-separated-values");
 const QString commaText = QStringLiteral("text/csv");
-const QString plainText = QStringLiteral("text/plain");
+const QString plainTextType = QStringLiteral("text/plain");
 
 } // namespace
 
@@ -21,7 +21,7 @@ RowsMimeData::RowsMimeData(const BatchItems& items) {
         m_items.push_back(std::make_shared<BatchItem>(*item));
 }
 
-QStringList RowsMimeData::formats() const { return {tabText, commaText, plainText}; }
+QStringList RowsMimeData::formats() const { return {tabText, commaText, plainTextType}; }
 
 bool RowsMimeData::hasFormat(const QString& mimeType) const { return formats().contains(mimeType); }
 

@@ -17,20 +17,17 @@ namespace {
 
 const QString separator = QStringLiteral(" · ");
 
-QString latin(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QString timeText(std::uint64_t packed) {
     return QString::fromStdString(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
 }
 
 /// "25 fps MTC"; FSK carries no rate.
 QString codes(const StripeSettings& settings) {
-    const auto type = latin(syncTypeName(settings.syncType));
+    const auto type = QString::fromLatin1(syncTypeName(settings.syncType));
     return settings.syncType == sync::fsk
                ? type
-               : latin(frameRateForCode(settings.frameRate).name) + QLatin1Char(' ') + type;
+               : QString::fromLatin1(frameRateForCode(settings.frameRate).name) + QLatin1Char(' ') +
+                     type;
 }
 
 QString durationOf(RunLoop::Seconds time) { return QString::fromStdString(durationText(time)); }

@@ -25,15 +25,11 @@ constexpr qreal boxSize = 9;
 const QColor ruleColor(0xb0, 0xb0, 0xb0);
 const QColor groundColor(0xe8, 0xe8, 0xe8);
 
-QString latin1(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QString timeText(std::uint64_t packed) {
-    return latin1(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
+    return QString::fromLatin1(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
 }
 
-QString lengthText(ClockTime time) { return latin1(durationText(time)); }
+QString lengthText(ClockTime time) { return QString::fromLatin1(durationText(time)); }
 
 /// Zero if the item would never end.
 ClockTime lengthOf(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
@@ -151,8 +147,9 @@ void SheetPages::paintRow(QPainter& painter, const ReelSheet::Row& row, qreal to
     paintCell(painter, cell(SheetColumn::start), timeText(item.start));
     paintCell(painter, cell(SheetColumn::stop), timeText(item.stop));
     paintCell(painter, cell(SheetColumn::length), lengthText(lengthOf(item)));
-    paintCell(painter, cell(SheetColumn::rate), latin1(frameRateForCode(item.rate).name));
-    paintCell(painter, cell(SheetColumn::sync), latin1(syncTypeName(item.type)));
+    paintCell(painter, cell(SheetColumn::rate),
+              QString::fromLatin1(frameRateForCode(item.rate).name));
+    paintCell(painter, cell(SheetColumn::sync), QString::fromLatin1(syncTypeName(item.type)));
     if (row.striped.isValid())
         paintCell(painter, cell(SheetColumn::striped),
                   row.striped.toString(QStringLiteral("yyyy-MM-dd HH:mm")));
