@@ -38,6 +38,8 @@ TEST_F(Status, TheDestinationIsAButtonThatSaysWhatWasSent) {
     EXPECT_EQ(seen->text(QAccessible::Description), u"Timecode Box · stop · 2 s ago"_s);
     QSignalSpy pressed(&view, &StatusLineView::destinationPressed);
     seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    // Qt shows the button pressed for a moment before it counts as clicked.
+    EXPECT_TRUE(!pressed.empty() || pressed.wait());
     EXPECT_EQ(pressed.size(), 1);
 }
 
