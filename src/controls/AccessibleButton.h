@@ -5,13 +5,13 @@
 
 namespace vexa {
 
-/// What assistive technology sees of a button that stays down. Toggling it there is a click: Qt's
-/// own counterpart changes the look alone, and the controller would never hear of it.
+/// A checkable button for assistive technology. Toggling it there clicks it: Qt's own interface
+/// only changes the look, and the controller is not told.
 class AccessibleButton final : public QAccessibleWidget {
 public:
     explicit AccessibleButton(QAbstractButton& button);
 
-    /// For all checkable buttons of this process that are asked for from now on.
+    /// For all checkable buttons of this process that are queried from now on.
     static void install();
 
     QAccessible::State state() const override;

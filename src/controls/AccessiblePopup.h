@@ -5,13 +5,13 @@
 
 namespace vexa {
 
-/// What assistive technology sees of a pop-up list. Its name stays, as that of every control: Qt's
-/// own counterpart goes by the item that is selected.
+/// A pop-up list for assistive technology. It keeps its name, as every control does: Qt's own
+/// interface uses the selected item instead.
 class AccessiblePopup final : public QAccessibleWidget {
 public:
     explicit AccessiblePopup(QComboBox& popup);
 
-    /// For all pop-up lists of this process that are asked for from now on.
+    /// For all pop-up lists of this process that are queried from now on.
     static void install();
 
     int childCount() const override { return 1; }

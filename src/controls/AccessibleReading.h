@@ -6,21 +6,21 @@
 
 namespace vexa {
 
-/// A widget that is there to be read. What it says is its accessible description.
+/// A widget to be read. Its text is its accessible description.
 class Reading {
 public:
     virtual ~Reading() = default;
     virtual QString reading() const = 0;
 };
 
-/// What assistive technology sees of a Reading: a label, or a button that can be pressed. It can
-/// ask what the widget says at any moment, but hears of a change only by tellReading(): a reader
-/// that spoke of every frame would never come to an end.
+/// A Reading for assistive technology: a label, or a button that can be pressed. Its text can be
+/// queried at any time, but only tellReading() announces a change: a screen reader cannot keep up
+/// with every frame.
 class AccessibleReading final : public QAccessibleWidget {
 public:
     AccessibleReading(QWidget& widget, const Reading& reading);
 
-    /// For all readings of this process that are asked for from now on.
+    /// For all readings of this process that are queried from now on.
     static void install();
 
     QString text(QAccessible::Text kind) const override;
@@ -29,10 +29,10 @@ public:
 
 private:
     const Reading& m_reading;
-    QAbstractButton* m_button; ///< null for what is none
+    QAbstractButton* m_button; ///< null if the widget is not a button
 };
 
-/// Tells assistive technology that the widget says something else now.
+/// Tells assistive technology that the widget's text has changed.
 void tellReading(QWidget& widget);
 
 } // namespace vexa

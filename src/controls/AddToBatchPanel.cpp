@@ -13,7 +13,7 @@ AddToBatchPanel::AddToBatchPanel(QWidget* parent)
     m_ui->setupUi(this);
     m_ui->reelField->setValidator(new ReelValidator(this));
     const QFontMetrics metrics(m_ui->reelField->font());
-    constexpr int digits = 12; // nine of them, and room around
+    constexpr int digits = 12; // nine, and space around them
     m_ui->reelField->setFixedWidth(digits * metrics.horizontalAdvance(QLatin1Char('0')));
     connect(m_ui->reelField, &QLineEdit::textChanged, this, &AddToBatchPanel::checkReel);
     auto policy = m_ui->reelHint->sizePolicy();

@@ -30,7 +30,7 @@ public:
     Q_SLOT void cancelAddToBatchPanel() { done(panelCancelled); }
 
 private:
-    /// A reel that is none is refused where it is typed.
+    /// Rejects an invalid reel as it is typed.
     void checkReel();
 
     std::unique_ptr<Ui::AddToBatchPanel> m_ui;

@@ -6,7 +6,7 @@
 
 namespace vexa {
 
-/// The add panel, built when it is first asked for: until then no launch waits for it.
+/// The add panel, built on first use so that it does not delay the launch.
 class AddToBatchPanelOnDemand final : public AddToPanel {
 public:
     explicit AddToBatchPanelOnDemand(QWidget& window) : m_window(window) {}

@@ -16,7 +16,7 @@ AlertBox::AlertBox(const Alert& alert, QWidget& window, std::chrono::millisecond
     : QMessageBox(Information, {}, {}, NoButton, &window) {
     setWindowModality(Qt::WindowModal);
     setPlainText(*this, alert.message, alert.information);
-    // Of one role, and of this one: desktops have orders of their own for all others.
+    // Desktops reorder buttons of any other role, or of several.
     for (const auto& text : alert.buttons)
         m_buttons += addButton(text, ActionRole);
     setDefaultButton(qobject_cast<QPushButton*>(m_buttons.constFirst()));

@@ -11,25 +11,25 @@ namespace vexa {
 
 class KeyGuard;
 
-/// An alert over a window, its buttons in the alert's order on every desktop. It comes to the front
-/// when the operator turns to the window. One that comes unasked can be read from some steps away,
-/// and heeds keys only after a person's reaction time.
+/// An alert over a window, with its buttons in the alert's order on every desktop. It is raised
+/// when the operator activates the window. An unprompted one has large type to be read from a
+/// distance, and ignores keys until the operator can have reacted.
 class AlertBox final : public QMessageBox {
 public:
     AlertBox(const Alert& alert, QWidget& window, std::chrono::milliseconds reactionTime);
     ~AlertBox() override;
 
-    /// Returns when the alert is answered or taken down, with a code for that.
+    /// Returns a code when the alert is answered or dismissed.
     int run();
 
 protected:
-    /// Takes Escape for its cancelling button only. Left to itself, a message box with one button
-    /// takes it for that one, and nobody loads a reel by Escape.
+    /// Escape presses the cancelling button only. By default it would press a message box's only
+    /// button, and Escape must not load a reel.
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    /// A click on the window behind would leave the keyboard where nothing can be typed.
+    /// Brings the alert back when the window behind takes the focus, as nothing can be typed there.
     void followFocus(QWindow* window);
     void enlarge();
 

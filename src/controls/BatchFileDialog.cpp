@@ -15,7 +15,7 @@ const QString suffix = QStringLiteral(".vexaB");
 
 bool hasSuffix(const QString& path) { return path.endsWith(suffix, Qt::CaseInsensitive); }
 
-/// Why no file of that path can be opened; nothing when it can.
+/// Why the file cannot be opened; null if it can.
 QString refusalToOpen(const QFileInfo& file) {
     if (!file.exists())
         return QFileDialog::tr("There is no file “%1”.").arg(file.fileName());
@@ -25,7 +25,7 @@ QString refusalToOpen(const QFileInfo& file) {
     return {};
 }
 
-/// Why there can be no file of that path; nothing when there can.
+/// Why the file cannot be saved; null if it can.
 QString refusalToSave(const QFileInfo& file) {
     if (!file.dir().exists())
         return QFileDialog::tr("There is no folder “%1”.").arg(file.path());
@@ -44,12 +44,12 @@ BatchFileDialog::BatchFileDialog(AcceptMode mode, const QString& title, QWidget*
     setAcceptMode(mode);
     setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
     setNameFilter(tr("Batch lists (*%1)").arg(suffix));
-    setOption(DontConfirmOverwrite); // the dialog would ask for the name as it was typed
+    setOption(DontConfirmOverwrite); // it would check the name as typed
 }
 
 std::optional<QString> BatchFileDialog::ask() {
     while (exec() == Accepted)
-        // A dialog of the desktop's own has closed before the choice could be refused.
+        // The desktop's own dialog has already closed when the choice could be refused.
         if (!isOfDesktop() || mayTakeChosenFile())
             return chosenFile();
     return {};
@@ -64,7 +64,8 @@ void BatchFileDialog::accept() {
 
 QString BatchFileDialog::chosenFile() const {
     const auto chosen = selectedFiles().constFirst();
-    // Not the dialog's default suffix: that is not added to names with a full stop in them.
+    // The dialog's default suffix is no substitute: it is not added to names that contain a full
+    // stop.
     return acceptMode() == AcceptOpen || hasSuffix(chosen) ? chosen : chosen + suffix;
 }
 

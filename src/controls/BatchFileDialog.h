@@ -8,14 +8,14 @@
 
 namespace vexa {
 
-/// The desktop's dialog for a batch list file. It stays open, and says why, where there can be no
-/// such file or its name is not that of a batch list.
+/// The desktop's dialog for a batch list file. If the file cannot exist or its name is not that of
+/// a batch list, the dialog says why and stays open.
 class BatchFileDialog final : public PlainFileDialog {
 public:
     BatchFileDialog(AcceptMode mode, const QString& title, QWidget* parent);
 
-    /// Returns when the operator has chosen a file or cancelled, which gives nothing. A file to
-    /// save to has the extension of batch lists; one that exists may be replaced.
+    /// Returns when the operator has chosen a file, or cancelled: then empty. A file to save to has
+    /// the batch list extension; an existing one may be replaced.
     std::optional<QString> ask();
 
 protected:

@@ -38,7 +38,7 @@ QColor signColor(const QPalette& palette, StripeMark mark) {
     return isDark(palette) ? QColor(0xff, 0xb3, 0x2e) : QColor(0x9a, 0x5b, 0x00);
 }
 
-/// A triangle, a tick, or the square of the transport's stop.
+/// A triangle, a tick, or the square of the transport's stop button.
 void paintSign(QPainter& painter, const QRectF& square, StripeMark mark, const QColor& color) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -16,7 +16,7 @@ const BatchItems& items() {
     return list ? list->batchList() : none;
 }
 
-/// Nothing for a row that never ends.
+/// Empty for a row that never ends.
 QString durationOf(const BatchItem& item) {
     const auto time = timeOf(item);
     return time ? QString::fromStdString(durationText(*time)) : QString();
@@ -114,7 +114,7 @@ bool BatchTableModel::setData(const QModelIndex& index, const QVariant& value, i
         return false;
     const auto text = singleLine(value.toString());
     if (text == data(index, role).toString())
-        return true; // an editor that was opened and closed changes no line break into a space
+        return true; // closing an unchanged editor must not turn line breaks into spaces
     VexaBatchStripeData::sharedBatchData()->setObjectValue(text, m_columns[index.column()], row);
     Q_EMIT dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
     return true;

@@ -8,15 +8,15 @@
 
 namespace vexa {
 
-/// The shared batch list as Qt's views see it. What becomes of the list shows at the next
-/// reloadData() only. Columns are known by the keys of an item's fields; titles can be edited.
+/// The shared batch list as a Qt model. Changes to the list show only after reloadData(). Columns
+/// are identified by the keys of an item's fields; titles are editable.
 class BatchTableModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
     /// The StripeMark of a row, as an integer.
     static constexpr int markRole = Qt::UserRole;
-    /// The identifier of a column that shows how long a row takes.
+    /// The identifier of the column for a row's duration.
     inline static const QString duration = QStringLiteral("duration");
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -27,7 +27,7 @@ public:
 
     void markItem(const BatchItemRef& item, StripeMark mark);
     void clearMarks();
-    /// The first cell of the item's row; invalid when the item is not in the list.
+    /// The first cell of the item's row; invalid if the item is not in the list.
     QModelIndex indexOfItem(const BatchItemRef& item) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

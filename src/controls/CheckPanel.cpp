@@ -73,7 +73,7 @@ CheckPanel::CheckPanel(Vexa_RemoteAppDelegate& controller, VexaBatchTableView& t
     connect(m_list, &QAbstractItemView::activated, this, &CheckPanel::goTo);
 }
 
-/// Where the screen has room for it.
+/// Moves the panel beside the window if the screen has room there.
 void CheckPanel::moveBeside(const QWidget& window) {
     constexpr int gap = 8;
     const auto corner = window.frameGeometry().topRight() + QPoint(gap, 0);
@@ -89,7 +89,7 @@ void CheckPanel::showEvent(QShowEvent* event) {
     check();
 }
 
-/// Once for all that an event changes.
+/// Checks once for all changes of one event.
 void CheckPanel::checkSoon() {
     if (isVisible())
         m_soon.start(0);
@@ -99,7 +99,7 @@ void CheckPanel::check() {
     const auto& items = m_controller.batchStripeData().batchList();
     auto findings = checkList(items, static_cast<std::uint64_t>(m_minutes->value()));
     if (findings == m_model.findings() && !m_summary->text().isEmpty())
-        return m_list->viewport()->update(); // titles may have changed; what is chosen stays so
+        return m_list->viewport()->update(); // titles may differ; keeps the selection
     m_summary->setText(findings.empty() ? tr("Nothing to say of this list.")
                                         : tr("Findings: %1").arg(findings.size()));
     m_model.setFindings(std::move(findings));

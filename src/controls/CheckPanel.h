@@ -17,7 +17,7 @@ namespace vexa {
 class VexaBatchTableView;
 class Vexa_RemoteAppDelegate;
 
-/// What is to be said of the list, in words.
+/// The findings about the list, in words.
 class FindingsModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -33,13 +33,13 @@ private:
     std::vector<Finding> m_findings;
 };
 
-/// Says what there is to be said of the list while it is shown, whatever is done to the list
-/// meanwhile. A finding that is chosen shows its row in the table.
+/// Lists the findings about the batch list while it is shown, and follows every change of the list.
+/// Choosing a finding shows its row in the table.
 class CheckPanel : public QDialog {
     Q_OBJECT
 
 public:
-    /// Both must outlive it.
+    /// controller and table must outlive it.
     CheckPanel(Vexa_RemoteAppDelegate& controller, VexaBatchTableView& table, QWidget* window);
 
 protected:

@@ -12,7 +12,7 @@ namespace vexa {
 
 namespace {
 
-constexpr double usualScale = 4; // of the window's type
+constexpr double usualScale = 4; // times the window's type size
 constexpr double leastScale = 2.6;
 constexpr int secondOfQuiet = 1000; // ms
 

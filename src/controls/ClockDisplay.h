@@ -11,9 +11,8 @@
 
 namespace vexa {
 
-/// The running clock, in digits as large as its place allows. A frame paints the digits that it
-/// changes, and nothing beneath them. Assistive technology can read it at any moment and is told
-/// of it once a second at most.
+/// The running clock, with digits as large as fit. Each frame repaints only the digits that
+/// changed. Assistive technology can read it at any time, and is told at most once a second.
 class ClockDisplay : public QWidget, public TimecodeDisplay, public Reading {
     Q_OBJECT
 
@@ -26,11 +25,11 @@ public:
 
     QString reading() const override { return m_text; }
 
-    /// Shows what the other one shows, from now on.
+    /// Mirrors the other display from now on.
     void follow(const ClockDisplay& other);
 
     void setDigitColor(const QColor& color) { m_digitColor = color; }
-    /// The height beyond which the digits grow no more in that width.
+    /// The height above which the digits stop growing at that width.
     static int heightForDigits(int width);
 
     QSize sizeHint() const override;
@@ -50,7 +49,7 @@ private:
     QString m_text;
     const FrameRate* m_rate = &frameRateForCode(rate::fps30);
     QColor m_digitColor = QColor::fromRgbF(0.541F, 0.541F, 0.541F);
-    QBasicTimer m_quiet; ///< runs for a second after assistive technology was told
+    QBasicTimer m_quiet; ///< runs for a second after telling assistive technology
     bool m_untold = false;
 };
 

@@ -6,7 +6,7 @@
 
 namespace vexa {
 
-/// A button that says where messages go, with a lamp: full where the destination is there.
+/// A button that shows where messages go, with a lamp: solid if the destination is available.
 class DestinationButton : public QPushButton, public Reading {
     Q_OBJECT
 

@@ -8,8 +8,8 @@
 
 namespace vexa {
 
-/// The clock, and the state of the run in lamps and in words, on a dark ground. Readable from some
-/// steps away.
+/// The clock, and the state of the run in lamps and words, on a dark ground. Legible from a
+/// distance.
 class DisplayPanel : public QWidget {
     Q_OBJECT
 
@@ -20,10 +20,10 @@ public:
     RunLineView& runLine() { return m_runLine; }
     void tell(Phase phase, const RunLine& line);
 
-    /// What the lamps, the margins and the words are measured by.
+    /// Sets the font that the lamps, margins and words are sized by.
     void setType(const QFont& font);
-    /// Lets the clock take that height, but no more than its digits need where the panel has that
-    /// width; gives the panel a rim. Without a limit, it fills its place.
+    /// Limits the clock's height, at most to what its digits need in a panel of that width, and
+    /// draws a rim. Without a limit, the panel fills its space.
     void limitClockHeight(int height, int panelWidth);
 
 protected:

@@ -4,8 +4,8 @@
 
 namespace vexa {
 
-/// A line of plain text that takes the width it is given and ends in an ellipsis where it is
-/// longer. However long, it widens no window.
+/// A line of plain text, elided at its end to the width available. However long, it widens no
+/// window.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

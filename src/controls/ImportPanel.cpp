@@ -86,7 +86,7 @@ void ImportPanel::build() {
     layout->addLayout(choices);
     layout->addWidget(buttons);
     for (auto* button : buttons->findChildren<QPushButton*>())
-        button->setAutoDefault(false); // Return adds, wherever the keyboard is
+        button->setAutoDefault(false); // Return always adds
     m_add->setDefault(true);
     m_lines->setFocus();
     resize(900, 480);
@@ -128,7 +128,7 @@ void ImportPanel::show(const ReadRows& rows) {
     m_add->setEnabled(!rows.rows.empty());
 }
 
-/// The last column, which says what becomes of a line, takes what the others leave.
+/// The last column, which says what becomes of a line, takes the remaining width.
 void ImportPanel::setColumnWidths() {
     const auto wide = {
         QStringLiteral("500000"),      QStringLiteral("00000"),       QString(24, u'n'),

@@ -16,8 +16,8 @@ class QTableView;
 
 namespace vexa {
 
-/// Shows what becomes of each line of a text before its rows are taken, and asks for what the text
-/// does not tell. The text is read on another thread.
+/// Previews what each line of a text becomes before its rows are added, and asks for what the text
+/// does not say. Reads the text on another thread.
 class ImportPanel : public QDialog {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ public:
     ImportPanel(const QString& title, const ReadingOptions& options,
                 const std::function<FileText()>& source, QWidget* parent);
 
-    /// The rows that the operator wants added; nothing when cancelled.
+    /// The rows to add; empty if cancelled.
     std::optional<ReadRows> ask();
 
 private:
@@ -46,7 +46,7 @@ private:
     QComboBox* m_type;
     QComboBox* m_times;
     QPushButton* m_add;
-    int m_reading = 0; ///< counts; what an earlier one brings is out of date
+    int m_reading = 0; ///< number of the current reading; results of earlier ones are discarded
 };
 
 } // namespace vexa

@@ -4,15 +4,15 @@
 
 namespace vexa {
 
-/// A push button with a gray caption, on white whatever its state: the gray reads on nothing
-/// darker. A click leaves the keyboard where it is.
+/// A push button with a gray caption, always on white: the gray is not legible on anything darker.
+/// A click does not take the focus.
 class KelGrayTextButton : public QPushButton {
     Q_OBJECT
 
 public:
     explicit KelGrayTextButton(QWidget* parent = nullptr);
 
-    /// Call once, when the window description has been loaded.
+    /// Call once, after loading the window description.
     virtual void awakeFromNib();
 
     QSize sizeHint() const override;

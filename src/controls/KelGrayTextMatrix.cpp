@@ -46,7 +46,7 @@ void KelGrayTextMatrix::awakeFromNib() {
 }
 
 bool KelGrayTextMatrix::eventFilter(QObject*, QEvent* event) {
-    // A cell that gets the keyboard makes itself the group's one stop for Tab.
+    // Qt makes the cell with the focus the group's only tab stop.
     if (event->type() == QEvent::FocusOut)
         letTabReachSelectedCell();
     return false;
@@ -62,7 +62,7 @@ void KelGrayTextMatrix::letTabReachSelectedCell() {
 }
 
 QAbstractButton* KelGrayTextMatrix::cellWithTag(std::uint64_t tag) const {
-    // Any code may come in as a tag; cells are numbered by int, and -1 would mean "unnumbered".
+    // The tag may be any code, but button ids are ints, and -1 means "no id".
     return tag <= std::numeric_limits<int>::max() ? m_cells.button(static_cast<int>(tag)) : nullptr;
 }
 
@@ -80,7 +80,7 @@ void KelGrayTextMatrix::switchSelectedCellOff() {
     auto* cell = m_cells.checkedButton();
     if (!cell)
         return;
-    m_cells.setExclusive(false); // an exclusive group does not let go of its last button
+    m_cells.setExclusive(false); // an exclusive group cannot uncheck its last button
     cell->setChecked(false);
     m_cells.setExclusive(true);
 }

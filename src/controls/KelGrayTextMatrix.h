@@ -9,19 +9,19 @@
 
 namespace vexa {
 
-/// A group of buttons of which one is on, with gray captions. Its cells are the buttons inside it
-/// that have a "tag" property; one with a true "transparent" property keeps its colour. Tab reaches
-/// the cell that is on, and the next one leaves the group; a click leaves the keyboard where it is.
+/// A group of buttons with gray captions, one of which is on. Its cells are its child buttons with
+/// a "tag" property; one whose "transparent" property is true keeps its colour. Tab enters at the
+/// cell that is on, and leaves the group next; a click does not take the focus.
 class KelGrayTextMatrix : public QWidget, public RadioMatrix {
     Q_OBJECT
 
 public:
     explicit KelGrayTextMatrix(QWidget* parent = nullptr);
 
-    /// Puts a radio cell behind the others. Its name is its caption.
+    /// Appends a radio cell, named by its caption.
     QAbstractButton& addCell(std::uint64_t tag, std::string_view caption);
 
-    /// Call once, when the window description has been loaded and has all its cells.
+    /// Call once, after loading the window description and adding all cells.
     void awakeFromNib();
 
     void selectCellWithTag(std::uint64_t tag) override;
@@ -30,11 +30,11 @@ public:
     void setMatrixEnabled(bool enabled) override { setEnabled(enabled); }
     void setCellEnabled(std::uint64_t tag, bool enabled) override;
 
-    /// Null when there is no such cell.
+    /// Null if there is no such cell.
     QAbstractButton* cellWithTag(std::uint64_t tag) const;
 
 Q_SIGNALS:
-    /// The operator chose a cell, perhaps the one that was on already.
+    /// The operator chose a cell, possibly the one already on.
     void action();
 
 protected:

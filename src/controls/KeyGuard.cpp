@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto lateness = 100ms; // a timer later than that tells of a busy program
+constexpr auto lateness = 100ms; // a timer later than this means a busy program
 
 bool isStroke(QEvent::Type type) {
     return type == QEvent::KeyPress || type == QEvent::ShortcutOverride || type == QEvent::Shortcut;

@@ -9,10 +9,9 @@ class QWidget;
 
 namespace vexa {
 
-/// Keeps keys from a window that opens unasked until its operator can have seen it: whoever is
-/// typing then does not answer what they have not read. Counts from the window's first paint, and
-/// anew where the program was too busy to take the keys struck meanwhile. A key that was down
-/// before never counts.
+/// Keeps keys from a window that opens unprompted until the operator can have seen it, so that
+/// typing does not answer an unread question. The time runs from the window's first paint, and
+/// restarts if the program was too busy to take keys. A key held down since before is ignored.
 class KeyGuard final : public QObject {
 public:
     /// The window must outlive this.

@@ -15,7 +15,7 @@ namespace {
 constexpr int blinkInterval = 500; // ms
 constexpr int lamps = 3;
 
-/// From the top.
+/// Counted from the top.
 std::optional<int> placeOf(Phase phase) {
     switch (phase) {
     case Phase::awaitingReel:

@@ -7,9 +7,9 @@
 
 namespace vexa {
 
-/// Three lamps above one another that tell the state of a run from afar, by their colour and by
-/// their place: red at the top where a reel is due, amber in the middle for a pause, blinking
-/// between two items, green at the bottom while a run plays. None while it is stopped.
+/// Three lamps in a column that show the state of a run from a distance, by colour and position.
+/// Red at the top: a reel is due. Amber in the middle: a pause, blinking between two items. Green
+/// at the bottom: playing. All are off while stopped.
 class LampBar : public QWidget {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ protected:
 
 private:
     Phase m_phase = Phase::stopped;
-    bool m_isLit = true; ///< while it blinks
+    bool m_isLit = true; ///< toggles while blinking
     QBasicTimer m_blink;
 };
 

@@ -34,13 +34,13 @@ void performLater(QObject& context, std::function<void()> perform) {
     QMetaObject::invokeMethod(&context, unlessPanelIsOpen, Qt::QueuedConnection);
 }
 
-/// The switch of batch striping says in its title what it does; a mark would say the opposite.
+/// The title of the batch striping switch says what it does; a check mark would say the opposite.
 bool showsMark(const Command& command) {
     return command.action != MenuAction::handleBatchListMenuItems ||
            command.tag != batch_menu::useBatch;
 }
 
-/// Radio marks, of which all may be off.
+/// Radio marks, all of which may be off.
 QActionGroup* choiceOfOneAtMost(QObject& owner) {
     auto* group = new QActionGroup(&owner);
     group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
@@ -73,7 +73,7 @@ MainMenu::MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, Recent
     validate();
 }
 
-/// What is done with rows can be chosen where they are, too.
+/// Offers the row commands on the rows, too.
 void MainMenu::fillContextMenu() {
     auto* table = m_menuBar.window()->findChild<QWidget*>(QStringLiteral("batchTable"));
     if (!table)

@@ -18,10 +18,10 @@ namespace vexa {
 class RecentFiles;
 class ViewSwitches;
 
-/// Every command as a menu item, made from the table of commands. The controller is asked how the
-/// items that it answers for are to show when a menu opens and whenever its state changes:
-/// shortcuts act only where their items could be chosen. It is asked again before a command is
-/// performed, since other commands may have come between.
+/// Every command as a menu item, made from the table of commands. The controller validates its
+/// items when a menu opens and whenever its state changes, so a disabled item's shortcut does
+/// nothing. It validates again before performing a command, since other commands may have come
+/// between.
 class MainMenu : public QObject {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ public:
     MainMenu(QMenuBar& menuBar, Vexa_RemoteAppDelegate& controller, RecentFiles& recentFiles,
              ViewSwitches& views);
 
-    /// One of those that the controller answers for; null when there is no such item.
+    /// An item that the controller validates; null if there is no such item.
     QAction* item(MenuAction action, std::uint64_t tag = 0) const;
 
 private:

@@ -8,7 +8,7 @@ namespace vexa {
 
 namespace {
 
-/// The window, or the one of its own that fills its screen and hides it.
+/// The window, or its child window that covers its screen.
 QWidget& frontOf(QWidget& window) {
     for (auto* child : window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (child->isWindow() && child->isVisible() && child->isFullScreen() &&

@@ -11,7 +11,7 @@ namespace vexa {
 
 namespace {
 
-/// The file's name, with its folder where another file of that name is there.
+/// The file name, with its folder if another path has the same file name.
 QString distinctName(const QFileInfo& file, const QStringList& paths) {
     const auto isNamesake = [&](const QString& path) {
         return QFileInfo(path).fileName() == file.fileName();
@@ -48,7 +48,7 @@ void OpenRecentMenu::fill() {
 }
 
 void OpenRecentMenu::choose(const QString& path) {
-    if (QFileInfo(path).isFile()) // it may have gone since the menu was filled
+    if (QFileInfo(path).isFile()) // it may have been deleted since the menu was filled
         Q_EMIT chosen(path);
 }
 

@@ -6,9 +6,9 @@ namespace vexa {
 
 class RecentFiles;
 
-/// The batch lists opened last, newest first, and an item that clears the menu. It is filled when
-/// it opens. A file that is gone is shown, but cannot be chosen: the list at hand is not given up
-/// for one that cannot come.
+/// The batch lists opened last, newest first, and an item that clears the menu. Filled when it
+/// opens. A missing file is shown but disabled: the open list is not given up for one that cannot
+/// be opened.
 class OpenRecentMenu : public QMenu {
     Q_OBJECT
 

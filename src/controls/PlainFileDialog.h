@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// A file dialog whose own questions, as before it replaces a file, show names letter by letter.
+/// A file dialog whose own questions, such as before replacing a file, show names as plain text.
 class PlainFileDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;

@@ -6,8 +6,8 @@
 
 namespace vexa {
 
-/// The preferences panel, built when it is first asked for: most launches never show it, and every
-/// one would wait for it.
+/// The preferences panel, built on first use: most launches never show it, and need not wait for
+/// it.
 class PreferencesOnDemand final : public PrefsPanel {
 public:
     explicit PreferencesOnDemand(QWidget& window) : m_window(window) {}

@@ -9,7 +9,8 @@
 
 namespace vexa {
 
-/// What becomes of each line of a text, in the order of the lines: the row, or why it is none.
+/// What each line of a text becomes, in the order of the lines: a row, or the reason for refusing
+/// it.
 class ReadRowsModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -27,7 +28,7 @@ public:
 private:
     struct Line {
         bool isRefused;
-        std::size_t place; ///< among the rows or the refused lines
+        std::size_t place; ///< index into the rows or the refused lines
     };
 
     QString text(const ReadRows::Row& row, int column) const;

@@ -14,7 +14,7 @@ RecentFiles::RecentFiles() {
     using namespace std::chrono_literals;
     m_background.setMaxThreadCount(1);
     m_later.setSingleShot(true);
-    m_later.setInterval(1s); // a file opened at launch: the window comes first
+    m_later.setInterval(1s); // lets the window open before a file opened at launch is recorded
     QObject::connect(&m_later, &QTimer::timeout, [this] { tellDesktop(); });
 }
 

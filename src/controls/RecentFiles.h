@@ -8,9 +8,9 @@
 
 namespace vexa {
 
-/// The batch lists opened last, kept across launches, and also entered into the list that the
-/// desktop's programs share. That one may be long: it is written in the background, somewhat
-/// later, at the latest when this goes.
+/// The batch lists opened last, kept across launches, and also added to the list that the desktop's
+/// programs share. That list may be long: it is written in the background after a delay, at the
+/// latest on destruction.
 class RecentFiles final : public RecentDocuments {
 public:
     static constexpr qsizetype most = 10;
@@ -19,15 +19,15 @@ public:
     ~RecentFiles() override;
 
     void noteNewRecentDocument(const QString& path) override;
-    /// Absolute, newest first, each once; whether or not the files are still there.
+    /// Absolute, newest first, without duplicates; the files need not exist.
     QStringList paths() const;
-    /// Empties the list, not the desktop's.
+    /// Clears this list, not the desktop's.
     void clear();
 
 private:
     void tellDesktop();
 
-    QStringList m_untold; ///< noted, but not yet in the desktop's list
+    QStringList m_untold; ///< not yet in the desktop's list
     QTimer m_later;
     QThreadPool m_background;
 };

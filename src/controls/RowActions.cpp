@@ -22,7 +22,7 @@ namespace vexa {
 
 namespace {
 
-/// The widget of this kind that has the keyboard, if it is one.
+/// The widget with the focus if it is of this kind, otherwise null.
 template<typename Kind>
 Kind* focused() {
     return qobject_cast<Kind*>(QApplication::focusWidget());
@@ -114,7 +114,7 @@ ReadingOptions RowActions::readingOptions() const {
 }
 
 void RowActions::take(const QString& text, const QString& actionName) {
-    constexpr qsizetype readInAMoment = 100'000; // letters
+    constexpr qsizetype readInAMoment = 100'000; // characters
     const auto taken = [this, text, actionName](const ReadRows& rows) {
         if (rows.fault.isNull() && rows.refused.empty())
             add(rows, actionName);
@@ -157,7 +157,7 @@ void RowActions::exportRows() {
     for (const auto& item : m_controller.batchStripeData().batchList())
         items.push_back(std::make_shared<BatchItem>(*item));
     const auto work = [items, path] {
-        const QByteArray mark("\xEF\xBB\xBF"); // some spreadsheets take nothing else for UTF-8
+        const QByteArray mark("\xEF\xBB\xBF"); // some spreadsheets recognize UTF-8 by nothing else
         return replaceFile(path, mark + delimitedText(items, u',').toUtf8());
     };
     inBackground(*this, work, [this, path](bool isWritten) {

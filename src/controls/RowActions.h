@@ -16,13 +16,13 @@ class CheckPanel;
 class VexaBatchTableView;
 class Vexa_RemoteAppDelegate;
 
-/// What the menus do with rows and files of rows. Where a text field or a time display has the
-/// keyboard, copying and pasting are about its text.
+/// The menu commands for rows and files of rows. If a text field or a time display has the focus,
+/// Copy and Paste act on its text.
 class RowActions : public QObject {
     Q_OBJECT
 
 public:
-    /// Both must outlive it.
+    /// controller and window must outlive it.
     RowActions(Vexa_RemoteAppDelegate& controller, QWidget& window);
 
     /// tag: one of row_menu.
@@ -38,7 +38,7 @@ private:
     void showCheck();
     ReelSheet sheet() const;
     ReadingOptions readingOptions() const;
-    /// Adds what can be taken of a text, asking where some of it cannot.
+    /// Adds the rows of a text. Asks if some of it cannot be read.
     void take(const QString& text, const QString& actionName);
     void ask(const QString& title, const QString& actionName,
              const std::function<FileText()>& source);
@@ -49,7 +49,7 @@ private:
     QWidget& m_window;
     StripedTimes m_striped;
     SheetPrinting m_printing;
-    CheckPanel* m_check = nullptr; ///< built when it is first shown
+    CheckPanel* m_check = nullptr; ///< built when first shown
 };
 
 } // namespace vexa

@@ -6,8 +6,8 @@
 
 namespace vexa {
 
-/// Rows on the clipboard: text between tabs, and comma-separated text. Either is written when a
-/// program asks for it, of the items as they were when they were copied.
+/// Rows for the clipboard, as tab-separated and comma-separated text. Each is written on request,
+/// from the items as they were when copied.
 class RowsMimeData : public QMimeData {
     Q_OBJECT
 
@@ -17,8 +17,7 @@ public:
     QStringList formats() const override;
     bool hasFormat(const QString& mimeType) const override;
 
-    /// The text in which another program, or this one, offers rows; the best where it offers more
-    /// than one.
+    /// The rows that this or another program offers as text, in the best of the formats offered.
     static QString rowsText(const QMimeData& data);
 
 protected:

@@ -16,14 +16,14 @@ namespace {
 
 const QColor textColor(0xd8, 0xdc, 0xde);
 const QColor lesserText(0x9b, 0xa1, 0xa5);
-constexpr double lesserShare = 0.6; // of the first line's type
+constexpr double lesserShare = 0.6; // of the first line's type size
 
 QFont enlarged(QFont font, double scale) {
     font.setPointSizeF(scale * QFontInfo(font).pointSizeF());
     return font;
 }
 
-/// A line with something at its left and something at its right, which is the last to be cut.
+/// A line with a text at the left and one at the right. The left one is cut first.
 void paintLine(QPainter& painter, const QRect& line, const QString& left, const QString& right) {
     const auto metrics = painter.fontMetrics();
     const int gap = right.isEmpty() ? 0 : metrics.averageCharWidth() * 2;

@@ -9,9 +9,9 @@ namespace vexa {
 
 class ElidedLabel;
 
-/// Tells of the run on the dark ground of the clock: its state by a shape and in words, the title
-/// of the item under way and the time left in large type, and what else there is below them. Where
-/// it is narrow, titles are cut first.
+/// Shows the run on the clock's dark ground. The first line, in large type, has the state as a
+/// shape and in words, the current item's title and the time left; the rest is below. In a narrow
+/// window, titles are cut first.
 class RunLineView : public QWidget, public Reading {
     Q_OBJECT
     Q_PROPERTY(double scale READ scale WRITE setScale)
@@ -19,13 +19,13 @@ class RunLineView : public QWidget, public Reading {
 public:
     explicit RunLineView(QWidget* parent = nullptr);
 
-    /// Where the title of the item under way shows.
+    /// Shows the title of the current item.
     ElidedLabel& title() { return m_title; }
     void tell(Phase phase, const RunLine& line);
 
     QString reading() const override { return m_line.sentence; }
 
-    /// How large the type of the first line is, as a multiple of the window's.
+    /// The type size of the first line, as a multiple of the window's.
     double scale() const { return m_scale; }
     void setScale(double scale);
 

@@ -32,7 +32,7 @@ void SheetPrinting::exportPdf(const ReelSheet& sheet) {
     const auto path = askForFile(m_window, fileDialogs::pdf, sheet.listName);
     if (path.isNull())
         return;
-    // Not the default printer's: asking for that can take as long as a network does.
+    // Not the default printer's: asking for that can block as long as the network does.
     const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
     const QPageSize paper(isLetter ? QPageSize::Letter : QPageSize::A4);
     make(sheet, tr("Writing PDF…"), [=](const ReelSheet& pages, const PageProgress& progress) {

@@ -12,20 +12,20 @@ class QWidget;
 
 namespace vexa {
 
-/// Puts a reel sheet on paper or into a PDF file, on another thread. What takes longer than a
-/// moment shows how far it has come, and can be cancelled.
+/// Prints a reel sheet or writes it to a PDF file, on another thread. A job longer than a moment
+/// shows its progress and can be cancelled.
 class SheetPrinting : public QObject {
     Q_OBJECT
 
 public:
     explicit SheetPrinting(QWidget& window) : m_window(window) {}
 
-    /// Both ask where to, over the window, and return before the pages are made.
+    /// Both ask for the destination, over the window, and return before the pages are made.
     void print(const ReelSheet& sheet);
     void exportPdf(const ReelSheet& sheet);
 
 private:
-    /// What takes the pages; false when it could not.
+    /// Outputs the pages; false on failure.
     using Output = std::function<bool(const ReelSheet& sheet, const PageProgress& progress)>;
 
     void make(const ReelSheet& sheet, const QString& what, const Output& output);

@@ -9,8 +9,8 @@ namespace vexa {
 class DestinationButton;
 class ElidedLabel;
 
-/// The last line of the window: what concerns the operator, and the MIDI destination with what was
-/// last sent there. A press on the destination asks for the preferences.
+/// The last line of the window: what concerns the operator, and the MIDI destination with the last
+/// message sent there. Pressing the destination asks for the preferences.
 class StatusLineView : public QWidget {
     Q_OBJECT
 
@@ -19,7 +19,8 @@ public:
 
     void tell(const StatusLine& line);
     void tellDestination(const QString& text, bool isThere);
-    /// Tells assistive technology of the destination, of whose age it hears nothing by itself.
+    /// Announces the destination to assistive technology, which is not told when only its age
+    /// changes.
     void announceDestination();
 
 Q_SIGNALS:

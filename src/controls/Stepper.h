@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// A spin box without the field: two arrows, for a number that is shown elsewhere.
+/// A spin box without the field: two arrows, for a number shown elsewhere.
 class Stepper : public QSpinBox {
     Q_OBJECT
 

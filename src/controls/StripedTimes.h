@@ -11,7 +11,7 @@ namespace vexa {
 
 class StripeRun;
 
-/// When items were brought to their end since the program started.
+/// When items were last striped to their end since the program started.
 class StripedTimes : public QObject {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     /// The run must outlive it.
     explicit StripedTimes(const StripeRun& run);
 
-    /// The last time; null when there was none.
+    /// The last time; null if there is none.
     QDateTime of(const BatchItemRef& item) const;
 
 private:

@@ -15,9 +15,9 @@ namespace vexa {
 
 namespace {
 
-// Of the sign's field, in heights of the caption's type.
+// The size of the sign's field, in heights of the caption's type.
 constexpr int keyWidth = 5;
-constexpr int playKeyWidth = 7; // the one that is looked for in a hurry
+constexpr int playKeyWidth = 7; // the one needed in a hurry
 constexpr int keyHeight = 4;
 constexpr int leastKeyHeight = 2;
 constexpr int captionMargin = 3;
@@ -58,7 +58,7 @@ QColor signColor(std::uint64_t tag, bool on) {
 
 TransportButton::TransportButton(QWidget* parent) : QPushButton(parent) {
     setCheckable(true);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // smaller on a small screen
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // shrinks on a small screen
 }
 
 QSize TransportButton::sizeHint() const { return sizeForSign(keyHeight); }
@@ -100,7 +100,7 @@ void TransportButton::paintEvent(QPaintEvent*) {
     const bool on = isChecked();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    // White beneath the caption whatever the state, as its gray reads on nothing darker.
+    // White beneath the caption in every state: its gray is not legible on anything darker.
     const QRectF key = QRectF(rect()).adjusted(1, 1, -1, -1);
     QPainterPath shape;
     shape.addRoundedRect(key, radius, radius);

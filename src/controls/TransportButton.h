@@ -4,7 +4,7 @@
 
 namespace vexa {
 
-/// A button of the transport, with its sign drawn by its tag: a square, a triangle, two bars.
+/// A transport button. Its tag selects its sign: a square, a triangle, two bars.
 class TransportButton : public QPushButton {
     Q_OBJECT
 
@@ -15,8 +15,8 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    /// Arrow keys move the focus in the group only: they would also press the button they reach,
-    /// and nobody starts a tape by leafing through the window.
+    /// Arrow keys only move the focus within the group. By default they would also press the button
+    /// they reach, and moving around the window must not start a tape.
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

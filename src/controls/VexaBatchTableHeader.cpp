@@ -12,7 +12,7 @@ namespace {
 
 constexpr qreal titleTop = 2;
 
-/// The thinnest line that the device can draw: one of its own pixels, the one in which x lies.
+/// The thinnest line the device can draw: the column of device pixels that contains x.
 void strokeVertical(QPainter& painter, qreal x, qreal top, qreal bottom, const QColor& color) {
     const qreal scale = painter.device()->devicePixelRatio();
     painter.fillRect(QRectF(std::floor(x * scale) / scale, top, 1 / scale, bottom - top), color);

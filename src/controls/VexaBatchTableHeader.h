@@ -6,7 +6,7 @@
 
 namespace vexa {
 
-/// The titles of the batch table: small gray type between thin dividers, on a dark ground.
+/// The header of the batch table: small gray titles between thin dividers, on a dark ground.
 class VexaBatchTableHeader : public QHeaderView {
     Q_OBJECT
 
@@ -20,23 +20,23 @@ public:
 
     const TextAttributes& lucida10gray() const { return m_lucida10gray; }
 
-    /// The share of every section that lies between two columns, in whole pixels. A column is as
-    /// much narrower than its section.
+    /// The part of each section that separates columns, in whole pixels. A column is narrower than
+    /// its section by this much.
     int spacing() const { return m_spacing; }
     void setSpacing(int spacing) { m_spacing = spacing; }
     int columnWidth(int column) const { return sectionSize(column) - m_spacing; }
 
-    /// Paints titles and dividers, and no ground, for columns that begin at the left of bounds.
+    /// Paints titles and dividers without the ground, for columns that start at the left of bounds.
     void drawRect(QPainter& painter, const QRectF& bounds) const;
 
 Q_SIGNALS:
-    /// The mouse was let go, perhaps after a column was resized.
+    /// The mouse button was released, perhaps after resizing a column.
     void released();
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    /// By the type that is painted, not by the style's bold one.
+    /// Measures the font that is painted, not the style's bold one.
     QSize sectionSizeFromContents(int column) const override;
 
 private:

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int rowPadding = 6;
 
-/// In which the row under way shows the longest text that the column is made for.
+/// Fits the longest expected text of the column, in the bold font of the row in progress.
 int standardWidth(const QString& column, QFont font) {
     constexpr int padding = 12;
     static const QHash<QString, QString> longest{
@@ -54,10 +54,10 @@ VexaBatchTableView::VexaBatchTableView(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 }
 
-/// And not those of the light ground that it stands on.
+/// Not the colours of the light ground around the table.
 void VexaBatchTableView::takeColorsOfDesktop() {
     auto colors = QApplication::palette(this);
-    colors.setResolveMask(~QPalette::ResolveMask{0});     // all of them, none of the parent's
+    colors.setResolveMask(~QPalette::ResolveMask{0});     // inherits none of the parent's
     colors.setColor(QPalette::WindowText, restingEdge()); // the frame's
     setPalette(colors);
 }
@@ -103,7 +103,7 @@ void VexaBatchTableView::selectRows(const RowIndexes& rows) {
     for (const auto row : rows) {
         const int number = static_cast<int>(row);
         const auto last = m_model.index(number, lastColumn);
-        // Rows that follow each other make one range: a selection is slow by its ranges.
+        // Merges adjacent rows into one range: selecting slows down with the number of ranges.
         if (!selection.isEmpty() && selection.constLast().bottom() == number - 1)
             selection.last() = QItemSelectionRange(selection.constLast().topLeft(), last);
         else
@@ -177,7 +177,7 @@ void VexaBatchTableView::addHeaderMenu() {
     connect(durations, &QAction::triggered, this, &VexaBatchTableView::setShowsDurations);
     m_header->addAction(durations);
     m_header->setContextMenuPolicy(Qt::ActionsContextMenu);
-    addAction(durations); // the header takes no keyboard
+    addAction(durations); // the header cannot have the focus
 }
 
 void VexaBatchTableView::editTitle() {
@@ -229,7 +229,7 @@ void VexaBatchTableView::storeColumnWidths() {
     Preferences change;
     for (int column = 0; column < m_header->count(); ++column) {
         if (m_header->sectionResizeMode(column) == QHeaderView::Stretch)
-            continue; // it has whatever width the others leave
+            continue; // it takes the width that the others leave
         auto& stored = m_storedWidths[static_cast<std::size_t>(column)];
         const int width = m_header->columnWidth(column);
         if (width == stored)
@@ -242,7 +242,7 @@ void VexaBatchTableView::storeColumnWidths() {
 }
 
 void VexaBatchTableView::scrollToItem(const BatchItemRef& item) {
-    // After a reload, scroll bars come and go: behind this layout, and before what is queued now.
+    // After a reload, scroll bars change after this layout but before events queued now.
     executeDelayedItemsLayout();
     QMetaObject::invokeMethod(
         this, [this, item] { scrollTo(m_model.indexOfItem(item)); }, Qt::QueuedConnection);
@@ -265,13 +265,13 @@ void VexaBatchTableView::reset() {
 }
 
 bool VexaBatchTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
-    // By the keyboard, the title of the row is edited whatever cell is the current one.
+    // An edit key edits the row's title, whichever cell is current.
     return QTableView::edit(trigger == EditKeyPressed ? titleInRowOf(index) : index, trigger,
                             event);
 }
 
 void VexaBatchTableView::keyPressEvent(QKeyEvent* event) {
-    // By key: platforms differ in the text they give to the keys that edit.
+    // By key: platforms differ in the text of editing keys.
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
     const bool consumed =
         plain && ((event->key() == Qt::Key_Backspace && handleKey(QChar(typed::backspace))) ||

@@ -12,25 +12,25 @@ namespace vexa {
 
 class VexaBatchTableHeader;
 
-/// The batch list as a table of whole rows. The widths that the operator gives its columns are
-/// kept in the settings.
+/// The batch list as a table in which whole rows are selected. Column widths set by the operator
+/// are kept in the settings.
 class VexaBatchTableView : public QTableView, public BatchTable {
     Q_OBJECT
 
 public:
     explicit VexaBatchTableView(QWidget* parent = nullptr);
 
-    /// One key, as the character it types. False when it is not one that deletes rows, or when
-    /// none are selected.
+    /// Handles one key, given as the character it types. False if it does not delete rows, or no
+    /// rows are selected.
     bool handleKey(const QString& characters);
     bool handleDelete();
 
-    /// Begins to edit the title of the only selected row.
+    /// Edits the title of the only selected row.
     void editTitle();
-    /// Shows how long each row takes in a column of its own, and remembers that.
+    /// Shows or hides the column of durations, and remembers that.
     void setShowsDurations(bool shows);
 
-    /// Finds titles.
+    /// Searches titles.
     void keyboardSearch(const QString& search) override;
     void commitEditing() override;
     void reloadData() override { m_model.reloadData(); }
@@ -42,18 +42,18 @@ public:
     void moveKeyboardTo(const RowIndexes& rows) override;
     void setColumnIdentifiers(const QStringList& identifiers) override;
     void installHeader() override;
-    /// Also brings back the column widths.
+    /// Also restores the column widths.
     void setIntercellSpacing(double width, double height) override;
     void scrollToItem(const BatchItemRef& item) override;
     void markItem(const BatchItemRef& item, StripeMark mark) override;
     void clearMarks() override { m_model.clearMarks(); }
 
     void reset() override;
-    /// The header and a row: on a small screen, the clock has the room.
+    /// The header and one row: on a small screen, the clock gets the space.
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// A delete key was pressed with rows selected.
+    /// A delete key was pressed while rows were selected.
     void vexarowsdeleted();
     void selectionDidChange();
 
@@ -79,7 +79,7 @@ private:
     VexaBatchTableHeader* m_header = nullptr;
     std::vector<int> m_storedWidths;
     bool m_hasSelectedRows = false;
-    QStringList m_identifiers; ///< of the columns that always show
+    QStringList m_identifiers; ///< of the columns always shown
     bool m_showsDurations = false;
 };
 

@@ -8,19 +8,19 @@
 
 namespace vexa {
 
-/// Opens the user guide, the resource that the program's Info.plist names under KelUserGuideName
-/// and, for its extension, KelUserGuideType.
+/// Opens the user guide: the resource that the program's Info.plist names as KelUserGuideName, with
+/// KelUserGuideType as its extension.
 class VexaHelpController {
 public:
     /// Asks the desktop to open a file.
     using OpenFile = std::function<void(const QString& path)>;
 
-    /// That of the running program, in the desktop's own viewer.
+    /// Uses the running program's bundle and the desktop's viewer.
     VexaHelpController();
     VexaHelpController(Bundle bundle, OpenFile openFile);
 
-    /// Shows the guide in the program that the desktop has for its kind. Does nothing when a key
-    /// or the guide is missing.
+    /// Shows the guide in the desktop's program for that file type. Does nothing if a key or the
+    /// guide is missing.
     void openUserGuide() const;
 
 private:

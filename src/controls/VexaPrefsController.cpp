@@ -27,7 +27,7 @@ constexpr auto destinationsInterval = 1s;
 constexpr int delayFieldTag = 0;
 constexpr int delayStepperTag = 1;
 
-/// Shows an item's state by a check mark: boxes would offer to check several.
+/// Shows an item's state by a check mark: check boxes would suggest that several can be chosen.
 class CheckMarkDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -156,7 +156,7 @@ void VexaPrefsController::updateMidiPortPopup(QComboBox& popup,
 
 void VexaPrefsController::followDestinations() {
     auto& popup = *m_ui->midiOutPopup;
-    // The list that the operator is choosing from stays as it is.
+    // Keeps the list while it is open.
     if (popup.view()->isVisible())
         return;
     if (const int shown = popup.currentIndex(); shown >= 0)
@@ -179,7 +179,7 @@ std::int32_t VexaPrefsController::indexOfChoice() const {
 
 void VexaPrefsController::handlePrefControls(int senderTag) {
     if (senderTag == delayFieldTag) {
-        // While the operator types, the stepper does not write into the field.
+        // The stepper must not write to the field while the operator types.
         const QSignalBlocker blocker(m_ui->delayStepper);
         m_ui->delayStepper->setValue(saturated<int>(static_cast<double>(delayFieldValue())));
     } else if (senderTag == delayStepperTag) {

@@ -30,7 +30,7 @@ QString colonSeparated(const std::array<char16_t, 8>& digits) {
 
 bool isAsciiDigit(QChar letter) { return letter >= u'0' && letter <= u'9'; }
 
-/// Platforms differ in the text they give to the keys that edit.
+/// Platforms differ in the text of editing keys.
 QString charactersOf(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Backspace:
@@ -161,8 +161,7 @@ bool VexaTimecodeButton::validate() {
     const auto typed = typedTime();
     m_refusal = QString::fromStdString(vexa::refusal(typed, *m_rate));
     refresh();
-    // Up to the first field that is out of range: what a rejected entry held is what the fields
-    // hold.
+    // A rejected entry overwrites the fields up to the first one out of range.
     m_time.hours = typed.hours;
     if (typed.hours > 23)
         return false;
@@ -246,7 +245,7 @@ QString VexaTimecodeButton::entryConcern() const {
 }
 
 bool VexaTimecodeButton::event(QEvent* event) {
-    // Tab would move the focus before keyPressEvent() saw it.
+    // Otherwise Tab would move the focus before keyPressEvent().
     if (event->type() == QEvent::KeyPress && isEnabled() && isChecked()) {
         auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier &&
@@ -272,7 +271,7 @@ void VexaTimecodeButton::keyPressEvent(QKeyEvent* event) {
 
 void VexaTimecodeButton::focusInEvent(QFocusEvent* event) {
     KelGrayTextButton::focusInEvent(event);
-    // A menu that closes, or another window that goes, gives back a focus that was never given up.
+    // Closing a menu or another window returns a focus that was never given up.
     switch (event->reason()) {
     case Qt::ActiveWindowFocusReason:
     case Qt::PopupFocusReason:
@@ -281,7 +280,7 @@ void VexaTimecodeButton::focusInEvent(QFocusEvent* event) {
     default:
         m_firstKey = true;
         initInputBuffer();
-        displayInput(); // what shows is what Return takes
+        displayInput(); // Return takes what is shown
     }
 }
 
@@ -295,7 +294,7 @@ QSize VexaTimecodeButton::sizeHint() const {
 }
 
 QSize VexaTimecodeButton::minimumSizeHint() const {
-    constexpr double share = 0.7; // where the screen is small; the digits become smaller, too
+    constexpr double share = 0.7; // for small screens; the digits shrink, too
     const auto full = sizeHint();
     return {qCeil(share * full.width()), qCeil(share * full.height())};
 }

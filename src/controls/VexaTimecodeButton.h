@@ -11,9 +11,9 @@
 
 namespace vexa {
 
-/// A time display that can be typed into. Off, it shows the time it holds, in gray. On, it is in
-/// entry: digits come in from the right, in green, and the first key clears what stood there.
-/// Return, Enter, Tab or switching it off commits a valid entry; an invalid one stays in entry.
+/// A time display that can be typed into. Switched off, it shows its time in gray. Switched on, it
+/// takes an entry: digits come in from the right, in green, and the first key clears the old ones.
+/// Return, Enter, Tab or switching it off commits a valid entry; an invalid entry stays open.
 class VexaTimecodeButton : public KelGrayTextButton, public TimecodeEntry {
     Q_OBJECT
     Q_PROPERTY(int tag READ tag WRITE setTag)
@@ -24,11 +24,11 @@ public:
 
     void awakeFromNib() override;
 
-    /// Tells the display's times apart; one of time_tag.
+    /// Identifies which time it shows; one of time_tag.
     int tag() const { return m_tag; }
     void setTag(int tag) { m_tag = tag; }
 
-    // Counts, not digits. A rejected entry can leave them out of range.
+    // Field values, not digits. A rejected entry can leave them out of range.
     std::uint64_t hours() const { return m_time.hours; }
     std::uint64_t minutes() const { return m_time.minutes; }
     std::uint64_t seconds() const { return m_time.seconds; }
@@ -36,42 +36,42 @@ public:
     PackedTimecode bcdValue() const { return pack(m_time); }
 
     void setBcdValue(std::uint64_t value) override;
-    /// Moves the time on by that many frames, with carries, wrap and drop-frame numbers.
+    /// Advances the time by that many frames, with carries, wrap at midnight and drop-frame
+    /// numbers.
     void incFrames(std::uint64_t count);
     void setFrameRate(const FrameRate& rate) override { m_rate = &rate; }
     void frameRateChanged() override { incFrames(0); }
 
-    /// Goes through validation when it ends an entry: with an invalid one, nothing happens. Tells
-    /// of the time otherwise.
+    /// Validates when it ends an entry: an invalid entry stays open. Otherwise emits timeChanged().
     void setState(int state) override;
     int state() const override { return isChecked() ? 1 : 0; }
 
-    /// One key, as the character it types. False when the key is none of the entry's.
+    /// Handles one key, given as the character it types. False if an entry has no use for it.
     bool handleKey(const QString& characters);
-    /// Lets the next digit or delete key clear what was typed, as if the entry were to begin.
+    /// The next digit or delete key clears what was typed, as at the start of an entry.
     void beginAfresh() { m_firstKey = true; }
     bool validateAndResign();
-    /// Types the time on the clipboard, and begins an entry where none is under way; says so where
-    /// there is no time. For displays that can be typed into.
+    /// Types the time on the clipboard, starting an entry if none is open. If the clipboard holds
+    /// no time, the display says so. Only for displays that can be typed into.
     void paste();
-    /// Parses the typed digits into the time fields, hours first, and stops at the first field
-    /// that is out of range at the rate: fields up to and including that one are then
-    /// overwritten, though the title still shows the time from before.
+    /// Parses the typed digits into the time fields, hours first, up to the first field out of
+    /// range at the rate. Fields up to and including that one are overwritten, though the title
+    /// still shows the old time.
     bool validate();
-    /// Why the time that is shown was refused, in words; empty when it was not. Assistive
-    /// technology is told with the time.
+    /// Why the time shown was refused, in words; empty if it was not. Assistive technology is told
+    /// this along with the time.
     const QString& refusal() const { return m_refusal; }
-    /// Why what was typed has not been taken, in words; empty when nothing waits to be taken.
+    /// Why the entry has not been committed, in words; empty if no entry is pending.
     QString entryConcern() const;
 
     QColor normalColor() const { return m_normalColor; }
     QColor hiliteColor() const { return m_hiliteColor; }
     const QString& title() const { return m_title; }
     const QString& alternateTitle() const { return m_alternateTitle; }
-    /// What can be read now: the alternate title in entry, otherwise the title.
+    /// The text on display: the alternate title during an entry, otherwise the title.
     const QString& shownText() const { return isChecked() ? m_alternateTitle : m_title; }
 
-    /// How large the digits are to be, as a multiple of the window's type.
+    /// The preferred digit size, as a multiple of the window's type size.
     double digitScale() const { return m_digitScale; }
     void setDigitScale(double scale);
 
@@ -81,7 +81,7 @@ public:
 Q_SIGNALS:
     /// A time was entered: packed timecode.
     void timeChanged(int tag, std::uint64_t entered);
-    /// What can be read, or why it was refused, has changed.
+    /// The text on display, or the reason for its refusal, has changed.
     void shownChanged();
 
 protected:

@@ -6,7 +6,7 @@
 
 namespace vexa {
 
-/// Parts of the window that the operator shows and hides; tags of the View menu's items.
+/// Parts of the window that can be shown and hidden; tags of the View menu's items.
 namespace view {
 inline constexpr std::uint64_t statusLine = 0;
 inline constexpr std::uint64_t bigClock = 1;

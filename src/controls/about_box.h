@@ -4,8 +4,8 @@ class QWidget;
 
 namespace vexa {
 
-/// Tells, over the window, what the program is, its version and its licence. Returns at once; the
-/// box goes when it is closed.
+/// Shows the program's description, version and licence in a box over the window. Returns at once;
+/// the box deletes itself when closed.
 void showAboutBox(QWidget& window);
 
 } // namespace vexa

@@ -16,12 +16,12 @@ namespace {
 using To = const CommandTargets;
 using Tag = std::uint64_t;
 
-/// For items whose action alone says what they do.
+/// For items that their action alone identifies.
 constexpr Tag noTag = 0;
 
 QList<QKeySequence> key(const QKeySequence& sequence) { return {sequence}; }
 
-/// The usual shortcut, which the menu shows, and what the desktop has for the command besides.
+/// The usual shortcut, which the menu shows, and the desktop's other shortcuts for the command.
 QList<QKeySequence> keys(QKeySequence::StandardKey standard, const QKeySequence& usual) {
     auto bindings = QKeySequence::keyBindings(standard);
     bindings.removeAll(usual);
@@ -29,7 +29,7 @@ QList<QKeySequence> keys(QKeySequence::StandardKey standard, const QKeySequence&
     return bindings;
 }
 
-/// Begins the typing of a time: the next digit is the first, also where digits stand already.
+/// Starts typing a time: the next digit is the first, even if some were typed already.
 void type(VexaTimecodeButton* display) {
     display->setFocus(Qt::ShortcutFocusReason);
     if (display->isChecked())
@@ -38,14 +38,14 @@ void type(VexaTimecodeButton* display) {
         display->click();
 }
 
-/// A display of times, by the name that it has as an outlet.
+/// The time display with that outlet name.
 VexaTimecodeButton* display(To& to, const char* name) {
     return to.window.findChild<VexaTimecodeButton*>(QLatin1String(name));
 }
 
 using enum MenuAction;
 
-/// All that may ask to save first are among those that may open a panel.
+/// Commands that may ask to save first are marked as ones that may open a panel.
 CommandGroup fileCommands() {
     return {"&File",
             {{newDocument, noTag, "&New", keys(QKeySequence::New, Qt::CTRL | Qt::Key_N), true,
@@ -126,7 +126,7 @@ CommandGroup transportCommands() {
              {handleStripeMenuItems, transport::paused, "P&ause", key(Qt::Key_F7), false, press}}};
 }
 
-/// One of the batch list's, whose tags the controller tells apart.
+/// A command of the batch list; the controller distinguishes them by tag.
 Command batchCommand(Tag tag, std::string_view title, const QList<QKeySequence>& shortcuts,
                      bool mayOpenPanel) {
     return {handleBatchListMenuItems, tag, title, shortcuts, mayOpenPanel, [](To& to, Tag chosen) {

@@ -32,25 +32,25 @@ struct CommandTargets {
 struct Command {
     using Perform = void (*)(const CommandTargets& to, std::uint64_t tag);
 
-    std::optional<MenuAction> action = {}; ///< none: always enabled, without asking the controller
+    std::optional<MenuAction> action = {}; ///< none: always enabled, not validated
     std::uint64_t tag = 0;
-    std::string_view title = {}; ///< UTF-8, with '&' before the letter that chooses it
+    std::string_view title = {}; ///< UTF-8, with '&' before the mnemonic
     QList<QKeySequence> shortcuts = {};
     bool mayOpenPanel = false;
-    Perform perform = nullptr; ///< null: the item leads to the files opened last
-    /// Whether the item is marked, for one that the controller is not asked about; null: never.
+    Perform perform = nullptr; ///< null: the item opens the menu of recent files
+    /// Whether the item is marked, if the controller does not validate it; null: never.
     bool (*isMarked)(const CommandTargets& to, std::uint64_t tag) = nullptr;
 };
 
 /// Commands that stand together in a menu, between separators.
 struct CommandGroup {
-    std::string_view menu; ///< its title
+    std::string_view menu; ///< the menu's title
     std::vector<Command> commands;
-    bool isChoiceOfOne = false; ///< one at most is marked
+    bool isChoiceOfOne = false; ///< at most one is marked
 };
 
-/// All of them, in the order of the menus. Call when the application is there: its desktop has a
-/// say in the shortcuts.
+/// All commands, in menu order. Call after creating the application: the shortcuts depend on its
+/// desktop.
 const std::vector<CommandGroup>& commandGroups();
 
 } // namespace vexa

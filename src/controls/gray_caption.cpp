@@ -12,7 +12,7 @@ void setGrayCaption(QWidget& control) {
     for (const auto role : {QPalette::ButtonText, QPalette::WindowText, QPalette::Text}) {
         palette.setColor(QPalette::Active, role, captionGray());
         palette.setColor(QPalette::Inactive, role, captionGray());
-        // What cannot be used is to be told apart at a glance.
+        // Disabled controls must be recognizable at a glance.
         palette.setColor(QPalette::Disabled, role, QColor::fromRgbF(0.73F, 0.73F, 0.73F));
     }
     control.setPalette(palette);

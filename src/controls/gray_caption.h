@@ -6,11 +6,11 @@ class QWidget;
 
 namespace vexa {
 
-/// The gray of every caption: 0.455 in each channel. It reads at 4.5:1 on grounds of at least
+/// The gray of every caption: 0.455 in each channel. Its contrast is 4.5:1 on grounds of at least
 /// 98.5 % white.
 QColor captionGray();
 
-/// Gives a control's caption that gray, whatever colour it had. Fonts stay as they are.
+/// Gives a control's caption that gray, whatever its colour. The font stays.
 void setGrayCaption(QWidget& control);
 
 } // namespace vexa

@@ -9,8 +9,8 @@
 
 namespace vexa {
 
-/// Does work on another thread, then calls done(result) on the main thread, unless the context is
-/// gone by then.
+/// Runs work on another thread, then calls done(result) on the main thread unless the context has
+/// been destroyed by then.
 template<typename Work, typename Done>
 void inBackground(QObject& context, Work work, Done done) {
     const QPointer<QObject> guard(&context);

@@ -2,7 +2,7 @@
 
 namespace vexa::typed {
 
-/// The characters by which handleKey() is told which key was pressed.
+/// The characters that tell handleKey() which key was pressed.
 inline constexpr char16_t enter = 0x03;
 inline constexpr char16_t backspace = 0x08;
 inline constexpr char16_t tab = 0x09;

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace vexa {
 
-/// Tells something over the window. Returns at once.
+/// Shows a message over the window. Returns at once.
 void showMessage(QWidget& window, const QString& text, const QString& information = {});
 
 } // namespace vexa

@@ -8,7 +8,7 @@
 
 namespace vexa {
 
-// The platform's widgets as the controller's outlets.
+// Adapts the platform's widgets to the controller's outlets.
 
 class ButtonOutlet final : public Button {
 public:
@@ -23,8 +23,8 @@ private:
     QAbstractButton& m_button;
 };
 
-/// A label shows its text in one line, and to assistive technology as its description; its name
-/// stays. The tool tip has the text as it is.
+/// A label shows its text on one line, and gives it to assistive technology as its description; its
+/// name stays. The tool tip has the text unchanged.
 class TextFieldOutlet final : public TextField {
 public:
     explicit TextFieldOutlet(QLabel& label) : m_label(label) {}

@@ -9,9 +9,9 @@ class QRectF;
 
 namespace vexa {
 
-// How the state of a run looks wherever it is shown: one colour and one shape for each.
+// How the state of a run looks wherever it is shown: each has one colour and one shape.
 
-/// On the dark ground of the displays.
+/// For the dark ground of the displays.
 QColor phaseColor(Phase phase);
 
 /// A square, a triangle, two bars, an arrow to a bar, or a reel.

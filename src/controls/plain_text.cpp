@@ -17,7 +17,7 @@ namespace {
 constexpr qsizetype longestLine = 100;
 constexpr qsizetype mostLines = 20;
 
-/// How much of a text goes into one line: up to a space, where there is one in its second half.
+/// The length of the first line, broken at the last space if that is in its second half.
 qsizetype lengthOfFirstLine(const QString& text) {
     if (text.size() <= longestLine)
         return text.size();
@@ -40,8 +40,8 @@ QString folded(const QString& text) {
     return lines.join(QLatin1Char('\n'));
 }
 
-/// A tool tip has no setting for its kind of text: what would be taken for HTML becomes HTML that
-/// shows as the text.
+/// A tool tip cannot be set to plain text: text that would be taken for HTML is converted to HTML
+/// that shows it literally.
 QString toolTipOf(const QString& text) {
     const auto lines = folded(text);
     return Qt::mightBeRichText(lines) ? Qt::convertFromPlainText(lines, Qt::WhiteSpacePre) : lines;
@@ -70,12 +70,12 @@ void setPlainText(QMessageBox& box, const QString& text, const QString& informat
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setInformativeText(information);
-    for (auto* label : box.findChildren<QLabel*>()) // the box's own setting is for one of them
+    for (auto* label : box.findChildren<QLabel*>()) // the box's own setting applies to only one
         label->setTextFormat(Qt::PlainText);
 }
 
 void setPlainWindowTitle(QWidget& window, const QString& title) {
-    auto text = singleLine(title); // "[*]" by itself would stand for a mark of changes
+    auto text = singleLine(title); // a single "[*]" would be the modified marker
     window.setWindowTitle(text.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 

@@ -10,15 +10,14 @@ class QWidget;
 
 namespace vexa {
 
-// File names, titles and the names of devices come from anywhere. Qt takes a text that looks like
-// HTML for HTML, and loads the pictures that it refers to. What shows such a text goes through
-// here, and shows it letter by letter.
+// File names, titles and device names come from anywhere. Qt renders text that looks like HTML as
+// HTML, and loads the images it refers to. These functions show such text literally.
 
-/// Long lines are folded, and what would still not fit on a screen is cut off.
+/// Folds long lines, and cuts off what would not fit on a screen.
 void setPlainToolTip(QWidget& widget, const QString& text);
 void setPlainToolTip(QAction& action, const QString& text);
 
-/// Shows it now, at a point of the screen or below the widget; an empty one ends what shows.
+/// Shows it now, at a point of the screen or below the widget; an empty text hides it.
 void showPlainToolTip(QWidget& widget, const QString& text, QPoint where);
 void showPlainToolTip(QWidget& widget, const QString& text);
 
@@ -30,10 +29,10 @@ void setPlainText(QMessageBox& box, const QString& text, const QString& informat
 
 void setPlainWindowTitle(QWidget& window, const QString& title);
 
-/// The text of a menu item, with "&" and control characters as themselves.
+/// The text of a menu item, with "&" and control characters shown literally.
 QString plainMenuText(const QString& text);
 
-/// The text in one line: each line break is a space.
+/// The text on one line, with each line break as a space.
 QString singleLine(QString text);
 
 } // namespace vexa

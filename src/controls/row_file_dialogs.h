@@ -6,14 +6,14 @@ class QWidget;
 
 namespace vexa {
 
-// Files that lists come from or go to, other than batch lists.
+// Files to import lists from or export them to, other than batch lists.
 
 namespace fileDialogs {
 
 struct Kind {
     const char* title;
     const char* filter;
-    const char* suffix; ///< of files that are written; null: an existing file is asked for
+    const char* suffix; ///< of files to write; null: asks for an existing file
 };
 
 inline constexpr Kind rowsToRead{"Import", "Rows (*.csv *.tsv *.txt *.edl);;All files (*)",
@@ -23,7 +23,7 @@ inline constexpr Kind pdf{"Export as PDF", "PDF (*.pdf)", "pdf"};
 
 } // namespace fileDialogs
 
-/// Asks for a file of the kind, over the window; null when cancelled. name: what is proposed,
+/// Asks for a file of the kind, over the window; null if cancelled. name: the proposed name,
 /// without its suffix.
 QString askForFile(QWidget& window, const fileDialogs::Kind& kind, const QString& name = {});
 

@@ -17,7 +17,7 @@ constexpr int colons = 3;
 constexpr int digits = 8;
 constexpr qreal colonShare = 0.6; // of a digit's width
 constexpr qreal widthInDigits = digits + colons * colonShare;
-constexpr qreal sideMargin = 0.9; // digit widths, both sides together
+constexpr qreal sideMargin = 0.9; // in digit widths, both sides together
 
 QFont digitFont(qreal pixelSize) {
     QFont font;
@@ -32,8 +32,8 @@ qreal widestDigit(const QFontMetricsF& metrics) {
     return widest;
 }
 
-/// Of the widest digit, per pixel of the type's size. Measured once a font: the clock asks for it
-/// with every frame.
+/// The widest digit's width per pixel of type size. Measured once per font, as the clock asks at
+/// every frame.
 qreal digitWidthPerSize() {
     constexpr int size = 100;
     static QFont measured;
@@ -45,7 +45,7 @@ qreal digitWidthPerSize() {
     return width;
 }
 
-/// Of the type, per pixel of the rectangle's height.
+/// The type size per pixel of the rectangle's height.
 qreal sizePerHeight(TimecodeWell::Digits room) {
     return room == TimecodeWell::Digits::withinRim ? 0.66 : 1.05;
 }

@@ -9,29 +9,29 @@ class QPainter;
 
 namespace vexa {
 
-/// The look of a time display: a dark well with digits that keep their places whatever they are.
-/// The digits are as large as the rectangle allows.
+/// The look of a time display: a dark well with fixed-width digits, as large as the rectangle
+/// allows.
 class TimecodeWell {
 public:
-    /// How much of the height is the digits': with a rim around them, or alone in their place.
+    /// How much of the height the digits take: inside a rim, or all of it.
     enum class Digits { withinRim, fillHeight };
 
     explicit TimecodeWell(const QRect& rectangle, Digits room = Digits::withinRim);
 
-    /// What light text on a dark ground stands on, in this window.
+    /// The ground for light text in this window.
     static QColor ground() { return {0x10, 0x12, 0x13}; }
 
-    /// A size in which the digits are those of that font, that many times as large.
+    /// The size at which the digits are `scale` times as large as that font's.
     static QSize sizeForDigits(const QFont& font, double scale, Digits room = Digits::withinRim);
 
-    /// The height at which the digits of that width are as large as they get.
+    /// The height at which digits in that width reach their largest size.
     static int heightForWidth(int width, Digits room);
 
-    /// Where the character at a position of "hh:mm:ss:ff" stands.
+    /// The rectangle of the character at a position of "hh:mm:ss:ff".
     QRect cell(qsizetype position) const;
 
-    /// edge: the colour of the rim, none for the resting one. The display that has the keyboard
-    /// has a ring around that.
+    /// edge: the colour of the rim; invalid for the resting colour. The focused display has a ring
+    /// around the rim.
     void paintGround(QPainter& painter, const QColor& edge, bool focused) const;
     void paintCharacter(QPainter& painter, qsizetype position, QChar character) const;
 
