@@ -16,8 +16,8 @@
 
 namespace vexa {
 
-/// What the controller holds and acts on: the list and its file, what the operator has asked for,
-/// the run and the undo manager. Times are packed timecodes. Main thread only.
+/// What the controller holds and acts on: the list and its file, the operator's settings, the run
+/// and the undo manager. Times are packed timecodes. Main thread only.
 class ControllerState {
 public:
     std::uint64_t transportState() const { return m_transportState; }
@@ -32,7 +32,7 @@ public:
     double frameInterval() const { return frameRateForCode(frameRate()).frameInterval; }
     std::uint64_t syncType() const { return m_plan.settings.syncType; }
     bool useBatch() const { return m_plan.useBatch; }
-    /// useBatch() before the last click on the batch radios.
+    /// The value of useBatch() before the last click on the batch radios.
     bool previousUseBatch() const { return m_previousUseBatch; }
     std::uint64_t batchMode() const { return m_plan.batchMode; }
     std::uint64_t itemsToStripe() const { return m_run.progress().itemsToStripe; }
@@ -46,7 +46,7 @@ public:
     bool previouslySaved() const { return m_document.previouslySaved(); }
     const QString& url() const { return m_document.url(); }
     const QString& fileTitle() const { return m_document.fileTitle(); }
-    /// The name of the file that the list should have been written to but was not; else empty.
+    /// The name of the list's file if the list could not be written to it; otherwise empty.
     QString unwrittenFile() const { return m_document.unwrittenFile(); }
     double delayInSeconds() const { return m_plan.delayInSeconds; }
     bool pauseForReelChange() const { return m_plan.pauseForReelChange; }

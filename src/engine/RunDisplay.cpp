@@ -50,7 +50,7 @@ void RunDisplay::showPhase() {
     }
 }
 
-/// A run that is interrupted between two items stopped at the one that would have come next.
+/// A run interrupted between two items has stopped at the next one.
 void RunDisplay::markNext(Phase interrupted) {
     auto next = std::exchange(m_awaited, nullptr);
     if (interrupted == Phase::betweenItems)

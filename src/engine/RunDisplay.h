@@ -8,8 +8,8 @@
 
 namespace vexa {
 
-/// Shows through the outlets how a run gets on: the time, the marks of its rows, the title of its
-/// item, and the pause between two items by the transport's buttons.
+/// Shows the progress of a run through the outlets: the time, the marks of its rows, the current
+/// item's title, and the pause between items on the transport's buttons.
 class RunDisplay : public QObject {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
     RunDisplay(const Outlets& outlets, RunLoop& runLoop, const StripeRun& run);
 
     void clearTitle() { showTitle({}); }
-    /// Forgets what the rows show of an earlier run.
+    /// Clears the marks of an earlier run.
     void clearMarks() { m_outlets.batchTable->clearMarks(); }
 
 private:
@@ -32,8 +32,8 @@ private:
     const Outlets m_outlets;
     const StripeRun& m_run;
     TransportBlink m_blink;
-    Phase m_phase = Phase::stopped; ///< that shows
-    BatchItemRef m_awaited;         ///< the item whose reel is to be loaded
+    Phase m_phase = Phase::stopped; ///< as shown
+    BatchItemRef m_awaited;         ///< the item whose reel is awaited
 };
 
 } // namespace vexa

@@ -8,7 +8,7 @@ namespace vexa {
 
 namespace {
 
-/// Null where the run is at none.
+/// Null if the row is not in the run.
 BatchItemRef itemAt(const ItemSequence& items, std::uint64_t row) {
     return row < items.items().size() ? items.items()[row] : nullptr;
 }

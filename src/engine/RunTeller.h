@@ -14,7 +14,7 @@ namespace vexa {
 
 class Vexa_RemoteAppDelegate;
 
-/// Tells in words what the controller's run is doing, and what concerns the operator. Main thread
+/// Puts the state of the controller's run into words, with what concerns the operator. Main thread
 /// only.
 class RunTeller : public QObject {
     Q_OBJECT
@@ -23,16 +23,15 @@ public:
     /// The controller must outlive this.
     explicit RunTeller(const Vexa_RemoteAppDelegate& controller);
 
-    /// now: local time of day. Costs as much for a long list as for a short one, unless that has
-    /// changed.
+    /// now: local time of day. Takes constant time unless the list has changed.
     RunLine line(const QTime& now);
-    /// Of the item under way or interrupted; empty otherwise.
+    /// The title of the current or interrupted item; otherwise empty.
     QString itemTitle() const { return VexaBatchStripeData::titleOfItem(m_item); }
-    /// entry: why a time that is typed has not been taken, if so.
+    /// entry: why the typed time has not been committed; empty if none is pending.
     StatusLine status(const QString& entry);
-    /// Of the item or single stripe under way; nothing where it does not end by itself.
+    /// The time left of the current item or single stripe; empty if it does not end by itself.
     std::optional<RunLoop::Seconds> leftOfItem() const { return m_times.leftOfItem(); }
-    /// How long the stripe of the settings lasts, "lasts 10:00"; empty where it has no end.
+    /// The duration of a stripe with the current settings, "lasts 10:00"; empty if it never ends.
     QString lasts() const;
 
 private:
@@ -49,9 +48,9 @@ private:
     RunTimes m_times{m_run};
     std::optional<std::pair<std::uint64_t, RunLoop::Seconds>> m_totalAsked;
     ListTotal m_total;
-    BatchItemRef m_item; ///< under way or interrupted
+    BatchItemRef m_item; ///< current or interrupted
     bool m_beganWithSelection = false;
-    std::set<BatchItemRef> m_finished; ///< by the run under way
+    std::set<BatchItemRef> m_finished; ///< in the current run
     std::optional<ItemSequence::Revision> m_rowsRevision;
     BatchItemRef m_rowsItem;
     QString m_rows;

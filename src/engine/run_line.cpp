@@ -21,7 +21,7 @@ QString timeText(std::uint64_t packed) {
     return QString::fromStdString(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
 }
 
-/// "25 fps MTC"; FSK carries no rate.
+/// For example "25 fps MTC"; FSK carries no rate.
 QString codes(const StripeSettings& settings) {
     const auto type = QString::fromLatin1(syncTypeName(settings.syncType));
     return settings.syncType == sync::fsk

@@ -11,7 +11,7 @@ QString titleOf(const BatchItemRef& item) {
     return item->title.isEmpty() ? QStringLiteral("an item without a title") : item->title;
 }
 
-/// "Part one", or "3 rows".
+/// For example "Part one", or "3 rows".
 QString named(const BatchItems& items) {
     return items.size() == 1 ? titleOf(items.front()) : QStringLiteral("%1 rows").arg(items.size());
 }

@@ -7,24 +7,24 @@
 
 namespace vexa {
 
-/// What has become of the rows that a batch run under way takes, by edits or clicks since Play.
+/// How edits and clicks since Play have changed which rows a batch run plays.
 struct RunRows {
     bool beganWithSelection = false;
     bool takesSelection = false;
-    BatchItemRef removedUnderWay{}; ///< the item that plays, where the list no longer holds it
-    BatchItems repeated{};          ///< those to come that have been striped, or are
-    BatchItems skipped{};           ///< those neither striped nor to come
-    BatchItems removed{};           ///< those to come that the list no longer holds
+    BatchItemRef removedUnderWay{}; ///< the item playing, if the list no longer holds it
+    BatchItems repeated{};          ///< items to come that were already striped, or are playing
+    BatchItems skipped{};           ///< items neither striped nor to come
+    BatchItems removed{};           ///< items to come that the list no longer holds
 };
 
-/// In words, the most surprising of it; empty where the run goes on as it was begun.
+/// The most surprising change, in words; empty if nothing has changed.
 QString runRowsText(const RunRows& rows);
 
-/// The rows of a run under way: its items in order, where it is, and what it has striped.
+/// The rows of a current run: its items in order, its position, and what it has striped.
 struct RunCourse {
     const BatchItems& list;
-    const BatchItems& items; ///< the list's or the selection's
-    std::size_t next;        ///< the place in items of the one that comes next
+    const BatchItems& items; ///< those of the list or of the selection
+    std::size_t next;        ///< index of the next item
     BatchItemRef underWay{};
     const std::set<BatchItemRef>& finished;
 };

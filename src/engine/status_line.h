@@ -9,26 +9,26 @@
 
 namespace vexa {
 
-/// What the operator may have to know; each text is empty where there is nothing to tell.
+/// What the operator may need to know; a text is empty if there is nothing to say.
 struct StatusSituation {
-    QString entry{};     ///< why a time that is typed has not been taken
-    QString rows{};      ///< what an edit has done to the run under way
+    QString entry{};     ///< why the typed time has not been committed
+    QString rows{};      ///< how an edit has changed the current run
     QString unwritten{}; ///< the file that could not be written
     bool useBatch = false;
     bool stopTimeSet = false;
-    std::uint64_t items = 0;                ///< of the list
-    std::uint64_t reels = 0;                ///< how many different ones they are on
-    std::optional<RunLoop::Seconds> time{}; ///< of all items; nothing where one would never end
+    std::uint64_t items = 0;                ///< in the list
+    std::uint64_t reels = 0;                ///< number of different reels those items are on
+    std::optional<RunLoop::Seconds> time{}; ///< of all items; empty if one never ends
 };
 
 struct StatusLine {
     QString text{};
-    bool isConcern = false; ///< something to be done about, or to be known
+    bool isConcern = false; ///< something to act on, or to know about
 
     bool operator==(const StatusLine&) const = default;
 };
 
-/// The most pressing of it; without any, what the list comes to.
+/// The most urgent concern; if there is none, the totals of the list.
 StatusLine statusLine(const StatusSituation& situation);
 
 } // namespace vexa
