@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Panel : testing::Test {
-    /// Shows the panel and has the operator do that as soon as it is up.
+    /// Shows the panel; the operator acts as soon as it opens.
     int run(const std::function<void()>& act) {
         QTimer::singleShot(0, &panel, act);
         return panel.runModal();

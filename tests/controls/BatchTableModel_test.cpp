@@ -89,7 +89,7 @@ TEST_F(TableModel, AListThatChangedShowsAtTheNextReload) {
 }
 
 TEST_F(TableModel, EqualRowsHaveMarksOfTheirOwn) {
-    list.addItem(list.batchList()[0]); // as an undone command can
+    list.addItem(list.batchList()[0]); // as undoing a command can
     model.reloadData();
     ASSERT_EQ(*list.batchList()[0], *list.batchList()[1]);
     const auto mark = [this](int row) {

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Notes what is painted of it and of what it stands on.
+/// Records the areas painted of a display and of the widget beneath it.
 struct PaintedArea final : QObject {
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Paint)

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A label in a window, filled as the controller fills it.
+/// A label in a window, filled through its outlet as by the controller.
 struct Label : testing::Test {
     Label() {
         layout.addWidget(&label);

@@ -23,7 +23,7 @@ struct FilePanel : testing::Test {
     void create(const char* name) const {
         ASSERT_TRUE(QFile(folder.filePath(QString::fromUtf8(name))).open(QIODevice::WriteOnly));
     }
-    /// What the operator does next, once a panel or question is open for it.
+    /// What the operator does once a panel or question is open.
     void then(std::function<void(QDialog&)> operate) {
         QTimer::singleShot(0, &window, [operate = std::move(operate)] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -32,12 +32,12 @@ struct FilePanel : testing::Test {
         });
     }
     static QLineEdit& nameField(QDialog& dialog) { return *dialog.findChild<QLineEdit*>(); }
-    /// Enters a file of the test's folder, wherever the panel looks.
+    /// Enters a file of the test's folder, whichever folder the panel shows.
     void enter(QDialog& dialog, const QString& name) const {
         nameField(dialog).setText(folder.filePath(name));
         QTest::keyClick(&nameField(dialog), Qt::Key_Return);
     }
-    /// The name of what the panel answers, "cancelled" when it answers nothing.
+    /// The name of the panel's answer; "cancelled" if it is empty.
     std::string answer(const std::optional<QString>& path) const {
         return path ? QDir(folder.path()).relativeFilePath(*path).toStdString() : "cancelled";
     }
@@ -122,11 +122,11 @@ TEST_F(FilePanel, TheDialogsOwnQuestionsArePlainText) {
     panels.runSavePanel(proposed);
 }
 
-/// What the panel says when it refuses a name, in which "~" stands for many letters; the operator
-/// gives up then.
+/// What the panel says when it refuses a name, in which "~" stands for many letters. The operator
+/// then cancels.
 struct Refused {
     const char* name;
-    const char* reason; ///< the beginning of it
+    const char* reason; ///< how the reason begins
 };
 
 struct RefusedName : FilePanel, testing::WithParamInterface<Refused> {

@@ -35,7 +35,7 @@ TEST(ReadRowsModel, ShowsRowsAndRefusedLinesInTheOrderOfTheText) {
 
 class Import : public testing::Test {
 protected:
-    /// Lets the answer run once the panel has read, and returns what the panel gave.
+    /// Answers once the panel has read the text, and returns the panel's result.
     std::optional<ReadRows> ask(const FileText& text, const std::function<void()>& answer) {
         ImportPanel panel(
             u"Import"_s, {rate::fps25, 0, EditTimes::source}, [text] { return text; }, nullptr);

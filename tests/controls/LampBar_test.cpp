@@ -15,7 +15,7 @@ namespace {
 
 struct Case {
     Phase phase;
-    std::optional<int> lit; ///< of three, from the top
+    std::optional<int> lit; ///< index of the lit lamp from the top, 0 to 2
 };
 
 std::ostream& operator<<(std::ostream& out, const Case& testCase) {

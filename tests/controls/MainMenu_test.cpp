@@ -94,7 +94,7 @@ struct CountingFilePanels final : FilePanels {
     int shown = 0;
 };
 
-/// A command that is performed a little after it was chosen, and what forbids it in between.
+/// A command performed a little after it was chosen, and what disables it in between.
 struct Overtaken {
     MenuAction action;
     void (*prepare)(Vexa_RemoteAppDelegate& controller);
@@ -104,7 +104,7 @@ struct Overtaken {
 void addItem(Vexa_RemoteAppDelegate& controller) {
     controller.addItemToBatchList(1, QStringLiteral("item"), {0, 1, 2, 0});
 }
-/// A list counts as saved also when it cannot be written.
+/// A list counts as saved even if it cannot be written.
 void save(Vexa_RemoteAppDelegate& controller) {
     controller.saveDocumentWithURL(QStringLiteral("/nowhere/list.vexaB"));
 }
@@ -194,7 +194,7 @@ TEST(MainMenu, TheBatchListIsCommandedByItsFourItems) {
     EXPECT_FALSE(item(batch_menu::all)->isChecked());
 }
 
-/// "Title shortcut" of a menu's items, "-" for a dividing line.
+/// "Title shortcut" of each menu item, "-" for a separator.
 std::vector<std::string> itemsOf(const QMenu& menu) {
     std::vector<std::string> items;
     for (const auto* action : menu.actions()) {
@@ -334,7 +334,7 @@ TEST(MainMenu, HelpIsThereInAnyStateAndAboutTellsTheVersion) {
     EXPECT_TRUE(box->informativeText().contains(QStringLiteral("MIT")));
 }
 
-/// The item of that title, wherever it stands in the menu.
+/// The item of the menu with that title; null if there is none.
 QAction* titled(const QMenuBar& bar, const QString& menu, const QString& title) {
     for (auto* top : bar.actions())
         if (top->text() == menu)

@@ -29,7 +29,7 @@ const Alert threeButtons{
 const Alert oneButton{u"Reel 2"_s, u"Load it."_s, {u"OK"_s}};
 const Alert unasked{u"Reel 2"_s, u"Load it."_s, {u"OK"_s}, true};
 
-/// Lays out dialogs as this desktop does.
+/// Lays out dialogs as one desktop does.
 class DesktopStyle : public QProxyStyle {
 public:
     explicit DesktopStyle(QDialogButtonBox::ButtonLayout layout) : m_layout(layout) {}
@@ -44,7 +44,7 @@ private:
 };
 
 struct MessageBox : testing::Test {
-    /// Shows the alert, does something with its box, and returns the answer.
+    /// Shows the alert, operates its box, and returns the answer.
     int answer(const Alert& alert, const std::function<void(QMessageBox&)>& operate) {
         QTimer::singleShot(0, &window, [&] {
             auto* box = window.findChild<QMessageBox*>();
@@ -105,7 +105,7 @@ TEST_F(MessageBox, OneButtonIsNotPressedByEscapeOrByClosing) {
               alertFirstButton);
 }
 
-/// Strikes a key until the box is answered; in vain for a second at most.
+/// Presses a key repeatedly until the box is answered, for a second at most.
 void strike(QMessageBox& box, Qt::Key key) {
     const auto isAnswered = [&] {
         if (box.isVisible())

@@ -16,7 +16,7 @@ using namespace vexa::test;
 namespace {
 
 struct RecentMenu : testing::Test {
-    /// Makes a file and has it opened.
+    /// Creates a file and opens it.
     QString open(const char* name) {
         const auto path = folder.filePath(QString::fromUtf8(name));
         QDir().mkpath(QFileInfo(path).path());
@@ -24,7 +24,7 @@ struct RecentMenu : testing::Test {
         files.noteNewRecentDocument(path);
         return path;
     }
-    /// The titles that the menu shows when it opens; those that cannot be chosen in parentheses.
+    /// The titles that the menu shows when it opens; disabled ones in parentheses.
     QStringList titles() {
         Q_EMIT menu.aboutToShow();
         QStringList texts;

@@ -21,9 +21,9 @@ inline void PrintTo(const FakeMidiSystem::Sent& sent, std::ostream* out) {
     *out << sent.bytes << " to " << sent.destination;
 }
 
-/// The panel, operated while it is shown. The one MIDI destination is the rig's, "Timecode Box".
+/// Operates the panel while it is shown. The rig has one MIDI destination, "Timecode Box".
 struct PreferencesTest : testing::Test {
-    /// Shows the panel, and cancels it when it was operated and is still there.
+    /// Shows the panel, and cancels it if it is still open after being operated.
     void show(const std::function<void()>& operate) {
         bool operated = false;
         QTimer::singleShot(0, &window, [&] {
@@ -62,7 +62,7 @@ struct PreferencesTest : testing::Test {
         QTest::keyClicks(&delayField(), QLatin1String(text));
     }
 
-    /// The time after which the list of destinations is read again.
+    /// Fires the panel's timer, which reads the destinations again every second.
     static void letASecondPass() {
         auto* const timer = panel()->findChild<QTimer*>({}, Qt::FindDirectChildrenOnly);
         ASSERT_EQ(timer->interval(), 1000);

@@ -18,7 +18,7 @@ namespace {
 constexpr int height = 20;
 constexpr int width = 300;
 
-/// Six columns of 40 with 5 between them.
+/// Six columns, 40 wide and 5 apart.
 struct Header : testing::TestWithParam<int> {
     Header() {
         header.setModel(&model);
@@ -37,7 +37,7 @@ struct Header : testing::TestWithParam<int> {
         return image;
     }
 
-    /// The device columns that have exactly that colour half way down.
+    /// The device columns of exactly that gray at half the height.
     std::vector<int> columnsOf(const QImage& image, int gray) {
         std::vector<int> columns;
         for (int x = 0; x < image.width(); ++x)
@@ -50,7 +50,7 @@ struct Header : testing::TestWithParam<int> {
     QStandardItemModel model{0, 6};
     VexaBatchTableHeader header;
 
-    // 0.3 and 0.1 at 0.6 over white.
+    // Grays of 0.3 and 0.1 with an opacity of 0.6 over white.
     static constexpr int light = 148;
     static constexpr int dark = 117;
 };
@@ -59,7 +59,8 @@ const QStringList blank{{}, {}, {}, {}, {}, {}};
 
 TEST_P(Header, EveryColumnHasALightLineAtItsLeftAndADarkOneBeforeTheNext) {
     const auto image = painted(blank);
-    // From 0.5 and from 44.5, 45 apart: the device pixel in which that lies.
+    // Dividers start at 0.5 and 44.5, and repeat every 45: each fills the device pixel that
+    // contains it.
     std::vector<int> lights;
     std::vector<int> darks;
     for (int column = 0; column < 6; ++column) {

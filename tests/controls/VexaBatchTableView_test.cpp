@@ -306,7 +306,7 @@ TEST_P(FontScale, LeavesRoomForWhatTheColumnsAreMadeFor) {
     font.setPointSizeF(GetParam() * QFontInfo(font).pointSizeF());
     table.setFont(font);
     setUp(table);
-    font.setBold(true); // as in the row under way
+    font.setBold(true); // as in the row in progress
     const QFontMetrics metrics(font);
     auto* header = dynamic_cast<VexaBatchTableHeader*>(table.horizontalHeader());
     const auto room = [&](int column) { return header->columnWidth(column); };

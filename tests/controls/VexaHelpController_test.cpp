@@ -12,8 +12,8 @@ namespace {
 
 struct Guide {
     const char* description;
-    const char* keys; ///< of Info.plist; null: there is no such file
-    const char* file; ///< of the resources; null: none
+    const char* keys; ///< in Info.plist; null: there is no such file
+    const char* file; ///< in the resources; null: none
     const char* opened = nullptr;
 };
 

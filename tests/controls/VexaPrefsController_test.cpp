@@ -80,7 +80,7 @@ TEST_F(Preferences, CannotBeConfirmedWhileAReelIsAskedFor) {
     rig.controller.setTransportState(transport::playing);
     rig.tick();
     rig.alerts.whileShown = [] {
-        // As assistive technology can, though the alert keeps the mouse and the keyboard.
+        // Assistive technology can do this, though the alert blocks mouse and keyboard.
         button(QDialogButtonBox::Ok).click();
         EXPECT_TRUE(panel()) << "still shown";
     };

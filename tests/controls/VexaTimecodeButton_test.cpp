@@ -13,7 +13,7 @@ using namespace vexa::test;
 
 namespace {
 
-/// A start time display of a controller, at rest with 01:00:00:00, in a window of its own.
+/// The start time display of a controller, showing 01:00:00:00 outside an entry, in its own window.
 struct TimecodeButton : testing::Test {
     TimecodeButton() {
         button.setTag(time_tag::start);
@@ -87,7 +87,7 @@ TEST_F(TimecodeButton, DeletingShiftsRight) {
 struct Key {
     const char16_t* characters;
     bool handled;
-    int stateAfter; ///< of a button in entry, with nothing typed
+    int stateAfter; ///< of a button in an empty entry
 };
 
 class KeyTable : public TimecodeButton, public testing::WithParamInterface<Key> {};

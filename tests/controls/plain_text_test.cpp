@@ -19,7 +19,7 @@ namespace {
 
 const QString marked = u"Day 1<img src=file:%2fdev%2fzero>.vexaB"_s;
 
-/// What a person reads where Qt decides by itself whether a text is HTML.
+/// What a reader sees if Qt decides whether a text is HTML.
 QString asRead(const QString& text) {
     if (!Qt::mightBeRichText(text))
         return text;
@@ -63,7 +63,7 @@ TEST(ToolTip, FoldsLongLines) {
 }
 
 TEST(ToolTip, CutsNoLetterInHalf) {
-    const auto clefs = u"𝄞"_s.repeated(500); // of two code units each
+    const auto clefs = u"𝄞"_s.repeated(500); // two code units each
     for (const auto& line : toolTip(u"x"_s + clefs).split(u'\n'))
         EXPECT_FALSE(line.back().isHighSurrogate());
 }
@@ -101,7 +101,7 @@ TEST(SingleLine, HasASpaceForEachLineBreak) {
     EXPECT_EQ(singleLine({}), QString());
 }
 
-// Whoever sets such a text in another way forgets sooner or later what it may hold.
+// Code that sets such a text in any other way may one day be given HTML.
 
 /// The lines of a source file that match.
 QStringList linesWith(const QRegularExpression& pattern, const QString& path) {
@@ -125,7 +125,7 @@ TEST_P(TextSetter, IsUsedByTheHelpersOnly) {
     while (sources.hasNext()) {
         const auto path = sources.next();
         ++files;
-        // The controller knows no widgets; its outlets have operations of the same names.
+        // The controller knows no widgets, but its outlets have functions of the same names.
         if (!path.contains(u"/engine/"_s) && !path.endsWith(u"/plain_text.cpp"_s))
             found += linesWith(pattern, path);
     }
@@ -154,7 +154,7 @@ TEST(WindowDescription, HasNoLabelThatDecidesByItsTextWhatItIs) {
         auto found = label.globalMatch(QString::fromUtf8(file.readAll()));
         for (; found.hasNext(); ++labels) {
             const auto match = found.next();
-            // A caption that the description gives is ours, and stays.
+            // A caption set in the window description is the program's own and never changes.
             EXPECT_TRUE(match.captured(2).contains(u"<property name=\"text\"><string>"_s) ||
                         match.captured(2).contains(u"Qt::PlainText"_s))
                 << match.captured(1).toStdString();
