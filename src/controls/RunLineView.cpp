@@ -14,7 +14,7 @@ namespace vexa {
 
 namespace {
 
-const QColor textColor(0xd8, 0xdc, 0xde);
+const QColor lineColor(0xd8, 0xdc, 0xde);
 const QColor lesserText(0x9b, 0xa1, 0xa5);
 constexpr double lesserShare = 0.6; // of the first line's type size
 
@@ -39,7 +39,7 @@ void paintLine(QPainter& painter, const QRect& line, const QString& left, const 
 RunLineView::RunLineView(QWidget* parent) : QWidget(parent), m_title(*new ElidedLabel(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto colors = palette();
-    colors.setColor(QPalette::WindowText, textColor);
+    colors.setColor(QPalette::WindowText, lineColor);
     m_title.setPalette(colors);
     setScale(m_scale);
 }
@@ -103,7 +103,7 @@ void RunLineView::paintEvent(QPaintEvent*) {
     const auto metrics = painter.fontMetrics();
     const int gap = metrics.horizontalAdvance(QLatin1Char(' '));
     const QRect first(0, 0, width(), metrics.height());
-    painter.setPen(textColor);
+    painter.setPen(lineColor);
     paintLine(painter, first, {}, m_line.left);
     painter.setPen(phaseColor(m_phase));
     paintLine(painter,
