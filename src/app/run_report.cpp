@@ -14,7 +14,7 @@ namespace {
 QString timeText(std::uint64_t packed) {
     return VexaBatchStripeData::timecodeStringFromBCDNumber(packed);
 }
-std::string text(std::uint64_t packed) { return timeText(packed).toStdString(); }
+std::string plainTime(std::uint64_t packed) { return timeText(packed).toStdString(); }
 
 QString json(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -110,8 +110,9 @@ RunReport reportOf(const StripeRun& run, RunTimes& times) {
 
 std::string progressText(const RunReport& report) {
     const auto& [start, stop, rate, type] = report.settings;
-    return text(report.time) + timesText(report) + (report.item ? itemText(*report.item) : "") +
-           "  " + text(start) + (report.hasStop ? " to " + text(stop) : " on") + ", " +
+    return plainTime(report.time) + timesText(report) +
+           (report.item ? itemText(*report.item) : "") + "  " + plainTime(start) +
+           (report.hasStop ? " to " + plainTime(stop) : " on") + ", " +
            std::string(frameRateForCode(rate).name) + ", " + std::string(syncTypeName(type));
 }
 

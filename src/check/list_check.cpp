@@ -183,6 +183,7 @@ std::vector<ReelTotal> reelTotals(const BatchItems& items) {
         total.time += timeOrNone(*item);
     }
     std::vector<ReelTotal> inOrder;
+    inOrder.reserve(totals.size());
     for (const auto& [reel, total] : totals)
         inOrder.push_back(total);
     return inOrder;

@@ -13,7 +13,7 @@ namespace {
 
 using Action = CommandLine::Action;
 
-enum Commands { render = 1, check = 2, both = 3 };
+enum Commands { ofRender = 1, ofCheck = 2, ofBoth = 3 };
 
 /// An option in the table, which the reader and the help share.
 struct Option {
@@ -52,62 +52,63 @@ const std::vector<Option>& options() {
     using Line = CommandLine;
     using Text = const QString&;
     static const std::vector<Option> table{
-        {q("--to"), q("FOLDER"), q("the folder for the files"), render,
+        {q("--to"), q("FOLDER"), q("the folder for the files"), ofRender,
          [](Line& line, Text, Text value) { line.folder = value; }},
         {q("--reels"),
          {},
          q("a file for each reel, not for each row"),
-         render,
+         ofRender,
          [](Line& line, Text, Text) { line.filePerReel = true; }},
         {q("--pause"), q("SECONDS"), q("between rows of a reel (default: the preferences')"),
-         render,
+         ofRender,
          [](Line& line, Text name, Text value) { line.pause = numberFrom(name, value, 0, 3600); }},
-        {q("--start"), q("TIME"), q("the first frame of a single file, hh:mm:ss:ff"), render,
+        {q("--start"), q("TIME"), q("the first frame of a single file, hh:mm:ss:ff"), ofRender,
          [](Line& line, Text name, Text value) { line.start = timeFrom(name, value); }},
-        {q("--stop"), q("TIME"), q("the frame after its last"), render,
+        {q("--stop"), q("TIME"), q("the frame after its last"), ofRender,
          [](Line& line, Text name, Text value) { line.stop = timeFrom(name, value); }},
         {q("--rate"), q("RATE"), q("\"24 fps\", \"25 fps\", \"30 fps\" (default) or \"30 df\""),
-         render, [](Line& line, Text name, Text value) { line.rate = rateCodeFrom(name, value); }},
-        {q("--level"), q("DBFS"), q("the peak level, -60 to 0 (default: -18)"), render,
+         ofRender,
+         [](Line& line, Text name, Text value) { line.rate = rateCodeFrom(name, value); }},
+        {q("--level"), q("DBFS"), q("the peak level, -60 to 0 (default: -18)"), ofRender,
          [](Line& line, Text name, Text value) {
              line.options.level = numberFrom(name, value, RenderOptions::lowestLevel, 0);
          }},
-        {q("--clock"), q("HZ"), q("samples a second, 8000 to 192000 (default: 48000)"), render,
+        {q("--clock"), q("HZ"), q("samples a second, 8000 to 192000 (default: 48000)"), ofRender,
          [](Line& line, Text name, Text value) {
              line.options.format.sampleRate =
                  static_cast<std::uint32_t>(wholeNumberFrom(name, value, 8000, 192000));
          }},
-        {q("--bits"), q("BITS"), q("of a sample, 16 or 24 (default)"), render,
+        {q("--bits"), q("BITS"), q("of a sample, 16 or 24 (default)"), ofRender,
          [](Line& line, Text name, Text value) {
              line.options.format.bits = bitsFrom(name, value);
          }},
         {q("--force"),
          {},
          q("replace files that exist"),
-         render,
+         ofRender,
          [](Line& line, Text, Text) { line.options.existing = Existing::Replace; }},
-        {q("--rows"), q("ROWS"), q("of the list, such as 1,3-5 (default: all)"), both,
+        {q("--rows"), q("ROWS"), q("of the list, such as 1,3-5 (default: all)"), ofBoth,
          [](Line& line, Text name, Text value) { line.rows = rowsFrom(name, value); }},
         {q("--jack"),
          {},
          q("listen to a running JACK server until interrupted"),
-         check,
+         ofCheck,
          [](Line& line, Text, Text) { line.jack = true; }},
-        {q("--connect"), q("PORT"), q("connect this JACK port to the input"), check,
+        {q("--connect"), q("PORT"), q("connect this JACK port to the input"), ofCheck,
          [](Line& line, Text, Text value) { line.port = value; }},
         {q("--channel"), q("N"), q("read this channel only (default: the one with most frames)"),
-         check,
+         ofCheck,
          [](Line& line, Text name, Text value) {
              line.channel = wholeNumberFrom(name, value, 1, 1024);
          }},
-        {q("--speed"), q("PERCENT"), q("how far off a speed may be (default: 0.05)"), check,
+        {q("--speed"), q("PERCENT"), q("how far off a speed may be (default: 0.05)"), ofCheck,
          [](Line& line, Text name, Text value) {
              line.speedTolerance = numberFrom(name, value, 0, 100);
          }},
         {q("--csv"),
          {},
          q("comma-separated values instead of tables"),
-         check,
+         ofCheck,
          [](Line& line, Text, Text) { line.csv = true; }},
     };
     return table;
@@ -125,13 +126,13 @@ Action actionFrom(const QString& word) {
 void takeOption(CommandLine& line, QStringList& arguments) {
     const auto argument = arguments.takeFirst();
     const auto name = argument.section(QLatin1Char('='), 0, 0);
-    const auto command = line.action == Action::Render ? render : check;
+    const auto command = line.action == Action::Render ? ofRender : ofCheck;
     const auto found = std::ranges::find(options(), name, &Option::name);
     if (found == options().end())
         throw Refusal{QStringLiteral("unknown option \"%1\"").arg(name)};
     if ((found->commands & command) == 0)
         throw Refusal{QStringLiteral("%1 goes with %2")
-                          .arg(name, q(found->commands == render ? "render" : "check"))};
+                          .arg(name, q(found->commands == ofRender ? "render" : "check"))};
     if (found->value.isNull()) {
         if (argument != name)
             throw Refusal{QStringLiteral("%1 takes no value").arg(name)};
@@ -201,10 +202,10 @@ QString helpText() {
           "\n"
           "Linear timecode to file and back: renders a batch list into WAV files, and checks\n"
           "recordings against the list, row by row.\n");
-    for (const auto commands : {render, check, both}) {
-        text += commands == render  ? q("\nOptions of render:\n")
-                : commands == check ? q("\nOptions of check:\n")
-                                    : q("\nOptions of both:\n");
+    for (const auto commands : {ofRender, ofCheck, ofBoth}) {
+        text += commands == ofRender  ? q("\nOptions of render:\n")
+                : commands == ofCheck ? q("\nOptions of check:\n")
+                                      : q("\nOptions of both:\n");
         for (const auto& option : options())
             if (option.commands == commands)
                 text += QStringLiteral("  %1  %2\n")

@@ -48,7 +48,7 @@ RunLeft RunTimes::leftOfRun() {
     const auto pause = m_run.pauseLeft();
     // A pause interrupted by Play continues, and may end before the item does.
     if (pause && (!item || *pause < *item))
-        return fromNextItem(*pause);
+        return fromNextItem(pause);
     const auto phase = m_run.progress().phase;
     const bool isUnderWay = phase == Phase::running || phase == Phase::awaitingReel;
     if (!isUnderWay || !m_run.plan().useBatch || !m_run.items().hasMore())

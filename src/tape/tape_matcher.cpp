@@ -54,7 +54,7 @@ private:
         m_covered[*row].add(common);
         m_match.rows[*row].claims.push_back({claimed, common});
         m_last = claimed;
-        m_lastRow = *row;
+        m_lastRow = row;
         place({passage.recording, passage.stretch, claimed.end, passage.end});
     }
 
