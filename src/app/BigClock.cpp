@@ -13,7 +13,7 @@ namespace vexa {
 
 namespace {
 
-/// The screen that the operator does not work on, if there is one.
+/// Another screen than the window's, or the window's if it is the only one.
 QScreen* screenBeside(const QWidget& window) {
     const auto screens = QGuiApplication::screens();
     const auto other = std::ranges::find_if(

@@ -6,13 +6,13 @@
 
 namespace vexa {
 
-/// The clock and the state of the run over a whole screen: on another screen than the window's, if
-/// there is one. Escape and F11 close it; the transport's keys work in it.
+/// The clock and the state of the run in full screen, on another screen than the window's if there
+/// is one. Escape and F11 close it; the transport's keys work in it.
 class BigClock : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// keys: the menu items whose shortcuts work in it, too.
+    /// keys: the menu items whose shortcuts also work in it.
     BigClock(QWidget& window, const QList<QAction*>& keys);
 
     DisplayPanel& display() { return m_display; }

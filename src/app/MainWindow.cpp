@@ -18,8 +18,8 @@ namespace vexa {
 
 namespace {
 
-/// The controls stand on a light ground whatever the desktop's colours: their captions have one
-/// gray, which reads on no other.
+/// The background is light whatever the desktop's colours, because the captions have one fixed
+/// gray, which is legible on nothing else.
 QPalette faceplatePalette() {
     QPalette palette(QColor(0xf4, 0xf5, 0xf5), QColor(0xfd, 0xfd, 0xfd));
     for (const auto role : {QPalette::ButtonText, QPalette::WindowText, QPalette::Text})
@@ -53,7 +53,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
         setGrayCaption(*caption);
     for (auto* comingAndGoing : {m_ui->addToBatchButton, m_ui->removeFromBatchButton})
         keepPlaceWhenHidden(*comingAndGoing);
-    m_ui->startTimeButton->setFocus(); // not the transport, which is the first in the window
+    m_ui->startTimeButton->setFocus(); // not the transport, the window's first control
     m_views = std::make_unique<WindowViews>(*this, *m_ui->statusLine);
     m_size.emplace(*this);
 
@@ -61,7 +61,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     makeOutlets();
 }
 
-/// One for each rate and sync type. Tab reaches them behind the times.
+/// Adds a cell for each rate and sync type. Tab reaches them after the times.
 void MainWindow::addCells() {
     QWidget* last = m_ui->addToBatchButton;
     const auto add = [&](KelGrayTextMatrix& matrix, std::uint64_t code, std::string_view name) {

@@ -23,8 +23,8 @@ namespace vexa {
 class RunPresenter;
 class WindowViews;
 
-/// The one window. It lays out the controls, lends them to the controller as its outlets and
-/// passes the operator's actions on; it decides nothing.
+/// The main window. It lays out the controls, lends them to the controller as outlets and forwards
+/// the operator's actions. It decides nothing.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -34,9 +34,9 @@ public:
 
     const Outlets& outlets() const { return *m_outlets; }
 
-    /// Leads the actions of the controls and menus to the controller, and the choice of the
-    /// destination to the manager. Both must be there as long as the window is used. Call once,
-    /// when the controller has started up.
+    /// Connects the controls and menus to the controller, and the choice of destination to the
+    /// manager. Both must outlive the use of the window. Call once, after the controller has
+    /// started up.
     void connectTo(Vexa_RemoteAppDelegate& controller, Vexa_MIDI_Manager& midiManager);
 
 protected:
@@ -60,7 +60,7 @@ private:
     std::unique_ptr<RunPresenter> m_presenter;
     std::unique_ptr<WindowViews> m_views;
     std::optional<WindowSize> m_size;
-    std::optional<Outlets> m_outlets; ///< there from the constructor on
+    std::optional<Outlets> m_outlets; ///< set by the constructor
     Vexa_RemoteAppDelegate* m_controller = nullptr;
 };
 

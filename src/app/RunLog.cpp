@@ -39,7 +39,7 @@ std::string quoted(const QString& title) {
 }
 
 int opened(const QString& path) {
-    // Without waiting: a pipe that nobody reads is as good as a full disk.
+    // Non-blocking: a pipe without a reader must fail, as a full disk does.
     constexpr int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     return open(QFile::encodeName(path).constData(), flags, 0666);
 }
@@ -49,7 +49,7 @@ bool isEmpty(int file) {
     return fstat(file, &status) == 0 && status.st_size == 0;
 }
 
-/// All of it or, where the file has an end, nothing.
+/// Appends the whole text. A partial write to a regular file is truncated again.
 bool append(int file, std::string_view text) {
     const auto written = write(file, text.data(), text.size());
     if (written == static_cast<ssize_t>(text.size()))

@@ -12,25 +12,25 @@
 
 namespace vexa {
 
-/// One line of comma-separated values.
+/// The values of one CSV line.
 struct LogLine {
-    std::size_t row = 0;  ///< from 1; 0 where no item of a list was striped
+    std::size_t row = 0;  ///< counted from 1; 0 for a stripe without a list
     BatchItem item{};     ///< as planned
-    bool hasStop = false; ///< whether a stop time was planned
+    bool hasStop = false; ///< false: no stop time was planned
     std::uint64_t realStart = 0;
     std::uint64_t realStop = 0;
     QDateTime began{};
     QDateTime ended{};
     bool isComplete = false;
 };
-/// With the end of the line. Titles are one line, and no spreadsheet takes one for a formula.
+/// Includes the line end. A title becomes one line that no spreadsheet takes for a formula.
 std::string logText(const LogLine& line);
 
-/// Appends a line to a file for each stripe and each item of a run, as it ends. What cannot be
-/// written is complained of once; the run goes on. Main thread only.
+/// Appends a line to a file as each stripe or item of a run ends. A write failure is reported once
+/// and does not stop the run. Main thread only.
 class RunLog : public QObject {
 public:
-    /// Those that are referred to must outlive this.
+    /// The run and the list must outlive this.
     RunLog(const QString& path, const StripeRun& run, const VexaBatchStripeData& list);
 
 private:
@@ -43,7 +43,7 @@ private:
     const StripeRun& m_run;
     const VexaBatchStripeData& m_list;
     FileDescriptor m_file;
-    std::optional<LogLine> m_line; ///< of what is under way
+    std::optional<LogLine> m_line; ///< of the current stripe or item
     bool m_hasComplained = false;
 };
 

@@ -58,7 +58,7 @@ void RunPresenter::addDisplay(DisplayPanel& display) {
 
 void RunPresenter::refreshSoon() { m_refresh.start(0); }
 
-/// A frame changes the clock only, but for the one with which another second begins.
+/// Most frames change only the clock; the rest is refreshed when the displayed second changes.
 void RunPresenter::followTick() {
     const auto left = m_teller.leftOfItem();
     const auto seconds = left ? std::optional(std::ceil(left->count())) : std::nullopt;
@@ -89,7 +89,7 @@ QString RunPresenter::entry() const {
     return {};
 }
 
-/// Of the pause that shows.
+/// The time until the countdown of the pause shows another second.
 int RunPresenter::millisecondsToNextSecond() const {
     constexpr double msPerSecond = 1000;
     const double left = m_run.pauseLeft().value_or(RunLoop::Seconds{}).count();

@@ -16,8 +16,8 @@ class Vexa_MIDI_Manager;
 class StatusLineView;
 class VexaTimecodeButton;
 
-/// Keeps what tells of the run up to date in the window and in the big clock: once an event, and
-/// once a second where a time runs down.
+/// Keeps the state of the run up to date in the window and in the big clock: at each event, and
+/// each second while a time counts down.
 class RunPresenter : public QObject {
     Q_OBJECT
 
@@ -25,15 +25,15 @@ public:
     struct Views {
         StatusLineView& status;
         QLabel& lasts;
-        std::vector<VexaTimecodeButton*> entries; ///< where times are typed
+        std::vector<VexaTimecodeButton*> entries; ///< the time displays that can be edited
     };
 
-    /// All must outlive this.
+    /// The arguments must outlive this.
     RunPresenter(const Vexa_RemoteAppDelegate& controller, const Vexa_MIDI_Manager& manager,
                  const Views& views);
 
-    /// Keeps this one up to date from now on, as long as it is there. Clocks follow that of the
-    /// first display, which the controller sets.
+    /// Keeps the display up to date for as long as it exists. Its clock follows that of the first
+    /// display, which the controller sets.
     void addDisplay(DisplayPanel& display);
 
 private:
@@ -52,9 +52,9 @@ private:
     const Views m_views;
     std::vector<QPointer<DisplayPanel>> m_displays;
     QTimer m_refresh;
-    QTimer m_age;                        ///< of what was last sent
-    QTimer m_destinationNews;            ///< what Play sends is one piece of news
-    std::optional<double> m_secondsLeft; ///< of the item, as they show
+    QTimer m_age;                        ///< updates the age of the last message
+    QTimer m_destinationNews;            ///< announces all that Play sends as one
+    std::optional<double> m_secondsLeft; ///< of the item, as displayed
 };
 
 } // namespace vexa

@@ -15,7 +15,7 @@ namespace {
 
 itimerspec timerSetting(RunLoop::Seconds interval, bool repeats) {
     constexpr double nanosecondsPerSecond = 1e9;
-    // Zero would disarm the timer; a pause past the end of the world would overflow it.
+    // Zero would disarm the timer; a pause of centuries would overflow it.
     const double bounded = std::clamp(interval.count() * nanosecondsPerSecond, 1.0, 1e18);
     const auto nanoseconds = static_cast<std::int64_t>(std::llround(bounded));
     const timespec time{nanoseconds / 1'000'000'000, nanoseconds % 1'000'000'000};
@@ -43,7 +43,7 @@ public:
             return;
         m_notifier->setEnabled(false);
         m_notifier->disconnect();
-        m_notifier->deleteLater(); // it may be the one that is calling
+        m_notifier->deleteLater(); // this may be its callback
         m_notifier = nullptr;
         close(m_descriptor);
     }

@@ -10,7 +10,7 @@ namespace vexa {
 
 namespace {
 
-constexpr QSize frameAround{8, 40}; // the window manager's, whose size is not known yet
+constexpr QSize frameAround{8, 40}; // an estimate of the window manager's frame
 constexpr std::int64_t largest = 1 << 14;
 
 int bounded(std::int64_t length) {

@@ -5,13 +5,13 @@
 
 namespace vexa {
 
-/// Remembers the size that the operator gave a window, from one launch to the next.
+/// Remembers a window's size between launches.
 class WindowSize {
 public:
-    /// Gives the window the size it had, or that of its own description, within the screen. The
-    /// window must outlive this.
+    /// Restores the window's last size or, without one, applies its standard size, within the
+    /// screen. The window must outlive this.
     explicit WindowSize(QWidget& window);
-    /// Keeps the size where it has changed since.
+    /// Saves the size if it has changed since.
     ~WindowSize();
     WindowSize(const WindowSize&) = delete;
     WindowSize& operator=(const WindowSize&) = delete;

@@ -13,16 +13,16 @@ namespace vexa {
 class BigClock;
 class RunPresenter;
 
-/// What the View menu shows and hides. Whether the status line shows is kept in the settings.
+/// Shows and hides what the View menu lists. The status line's visibility is kept in the settings.
 class WindowViews final : public ViewSwitches {
     Q_OBJECT
 
 public:
-    /// Both must outlive this.
+    /// The arguments must outlive this.
     WindowViews(QWidget& window, QWidget& statusLine);
 
-    /// Call before the big clock is first shown. keys: the menu items whose shortcuts work there,
-    /// too.
+    /// Call before the big clock is first shown. keys: the menu items whose shortcuts also work
+    /// there.
     void setUp(RunPresenter& presenter, const QList<QAction*>& keys);
 
     bool isShown(std::uint64_t tag) const override;

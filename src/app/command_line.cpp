@@ -116,7 +116,7 @@ CommandLine::Mode modeOf(const QCommandLineParser& parser) {
     return parser.isSet(stripeOption) ? CommandLine::Mode::stripe : CommandLine::Mode::window;
 }
 
-/// Desktops hand over a file as a path or as a URI.
+/// The argument may be a path or a URI; desktops pass either.
 QString localPath(const QString& argument) {
     const bool isUri = argument.startsWith(QLatin1String("file:"));
     auto path = isUri ? firstLocalFile({QUrl(argument)}) : argument;
@@ -152,7 +152,7 @@ std::uint64_t minutesFrom(const QString& text) {
     return minutes;
 }
 
-/// Rows go from a file into a list, a check looks at one.
+/// Refuses options that do not go with --import or --check, or that need them.
 void checkListModes(const QCommandLineParser& parser, const CommandLine& line) {
     const bool imports = line.mode == CommandLine::Mode::importRows;
     const bool checks = line.mode == CommandLine::Mode::checkList;

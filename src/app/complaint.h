@@ -4,8 +4,8 @@
 
 namespace vexa {
 
-/// Writes a line to standard error, with the program's name in front. The message may hold text of
-/// strangers.
+/// Writes a line to standard error, prefixed with the program's name. The message may contain
+/// untrusted text.
 void complain(const QString& message);
 
 } // namespace vexa

@@ -9,13 +9,13 @@
 
 namespace vexa {
 
-/// Finds the destination that the operator named: a position in the list, counted from 0, a unique
-/// ID, or any part of exactly one name, in either case of letters. Gives its position.
+/// Finds the destination that the operator named by its position, counted from 0, its unique ID, or
+/// any part of exactly one name, ignoring case. Returns its position.
 std::variant<std::int64_t, CommandLineError> destinationNamed(const QString& name,
                                                               MidiSystem& system);
 
-/// A line for each destination: position, unique ID, name and, where it is known, what tells it
-/// from others of that name. Tabs lie between.
+/// A line for each destination: position, unique ID, name and, if known, what distinguishes it from
+/// others of the same name. Separated by tabs.
 std::string destinationTable(MidiSystem& system);
 
 } // namespace vexa

@@ -40,7 +40,7 @@ int refuse(const QString& message, int exitCode = 2) {
     return exitCode;
 }
 
-/// Nothing when one of them is not UTF-8: no QString can stand for a file of such a name.
+/// Empty if one of them is not UTF-8, since a QString cannot hold such a file name.
 std::optional<QStringList> argumentsOf(int argc, char* argv[]) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
@@ -64,8 +64,8 @@ Vexa_MIDI_Manager& managerOf(MidiSystem& system) {
     return Vexa_MIDI_Manager::sharedMidiManager();
 }
 
-/// Connects, once the system has been reached, to the destination that was asked for; or else has
-/// told what was wrong.
+/// Connects to the requested destination once the system has been reached, or reports why it
+/// cannot.
 void chooseDestination(MidiSystem& system, Vexa_MIDI_Manager& manager, const CommandLine& line,
                        const std::function<void(const QString& fault)>& onFault) {
     if (!line.destination)
@@ -79,9 +79,8 @@ void chooseDestination(MidiSystem& system, Vexa_MIDI_Manager& manager, const Com
     });
 }
 
-/// Whether the program that is running already has taken over what was asked of this one. A MIDI
-/// system or destination of one's own asks for a window of one's own: messages are not to go
-/// where they were not meant to.
+/// Whether a running instance has taken over this launch. A launch that names a MIDI system or a
+/// destination gets its own window, so that no message goes to the wrong destination.
 bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVariantMap& tokens) {
     constexpr int patience = 5000; // ms
     if (service.takeName() != BusName::taken || line.destination || line.midi)
@@ -89,12 +88,12 @@ bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVa
     if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
         return true;
     complain(QStringLiteral("the one that is running does not answer; here is another"));
-    service.takeName(); // it may have been about to end, and later launches come here
+    service.takeName(); // if the other one was just quitting, later launches come here
     return false;
 }
 
-/// Reading a picture takes as long as some steps of the start-up: not before the window is there,
-/// and not from the desktop's icon themes, which takes three times that.
+/// Called once the window is shown, because reading a picture would delay it. The desktop's icon
+/// themes would take three times as long.
 void showIcon() { QApplication::setWindowIcon(QIcon(QStringLiteral(":/vexa-remote-48.png"))); }
 
 int runWindow(const CommandLine& line, const QVariantMap& tokens) {
@@ -103,7 +102,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     AccessibleReading::install();
     const defaults::BackgroundWrites preferences;
     ApplicationService service(QDBusConnection::sessionBus());
-    // Asking on the bus, reaching a MIDI system and building the window go on at once.
+    // The bus call and the opening of the MIDI system run while the window is being built.
     auto opening = std::async(std::launch::async, [&] {
         return isTakenOver(service, line, tokens) ? nullptr : openMidiSystem(line.midi);
     });
@@ -115,7 +114,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     int failure = 0;
     chooseDestination(*system, manager, line, [&failure](const QString& fault) {
         failure = refuse(fault);
-        QCoreApplication::exit(failure); // where the window is there by then
+        QCoreApplication::exit(failure); // for a fault that is found after start-up
     });
     if (failure != 0)
         return failure;
@@ -126,7 +125,7 @@ int runWindow(const CommandLine& line, const QVariantMap& tokens) {
     const DesktopRequests desktop(window, controller, service);
     const StayAwake awake(controller.run());
     const ReelCall reelCall(window, controller.run(), QDBusConnection::sessionBus());
-    // Whoever sends a signal answers no question about an unsaved list, as quit() would ask.
+    // Not quit(), which would ask about an unsaved list: a signal's sender cannot answer.
     const TerminationSignals signals([] { QCoreApplication::exit(); });
     if (!line.file.isNull())
         controller.openFile(QFileInfo(line.file).absoluteFilePath());
@@ -140,7 +139,7 @@ int runInTerminal(const CommandLine& line) {
     if (const auto obstacle = stripes ? obstacleToStripe(line) : std::nullopt)
         return refuse(obstacle->message);
     const auto system = openMidiSystem(line.midi);
-    system->numberOfDestinations(); // nothing else is to be done meanwhile: it is waited for
+    system->numberOfDestinations(); // waits until the system has been reached
     if (!stripes)
         return listDestinations(*system);
     auto& manager = managerOf(*system);
@@ -169,7 +168,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("Vexa Remote"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VEXA_VERSION));
     QGuiApplication::setDesktopFileName(applicationId);
-    int forQt = 1; // of the arguments, only the program's name: all others have been taken
+    int forQt = 1; // only the program's name: the other arguments have been parsed
     if (line.mode == CommandLine::Mode::window) {
         if (QFileInfo(line.file).isDir())
             return refuse(QStringLiteral("\"%1\" is a folder").arg(line.file));

@@ -16,7 +16,7 @@ std::unique_ptr<MidiDriver> make() {
     return std::make_unique<Driver>();
 }
 
-/// The driver is made on the system's own thread: it may have to wait for a server.
+/// The driver is created on the system's own thread, as it may have to wait for a server.
 template<class Driver>
 std::unique_ptr<MidiSystem> openWith() {
     return std::make_unique<BackgroundMidiSystem>(make<Driver>);

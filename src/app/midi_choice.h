@@ -8,17 +8,17 @@
 
 namespace vexa {
 
-/// A MIDI system that the operator can ask for by name.
+/// A MIDI system that the operator can choose by name.
 struct MidiChoice {
     std::string_view name;
-    bool hasDestinations; ///< false: nothing is meant to be sent
+    bool hasDestinations; ///< false: it sends nothing, on purpose
     std::unique_ptr<MidiSystem> (*open)();
 };
 
 std::span<const MidiChoice> midiChoices();
 
-/// Opens the system that was chosen; where none was, ALSA if its sequencer opens, else JACK. One
-/// that is not there is used once it comes.
+/// Opens the chosen system. With no choice, opens ALSA if its sequencer can be opened, else JACK. A
+/// system that is not running yet is used once it is.
 std::unique_ptr<MidiSystem> openMidiSystem(const MidiChoice* choice);
 
 } // namespace vexa

@@ -20,7 +20,7 @@ QString json(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The item under way or the one that comes next; null where there is none.
+/// The current item or, if none is playing, the next; null if there is none.
 BatchItemRef itemToTellOf(const StripeRun& run) {
     switch (run.progress().phase) {
     case Phase::betweenItems:

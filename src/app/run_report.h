@@ -12,12 +12,12 @@
 
 namespace vexa {
 
-/// How a run stands, for a line of text. Of a batch run, the item is the one under way, or else the
-/// one that comes next.
+/// The state of a run, for a line of text. The item of a batch run is the current one or, if none
+/// is playing, the next.
 struct RunReport {
     Phase phase = Phase::stopped;
-    StripeSettings settings; ///< of the stripe or of the item
-    bool hasStop = false;    ///< whether it ends at its stop time
+    StripeSettings settings; ///< of the stripe or item
+    bool hasStop = false;    ///< whether it stops at its stop time
     std::uint64_t time = 0;  ///< packed timecode
 
     struct Item {
@@ -36,10 +36,10 @@ struct RunReport {
 RunReport reportOf(const StripeRun& run, RunTimes& times);
 
 /// "01:02:03:04  4:10 left, 1:02:33 of the run + reel changes  item 2 of 5: Part two  01:00:00:00
-/// to 01:10:00:00, 25 fps, MTC": what changes comes first.
+/// to 01:10:00:00, 25 fps, MTC". The changing values come first.
 std::string progressText(const RunReport& report);
 
-/// The same and more as a JSON object of one line. What is not known has no key.
+/// The same and more, as a JSON object on one line. Unknown values have no key.
 QByteArray progressJson(const RunReport& report, const DestinationStatus& destination);
 
 } // namespace vexa

@@ -4,8 +4,8 @@
 
 namespace vexa {
 
-// Outlets of a run without a window: what they are told shows nowhere, what they are asked is
-// answered as if nobody had touched a control or every panel were cancelled.
+// Outlets for a run without a window. They show nothing, and answer as if no control had been
+// touched and every panel cancelled.
 
 class SilentMatrix final : public RadioMatrix {
 public:
@@ -44,7 +44,7 @@ public:
     void setTitle(const QString&) override {}
 };
 
-/// It keeps which rows are selected, as a run of the selected rows asks.
+/// Keeps the selection, for a run of the selected rows.
 class SilentTable final : public BatchTable {
 public:
     void reloadData() override { m_selected.clear(); }
@@ -91,7 +91,7 @@ public:
     void noteNewRecentDocument(const QString&) override {}
 };
 
-/// All but what a terminal has of its own. One stands for all of its kind.
+/// All outlets that a terminal does not provide itself. One object serves for each kind.
 struct SilentOutlets {
     Outlets with(TimecodeDisplay& clock, Alerts& alerts) {
         return {

@@ -6,9 +6,9 @@
 
 namespace vexa {
 
-/// What is in the way of the stripe that was asked for: a time that does not exist at its rate, a
-/// list that cannot be read, rows that are not there. To be asked before a MIDI system is opened,
-/// since that alone stops a generator that runs.
+/// Why the requested stripe cannot begin: a time that does not exist at its rate, an unreadable
+/// list, or rows that the list does not have. Call before opening a MIDI system, since that alone
+/// stops a running generator.
 std::optional<CommandLineError> obstacleToStripe(const CommandLine& line);
 
 } // namespace vexa

@@ -4,14 +4,14 @@ namespace vexa {
 
 struct CommandLine;
 
-// Work on list files, without a window and without MIDI. Both return the program's exit code: 0
-// when all is well, 1 when there is something to look at, 2 when a file is not what it should be.
+// Work on list files, without a window or MIDI. Both functions return the program's exit code: 0 if
+// all is well, 1 if something needs attention, 2 if a file cannot be used.
 
-/// Adds the rows of the file to the list and names the lines that are no rows. Without a row, the
-/// list stays as it is.
+/// Adds the rows of the file to the list and reports the lines that are not rows. If there are no
+/// rows, the list is left as it is.
 int importInTerminal(const CommandLine& line);
 
-/// Prints what is to be said of the list, and the totals of its reels.
+/// Prints the remarks on the list and the totals of its reels.
 int checkInTerminal(const CommandLine& line);
 
 } // namespace vexa

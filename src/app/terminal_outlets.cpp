@@ -21,20 +21,20 @@ std::uint64_t secondOf(const RunReport& report) {
     return unpack(static_cast<PackedTimecode>(report.time)).seconds;
 }
 
-/// Where a line can be written over; elsewhere every state of it is a line of its own.
+/// Whether a line can be rewritten in place. If not, each update is a new line.
 bool canOverwrite() {
     static const bool isTerminal = isatty(STDOUT_FILENO) != 0;
     return isTerminal;
 }
 
 void writeLine(const std::string& text) {
-    // Erases to the end: the line before may have been longer. One that is too long is cut, as
-    // one that goes on below could not be written over.
+    // Clears the rest of the line, since the previous text may have been longer. Wrapping is off,
+    // because a wrapped line could not be overwritten.
     std::printf(canOverwrite() ? "\r\033[?7l%s\033[K\033[?7h" : "%s\n", text.c_str());
     std::fflush(stdout);
 }
 
-/// A line that is written over, or a line a second where the output goes to a file.
+/// A line that is rewritten in place, or a line per second if the output is no terminal.
 class TextProgress final : public ProgressOutput {
 public:
     ~TextProgress() override { endLine(); }
@@ -68,7 +68,7 @@ private:
     std::uint64_t m_shownSecond = UINT64_MAX;
 };
 
-/// An object a line, at each change of the state and each second.
+/// A line with an object at each phase change and each second.
 class JsonProgress final : public ProgressOutput {
 public:
     explicit JsonProgress(const Vexa_MIDI_Manager& midiManager) : m_midiManager(midiManager) {}
@@ -81,7 +81,7 @@ public:
         std::fflush(stdout);
     }
     void showPause(const RunReport& report, std::int64_t) override { showPhase(report); }
-    void ask(const std::string&) override {} // the state tells what is awaited
+    void ask(const std::string&) override {} // the phase says what is awaited
 
 private:
     const Vexa_MIDI_Manager& m_midiManager;
@@ -97,14 +97,14 @@ std::unique_ptr<ProgressOutput> jsonProgress(const Vexa_MIDI_Manager& midiManage
 }
 
 int TerminalAlerts::runModal(const Alert& alert) {
-    // What was typed before the question is no answer to it. (In a pipe it stays.)
+    // Discards what was typed before the question. (This leaves a pipe's input alone.)
     tcflush(STDIN_FILENO, TCIFLUSH);
     auto question = alert.information;
     question.replace(alert.buttons.front(), QStringLiteral("Enter"));
     m_output.ask(question.toStdString() + ": ");
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &m_loop, [this] {
-        char typed = 0; // one at a time: the next line is for the next question
+        char typed = 0; // byte by byte: the next line answers the next question
         if (read(STDIN_FILENO, &typed, 1) <= 0)
             m_loop.exit(alertUnanswered);
         else if (typed == '\n')
@@ -118,7 +118,7 @@ int TerminalAlerts::runModal(const Alert& alert) {
 void Countdown::start(double seconds) {
     if (!(seconds > 0))
         return;
-    constexpr double longest = 1e9; // no pause lasts longer
+    constexpr double longest = 1e9; // keeps lround() in range
     seconds = std::min(seconds, longest);
     m_show(std::lround(std::ceil(seconds)));
     m_timer = m_runLoop.scheduleTimer(RunLoop::Seconds(1), false,

@@ -15,33 +15,33 @@ namespace vexa {
 
 class Vexa_MIDI_Manager;
 
-// What the controller sees of a terminal, and what else is shown there.
+// The controller's outlets in a terminal, and the progress output.
 
-/// Where a run tells how it gets on.
+/// Shows the progress of a run.
 class ProgressOutput {
 public:
     virtual ~ProgressOutput() = default;
 
-    /// Whether a frame of that second of the timecode is to be shown.
+    /// Whether to show a frame with this second of the timecode.
     virtual bool wantsFrame(std::uint64_t second) const = 0;
     virtual void showFrame(const RunReport& report) = 0;
     virtual void showPhase(const RunReport& report) = 0;
-    /// At each second of a pause, with those that are left.
+    /// Called each second of a pause, with the seconds left.
     virtual void showPause(const RunReport& report, std::int64_t seconds) = 0;
-    /// Enter answers it.
+    /// The operator answers with Enter.
     virtual void ask(const std::string& question) = 0;
 };
 
 std::unique_ptr<ProgressOutput> textProgress();
-/// With what is known of the destination.
+/// Includes the state of the destination.
 std::unique_ptr<ProgressOutput> jsonProgress(const Vexa_MIDI_Manager& midiManager);
 
-/// Asks by the output and goes on at Enter, which stands for the first button.
+/// Asks through the output. Enter stands for the first button.
 class TerminalAlerts final : public Alerts {
 public:
     explicit TerminalAlerts(ProgressOutput& output) : m_output(output) {}
 
-    /// Unanswered when the input ends or dismiss() is called meanwhile.
+    /// Returns alertUnanswered if the input ends or dismiss() is called.
     int runModal(const Alert& alert) override;
     void dismiss() { m_loop.exit(alertUnanswered); }
     /// Whether the last question went unanswered.
@@ -53,7 +53,7 @@ private:
     QEventLoop m_loop;
 };
 
-/// Counts the seconds of a pause down, in steps of one. Not at all from 0 or less.
+/// Counts down the seconds of a pause. Does nothing for 0 or less.
 class Countdown {
 public:
     /// The run loop must outlive this.

@@ -26,7 +26,7 @@ namespace {
 constexpr int noDestination = 3;
 constexpr int interrupted = 130;
 
-/// The controller with a terminal for its window.
+/// The controller, with a terminal in place of the window.
 class TerminalStripe {
 public:
     TerminalStripe(Vexa_MIDI_Manager& midiManager, ProgressOutput& output)
@@ -43,7 +43,7 @@ public:
             m_log.emplace(line.log, m_controller.run(), m_controller.batchStripeData());
     }
 
-    /// atItsEnd: the exit code of a run that is not interrupted.
+    /// atItsEnd: the exit code unless the run is interrupted.
     int run(int atItsEnd) {
         bool wasInterrupted = false;
         const TerminationSignals signals([&] {
@@ -51,7 +51,7 @@ public:
             m_alerts.dismiss();
             m_controller.handleStripeMenuItems(transport::stopped);
         });
-        // Queued: the end of a run has more to do after it becomes known.
+        // Queued, because the run has more to do after it announces its end.
         QObject::connect(
             &m_controller, &Vexa_RemoteAppDelegate::stateChanged, qApp,
             [&] {
@@ -60,8 +60,8 @@ public:
                                                                                        : atItsEnd);
             },
             Qt::QueuedConnection);
-        // The list comes after all that was sent before it: by then the way to the generator is
-        // open, and it starts when the clock does.
+        // The answer follows everything sent before. The connection is then open, so the generator
+        // starts when the clock does.
         m_midiManager.destinationList();
         connectOutput();
         m_controller.handleStripeMenuItems(transport::playing);
@@ -107,7 +107,7 @@ private:
     Vexa_MIDI_Manager& m_midiManager;
     SilentOutlets m_outlets;
     ProgressOutput& m_output;
-    SilentEntry m_clock; // the output is told of frames by the run
+    SilentEntry m_clock; // silent: the output gets its frames from the run
     TerminalAlerts m_alerts{m_output};
     TimerfdRunLoop m_runLoop;
     Vexa_RemoteAppDelegate m_controller{m_outlets.with(m_clock, m_alerts), m_runLoop};

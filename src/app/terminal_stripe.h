@@ -7,12 +7,13 @@ namespace vexa {
 
 class Vexa_MIDI_Manager;
 
-/// Stripes in the terminal, through the same controller as the window does: one stripe or a batch
-/// list, with changes of reel asked for there. Names the destination first. Returns the program's
-/// exit code: 0 at the end, 3 where nothing was sent for want of a destination, 130 when
-/// interrupted or left without an answer (the generator is then stopped first). Nothing is in the
-/// way of the stripe, and the manager, which is the shared one, uses the system. Needs a
-/// QCoreApplication.
+/// Stripes in the terminal, through the same controller as the window: one stripe or a batch list,
+/// whose reel changes it asks for. Names the destination first. Returns the program's exit code:
+/// - 0 at the end,
+/// - 3 if nothing was sent because there is no destination,
+/// - 130 if interrupted or left without an answer; the generator is stopped first.
+/// Needs a QCoreApplication, a stripe without obstacles, and the shared manager, which uses the
+/// system.
 int stripeInTerminal(const CommandLine& line, MidiSystem& system, Vexa_MIDI_Manager& midiManager);
 
 } // namespace vexa

@@ -7,8 +7,8 @@
 
 namespace vexa {
 
-/// While it lives, an interrupt or terminate signal calls back on the event loop instead of
-/// ending the process. One at a time.
+/// While it exists, SIGINT, SIGTERM and SIGHUP call back on the event loop instead of ending the
+/// process. Only one may exist at a time.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> onSignal);
