@@ -178,7 +178,7 @@ TEST_F(Window, AClickLeavesTheKeyboardWithTheTimeThatIsTyped) {
         click(name);
 }
 
-/// What Tab reaches, one after the other, from the start time on and back to it.
+/// The controls that the key reaches in turn, from the start until the focus is back there.
 QStringList tabStops(QWidget& start, Qt::Key key) {
     start.setFocus();
     QStringList names;
@@ -297,7 +297,7 @@ TEST_F(Window, TellsOfATimeThatIsTypedButNotTaken) {
     EXPECT_EQ(said(), u"no items"_s);
 }
 
-/// The item of a menu of the window.
+/// The menu item with this title.
 QAction* item(const MainWindow& window, const QString& menu, const QString& title) {
     for (const auto* top : window.menuBar()->actions())
         if (top->text() == menu)

@@ -18,7 +18,7 @@ namespace {
 
 const std::string heading = "row,reel,title,start,stop,real_start,real_stop,began,ended,how";
 
-/// A run that is logged; moments read "now".
+/// A logged run. Dates and times in the log are read as "now".
 struct Log : testing::Test, StripeRig {
     std::vector<std::string> lines() const {
         QFile file(path);

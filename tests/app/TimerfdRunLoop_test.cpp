@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 namespace {
 
 struct TimerfdTimers : testing::Test {
-    /// Lets the event loop run until the condition holds, ten seconds at most.
+    /// Runs the event loop until the condition holds, for ten seconds at most.
     template<typename Condition>
     bool runUntil(Condition condition) {
         const QDeadlineTimer deadline(10s);
@@ -98,7 +98,7 @@ TEST_F(TimerfdTimers, MissedFiringsAreOneTick) {
     const auto timer = runLoop.scheduleTimer(5ms, true, [this] { ++fired; });
     QElapsedTimer clock;
     clock.start();
-    while (clock.elapsed() < 60) { // the loop is kept from running
+    while (clock.elapsed() < 60) { // blocks the event loop
     }
     QCoreApplication::processEvents();
     EXPECT_EQ(fired, 1);

@@ -15,7 +15,7 @@ namespace {
 
 struct Report : testing::Test, StripeRig {
     std::string line() { return progressText(reportOf(run, times)); }
-    /// The value of a key; undefined where there is none.
+    /// The value of a key; undefined if there is none.
     QJsonValue value(const char* key, const DestinationStatus& status = {}) {
         const auto line = progressJson(reportOf(run, times), status);
         EXPECT_FALSE(line.contains('\n'));

@@ -54,7 +54,7 @@ struct StripeOfList : StripeObstacle {
     void writeList(std::size_t items) const {
         ASSERT_TRUE(writeListFile(line.file, BatchItems(items, std::make_shared<BatchItem>())));
     }
-    /// Without the name of the file in front.
+    /// The message without the file name it begins with.
     std::string fault() const {
         const auto text = obstacle();
         const auto name = '"' + line.file.toStdString() + "\" ";

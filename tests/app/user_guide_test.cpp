@@ -32,7 +32,7 @@ QString guide() {
     return Bundle::mainBundle().pathForResource(u"user-guide"_s, u"html"_s).value_or(QString());
 }
 
-/// Calls `visit` with every element of the guide, which is well-formed XML.
+/// Calls `visit` with every element of the guide, which must be well-formed XML.
 void forEachElement(const std::function<void(QXmlStreamReader&)>& visit) {
     QFile file(guide());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << "the guide stands beside the program";
@@ -48,7 +48,7 @@ std::string attribute(const QXmlStreamReader& xml, const char* name) {
     return xml.attributes().value(QLatin1String(name)).toString().toStdString();
 }
 
-/// The rows of the table with that id, but for its headings.
+/// The rows of the table with this id, without its heading.
 std::set<Row> rowsOfTable(const char* id) {
     std::set<Row> rows;
     bool inTable = false;
