@@ -87,7 +87,7 @@ bool isTakenOver(ApplicationService& service, const CommandLine& line, const QVa
         return false;
     if (handOver(QDBusConnection::sessionBus(), line.file, tokens, patience))
         return true;
-    complain(QStringLiteral("the one that is running does not answer; here is another"));
+    complain(QStringLiteral("the running instance is not responding; starting another"));
     service.takeName(); // if the other one was just quitting, later launches come here
     return false;
 }

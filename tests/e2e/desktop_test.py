@@ -188,7 +188,7 @@ class AtRest(RunningProgram, ProgramTest):
         second = program.start(self.list_file("second"), stderr=subprocess.PIPE)
         self.addCleanup(second.stderr.close)
         self.addCleanup(second.stop)
-        self.assertRegex(second.stderr.readline(), r"^vexa-remote: .* does not answer")
+        self.assertRegex(second.stderr.readline(), r"^vexa-remote: .* is not responding")
         await_window_of(second, "Vexa Remote: second")
 
     def test_other_programs_open_files(self):
@@ -247,7 +247,7 @@ class InPlaceOfAnother(RunningProgram, ProgramTest):
         self.addCleanup(second.stderr.close)
         self.addCleanup(second.stop)
         eventually("it is asked", dying.is_gone)
-        self.assertRegex(second.stderr.readline(), r"^vexa-remote: .* does not answer")
+        self.assertRegex(second.stderr.readline(), r"^vexa-remote: .* is not responding")
         await_window_of(second, "Vexa Remote: second")
         self.launch_again(self.list_file("third"))
         await_window_of(second, "Vexa Remote: third")
