@@ -8,6 +8,7 @@
 #include <QLatin1String>
 
 #include <algorithm>
+#include <utility>
 
 namespace vexa {
 
@@ -19,14 +20,20 @@ bool isBlank(const Cells& cells) {
     return std::ranges::all_of(cells, [](QStringView cell) { return cell.trimmed().isEmpty(); });
 }
 
-/// How well a delimiter fits the first lines: counts the times and headers found.
+/// How well a delimiter fits the first lines: counts the times found. A header outweighs them, as
+/// titles may hold lines that look like rows.
 int senseOf(const QString& text, QChar delimiter) {
     constexpr int sampledRows = 20;
     constexpr qsizetype sampledLetters = 20'000;
+    constexpr int header = sampledLetters;
     DelimitedReader reader(text.left(sampledLetters), delimiter);
     int sense = 0;
+    bool isFirst = true;
     for (int row = 0; row < sampledRows && reader.next(); ++row) {
-        sense += RowColumns::namedBy(reader.cells()) ? 2 : 0;
+        if (isBlank(reader.cells()))
+            continue;
+        if (std::exchange(isFirst, false) && RowColumns::namedBy(reader.cells()))
+            sense += header;
         for (const auto cell : reader.cells())
             sense += timeFromText(cell) ? 1 : 0;
     }

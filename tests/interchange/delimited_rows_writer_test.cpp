@@ -61,6 +61,14 @@ TEST(DelimitedText, IsReadBackAsItWas) {
         expectBack(items, delimiter);
 }
 
+TEST(DelimitedText, IsReadBackThoughATitleLooksLikeRowsOfAnotherDelimiter) {
+    for (const auto delimiter : {u',', u';', u'\t'})
+        for (const auto& other : {u"Out,Clip,Tape\n01000000,1100000"_s,
+                                  u"Out;Clip;Tape\n01000000;1100000;01:00:00:00"_s,
+                                  u"Out\tClip\tTape\n01000000\t1100000"_s})
+            expectBack({item(1, u"two\r\nlines, "_s + other)}, delimiter);
+}
+
 TEST(DelimitedText, IsReadBackWhateverTheTitles) {
     std::mt19937 random(17);
     constexpr QStringView letters = u"ab ,;\t\"\"'=\r\n+-@é日";
