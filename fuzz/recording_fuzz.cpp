@@ -55,7 +55,8 @@ void readSamples(std::span<const std::uint8_t> bytes, bool areFloats) {
     std::vector<float> samples;
     if (areFloats) {
         samples.resize(bytes.size() / sizeof(float));
-        std::memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
+        if (!samples.empty())
+            std::memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
     } else {
         for (const auto byte : bytes)
             samples.insert(samples.end(), byte & 0x3FU, byte & 0x80U ? 0.5F : -0.5F);
