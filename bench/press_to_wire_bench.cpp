@@ -1,6 +1,6 @@
-// Time from the Play command to the last byte of its messages: handed to a driver that accepts it
-// at once, arrived at another client of a JACK server, or handed to the ALSA sequencer. Argument:
-// the number of presses, by default 2000.
+// Time from the Play command to the last byte of its messages. The byte is handed to a driver that
+// accepts it at once, arrives at another JACK client, or is handed to the ALSA sequencer.
+// Argument: the number of presses, by default 2000.
 
 #include "app/TimerfdRunLoop.h"
 #include "app/silent_outlets.h"

@@ -1,6 +1,6 @@
-// An hour of linear timecode written to a file and read from it, by us and by libltc with
-// libsndfile as plainly as can be: 8-bit samples of its encoder written as 16 bits, and samples
-// handed to its decoder as they come.
+// Writes and reads a file with an hour of linear timecode, with our code and with plain libltc and
+// libsndfile. Plain: the encoder's 8-bit samples are written as 16 bits, and the decoder gets the
+// samples as they come.
 
 #include "tape/render.h"
 #include "tape/tape_reader.h"

@@ -11,9 +11,9 @@ namespace vexa {
 
 class StripeRun;
 
-/// Calls the operator to load a reel while no window of the program is active: by a notification
-/// that stays until the run goes on, and by a window that asks for attention. Nothing waits for
-/// whoever shows notifications. Main thread only.
+/// Calls the operator to load a reel while no window of the program is active. A notification stays
+/// until the run continues, and the window asks for attention. Nothing waits for the notification
+/// service. Main thread only.
 class ReelCall : public QObject {
 public:
     /// All must outlive this.

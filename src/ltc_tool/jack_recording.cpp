@@ -104,7 +104,7 @@ TapeContents listenToJack(const std::string& source) {
         if (block.empty()) {
             if (wasInterrupted() || input.isGone())
                 break;
-            std::this_thread::sleep_for(20ms);
+            std::this_thread::sleep_for(20ms); // JACK's thread must not wake us: that could block
             continue;
         }
         reader.read(block, 1);
