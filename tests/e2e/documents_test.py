@@ -70,12 +70,12 @@ class Documents(ProgramTest):
 
     def in_panel(self, title, path=None):
         """Enters a path in a file panel, or cancels the panel."""
-        self.window.await_active(title)
         if path:
-            self.window.enter("File name:", str(path))
+            self.window.choose_file(title, path)
         else:
+            self.window.await_active(title)
             self.window.keys("Escape")
-        self.window.await_title(title, there=False)
+            self.window.await_title(title, there=False)
 
     def expect(self, title, rows, can_save):
         self.window.await_active(title)

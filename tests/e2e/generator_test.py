@@ -1,7 +1,6 @@
 """The software generator as the program's destination, as scripts/run starts it."""
 
 import os
-import pathlib
 import re
 import signal
 import subprocess
@@ -23,7 +22,7 @@ class Generator(ProgramTest):
         self.server = JackServer()
         self.server.start()
         self.addCleanup(self.server.stop)
-        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        path = program.beside("vexa-generator")
         self.log = self.settings.parent.parent / "events"
         self.generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
         self.addCleanup(self.generator.stop)
@@ -56,7 +55,7 @@ class Generator(ProgramTest):
 
 class WrongArguments(unittest.TestCase):
     def complaint(self, *arguments):
-        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        path = program.beside("vexa-generator")
         done = subprocess.run([path, *arguments], capture_output=True, text=True, timeout=30)
         self.assertNotEqual(done.returncode, 0)
         return done.stderr

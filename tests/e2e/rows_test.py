@@ -99,7 +99,7 @@ class Rows(DeviceTest):
         cues = path.parent / "cues.csv"
         cues.write_text("Title;Tape;In;Out;Rate;Sync\n日本;3;01:00:00:00;01:10:00:00;24;DTL\n")
         window.choose("File", "Import…")
-        self.choose_file(window, "Import", cues)
+        window.choose_file("Import", cues)
         window.await_title("Import cues.csv")
         eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
         window.keys("Return")
@@ -108,7 +108,7 @@ class Rows(DeviceTest):
         self.assertEqual(window.menu("Edit")[0], "Undo Import")
         window.choose("File", "Export…")
         written = path.parent / "out.csv"
-        self.choose_file(window, "Export", written)
+        window.choose_file("Export", written)
         eventually("the file is written", written.exists)
         self.assertEqual(written.read_text(encoding="utf-8-sig").splitlines()[2],
                          "3,日本,01:00:00:00,01:10:00:00,24 fps,DTL")
@@ -117,17 +117,12 @@ class Rows(DeviceTest):
         window, _, path = self.open_rows(ONE, THREE)
         window.choose("File", "Export as PDF…")
         written = path.parent / "sheet.pdf"
-        self.choose_file(window, "Export as PDF", written)
+        window.choose_file("Export as PDF", written)
         eventually("the file is written", written.exists)
         text = subprocess.run(["pdftotext", written, "-"], capture_output=True, encoding="utf-8",
                               check=True).stdout
         for part in ("Reel 1", "Reel 3", "Page 2 of 2", "Day 1"):
             self.assertIn(part, text)
-
-    def choose_file(self, window, title, path):
-        window.await_active(title)
-        window.enter("File name:", str(path))
-        window.await_title(title, there=False)
 
     def test_are_checked_while_the_list_changes(self):
         overlapping = ONE._replace(title="two", start="01:05:00:00", stop="01:20:00:00")

@@ -17,7 +17,7 @@ from support.studio import Recording, StudioTest
 from support.waiting import eventually
 from support.window import Window
 
-VEXA_LTC = pathlib.Path(program.PATH).with_name("vexa-ltc")
+VEXA_LTC = program.beside("vexa-ltc")
 LIST = [
     Item(1, "Intro", "01:00:00:00", "01:00:03:00", "25 fps", "MTC"),
     Item(1, "Song/Part 2", "01:00:03:00", "01:00:06:12", "25 fps", "DTL"),
@@ -32,9 +32,8 @@ NAMES = ["01 Reel 1 - Intro.wav", "02 Reel 1 - Song_Part 2.wav", "03 Reel 12.wav
          "07 Reel 13 - Last.wav"]
 
 
-def run(*arguments, **options):
-    return subprocess.run([*program.AS_OPERATOR, VEXA_LTC, *map(str, arguments)], text=True,
-                          capture_output=True, timeout=120, check=False, **options)
+def run(*arguments):
+    return program.run_beside("vexa-ltc", *arguments)
 
 
 class TapeTest(ProgramTest):

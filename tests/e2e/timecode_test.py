@@ -3,7 +3,6 @@ independent programs."""
 
 import itertools
 import math
-import pathlib
 import re
 import subprocess
 import unittest
@@ -44,7 +43,7 @@ class MidiTimecode(StudioTest):
     BITS = {"24 fps": 0, "25 fps": 1, "30 df": 2, "30 fps": 3}
 
     def recorded(self, seconds, events):
-        studio = pathlib.Path(program.PATH).with_name("jack_studio")
+        studio = program.beside("jack_studio")
         length = str(int(seconds * self.SECOND))
         subprocess.run([studio, self.folder, length, *events], input="", text=True, check=True,
                        stdout=subprocess.DEVNULL)

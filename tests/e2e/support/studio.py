@@ -32,7 +32,7 @@ class Recording:
         self.end()
         with wave.open(str(self._path)) as file:
             samples, rate = file.readframes(file.getnframes()), file.getframerate()
-        reader = pathlib.Path(program.PATH).with_name("ltc_read")
+        reader = program.beside("ltc_read")
         read = subprocess.run([reader, str(rate)], input=samples, capture_output=True, check=True)
         return read.stdout.decode().splitlines()
 
@@ -46,7 +46,7 @@ class StudioTest(ProgramTest):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
         self.log = self.folder / "log"
-        path = pathlib.Path(program.PATH).with_name("vexa-generator")
+        path = program.beside("vexa-generator")
         generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
         self.addCleanup(generator.stop)
         eventually("the generator is ready", lambda: "ready" in self.text())

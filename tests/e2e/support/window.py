@@ -124,6 +124,12 @@ class Window:
         eventually(f"{name} holds {text}", lambda: self.text(name) == text)
         self.keys("Return")
 
+    def choose_file(self, title, path):
+        """Names a file in the file panel with this title."""
+        self.await_active(title)
+        self.enter("File name:", str(path))
+        self.await_title(title, there=False)
+
     def await_active(self, title):
         """Waits until the window with this title has the keyboard."""
         what = f"{title} is the active window"
