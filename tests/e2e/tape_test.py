@@ -278,9 +278,7 @@ class ADayInTheStudio(StudioTest):
         eventually("the list is striped", lambda: self.text().count("stop at") >= len(GOOD),
                    seconds=60)
         recording.end()
-        done = run("check", items, tape)
-        self.assertEqual(done.returncode, 0, done.stdout + self.text())
-        self.assertIn("\n4 rows: 4 whole, 0 with faults, 0 missing; 0 on no row\n", done.stdout)
+        self.check_recording(items, tape)
 
     def test_a_tape_is_checked_while_it_plays(self):
         self.open_generator(48000, 512)
