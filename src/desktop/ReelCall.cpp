@@ -9,6 +9,7 @@
 #include <QVariantMap>
 #include <QWidget>
 
+#include <limits>
 #include <utility>
 
 namespace vexa {
@@ -54,7 +55,9 @@ ReelCall::ReelCall(QWidget& window, const StripeRun& run, const QDBusConnection&
 void ReelCall::call(std::uint64_t reel) {
     QApplication::alert(&m_window);
     m_isCalling = true;
-    auto* watcher = new QDBusPendingCallWatcher(m_session.asyncCall(notification(reel)), this);
+    constexpr int anyTime = std::numeric_limits<int>::max(); // what is shown late must be closed
+    auto* watcher =
+        new QDBusPendingCallWatcher(m_session.asyncCall(notification(reel), anyTime), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, ofCall = ++m_calls] {
         watcher->deleteLater();
         const auto shown = watcher->reply().arguments().value(0);

@@ -3,14 +3,15 @@
 #include "stripe/StripeRun.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QTimer>
 
+#include <limits>
+#include <optional>
 #include <utility>
 
 namespace vexa {
 
 namespace {
-
-constexpr int patience = 5000; // ms, for a service to answer
 
 bool isUnderWay(Phase phase) {
     return phase == Phase::running || phase == Phase::betweenItems || phase == Phase::awaitingReel;
@@ -18,14 +19,14 @@ bool isUnderWay(Phase phase) {
 
 } // namespace
 
-StayAwake::StayAwake(const StripeRun& run, Buses buses) : m_buses(std::move(buses)) {
+StayAwake::StayAwake(const StripeRun& run, Buses buses, std::chrono::milliseconds patience)
+    : m_buses(std::move(buses)), m_patience(patience) {
     connect(&run, &StripeRun::phaseChanged, this,
             [this, &run] { setWanted(isUnderWay(run.progress().phase)); });
 }
 
 StayAwake::~StayAwake() {
-    if (m_promise)
-        m_promise->release();
+    giveBack();
     constexpr unsigned long farewell = 1000; // ms
     if (m_joining && !m_joining->wait(farewell))
         std::ignore = m_joining.release(); // does not wait for a bus that does not answer
@@ -33,10 +34,12 @@ StayAwake::~StayAwake() {
 
 void StayAwake::setWanted(bool isWanted) {
     m_isWanted = isWanted;
-    if (m_isWanted && !m_joining)
+    if (!m_isWanted)
+        giveBack();
+    else if (!m_joining)
         joinBuses();
-    else if (!m_isAsking && !m_services.empty())
-        proceed();
+    else if (!m_isAsking)
+        ask(0);
 }
 
 void StayAwake::joinBuses() {
@@ -46,36 +49,43 @@ void StayAwake::joinBuses() {
         [joined, buses = m_buses] { joined->emplace(buses.session(), buses.system()); }));
     connect(m_joining.get(), &QThread::finished, this, [this, joined] {
         m_services = inhibitions((*joined)->first, (*joined)->second);
-        proceed();
+        ask(0);
     });
     m_joining->start();
 }
 
-void StayAwake::proceed() {
-    if (m_isWanted && !m_promise)
-        ask(0);
-    else if (!m_isWanted && m_promise)
-        std::exchange(m_promise, nullptr)->release();
-}
-
 void StayAwake::ask(std::size_t service) {
-    m_isAsking = m_isWanted && service < m_services.size();
+    m_isAsking = m_isWanted && !m_promise && service < m_services.size();
     if (!m_isAsking)
         return;
-    auto& asked = *m_services[service];
-    const auto call = asked.bus().asyncCall(asked.request(), patience);
-    auto* watcher = new QDBusPendingCallWatcher(call, this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, &asked, service] {
-        watcher->deleteLater();
-        if (!watcher->isError() && asked.take(watcher->reply())) {
-            m_isAsking = false;
-            m_promise = &asked;
-            proceed();
-        } else {
-            asked.release();
+    const auto& asked = m_services[service];
+    constexpr int anyTime = std::numeric_limits<int>::max();
+    auto* reply = new QDBusPendingCallWatcher(asked.bus.asyncCall(asked.request, anyTime), this);
+    auto* patience = new QTimer(reply);
+    patience->setSingleShot(true);
+    patience->start(m_patience);
+    connect(patience, &QTimer::timeout, this, [this, service] { ask(service + 1); });
+    connect(reply, &QDBusPendingCallWatcher::finished, this, [=, this, &asked] {
+        reply->deleteLater();
+        take(asked.promiseIn(reply->reply()));
+        if (patience->isActive())
             ask(service + 1);
-        }
+        patience->stop();
     });
+}
+
+void StayAwake::take(Inhibition::GiveBack promise) {
+    if (!promise)
+        return;
+    if (m_isWanted && !m_promise)
+        m_promise = std::move(promise);
+    else
+        promise();
+}
+
+void StayAwake::giveBack() {
+    if (const auto promise = std::exchange(m_promise, nullptr))
+        promise();
 }
 
 } // namespace vexa

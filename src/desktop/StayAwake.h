@@ -5,9 +5,9 @@
 #include <QObject>
 #include <QThread>
 
+#include <chrono>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace vexa {
@@ -15,8 +15,9 @@ namespace vexa {
 class StripeRun;
 
 /// Keeps the machine awake and its screen unlocked while a run plays or is between two items. Asks
-/// one service after another until one promises, without waiting for them. If there is no service,
-/// or no bus, the machine behaves as usual. Main thread only.
+/// one service after another until one promises, and nothing waits for them. A promise that comes
+/// late is kept if there is no other, or given back. If there is no service, or no bus, the machine
+/// behaves as usual. Main thread only.
 class StayAwake : public QObject {
 public:
     /// Connecting to a bus may take time, so another thread does it, at the first run.
@@ -26,21 +27,23 @@ public:
     };
     /// The run must outlive this.
     explicit StayAwake(const StripeRun& run) : StayAwake(run, Buses{}) {}
-    StayAwake(const StripeRun& run, Buses buses);
+    /// patience: how long a service may take to answer before the next one is asked.
+    StayAwake(const StripeRun& run, Buses buses,
+              std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~StayAwake() override;
 
 private:
     void setWanted(bool isWanted);
     void joinBuses();
-    void proceed();
     void ask(std::size_t service);
-
-    using Services = std::vector<std::unique_ptr<Inhibition>>;
+    void take(Inhibition::GiveBack promise);
+    void giveBack();
 
     const Buses m_buses;
+    const std::chrono::milliseconds m_patience;
     std::unique_ptr<QThread> m_joining;
-    Services m_services;             ///< empty until the buses are connected
-    Inhibition* m_promise = nullptr; ///< the service whose promise is held
+    std::vector<Inhibition> m_services; ///< empty until the buses are connected
+    Inhibition::GiveBack m_promise;     ///< the one that is held
     bool m_isWanted = false;
     bool m_isAsking = false;
 };

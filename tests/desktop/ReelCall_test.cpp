@@ -77,4 +77,15 @@ TEST_F(Call, ThatIsShownLateIsWithdrawnAtOnce) {
     EXPECT_EQ(notifications.calls(2).back(), "CloseNotification 8");
 }
 
+TEST_F(Call, ThatIsAnsweredWithNonsenseIsNotWithdrawn) {
+    notifications.hold();
+    awaitReel();
+    notifications.calls(1);
+    notifications.answer(QStringLiteral("yes"));
+    run.reelLoaded();
+    run.stop();
+    awaitReel();
+    EXPECT_THAT(notifications.calls(2), ElementsAre(call, call));
+}
+
 } // namespace

@@ -3,6 +3,8 @@
 #include "support/BusService.h"
 #include "support/SessionBus.h"
 
+#include <QDBusConnectionInterface>
+#include <QDBusObjectPath>
 #include <gmock/gmock.h>
 
 using namespace vexa;
@@ -17,8 +19,13 @@ std::string cookieOf(const QDBusMessage& call) {
     return cookie.typeId() == QMetaType::UInt ? ' ' + std::to_string(cookie.toUInt()) : "";
 }
 
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+
+std::string nothing(const QDBusMessage&) { return {}; }
+
 struct Awake : testing::Test, StripeRig {
-    Awake() {
+    explicit Awake(std::chrono::milliseconds patience = std::chrono::seconds(5))
+        : awake(run, {[this] { return ours; }, [this] { return ours; }}, patience) {
         plan.settings = {packed("01:00:00:00"), packed("01:00:00:03"), rate::fps25, sync::mtc};
     }
 
@@ -30,7 +37,27 @@ struct Awake : testing::Test, StripeRig {
                            7U,
                            cookieOf};
     const QDBusConnection ours = bus.connection(QStringLiteral("ours"));
-    StayAwake awake{run, {[this] { return ours; }, [this] { return ours; }}};
+    StayAwake awake;
+};
+
+/// The first service to be asked. Its promise is an object at its own path.
+BusService portalOn(const SessionBus& bus, const QVariant& answer) {
+    return BusService(bus.connection(QStringLiteral("portal")),
+                      QStringLiteral("org.freedesktop.portal.Desktop"), portalPath,
+                      QStringLiteral("Inhibit"), answer, nothing);
+}
+
+/// The last service to be asked. It answers nonsense.
+BusService logindOn(const SessionBus& bus) {
+    return BusService(bus.connection(QStringLiteral("logind")),
+                      QStringLiteral("org.freedesktop.login1"),
+                      QStringLiteral("/org/freedesktop/login1"), QStringLiteral("Inhibit"),
+                      QStringLiteral("yes"), nothing);
+}
+
+/// Asks the next service at once.
+struct ImpatientlyAwake : Awake {
+    ImpatientlyAwake() : Awake(std::chrono::milliseconds(0)) {}
 };
 
 TEST_F(Awake, IsAskedForByPlayAndGivenBackAtThePauseAndTheEnd) {
@@ -83,6 +110,40 @@ TEST_F(Awake, AnAnswerThatIsNoneIsNotGivenBack) {
         QCoreApplication::processEvents();
     }
     EXPECT_THAT(screenSaver.calls(2), ElementsAre("Inhibit", "Inhibit"));
+}
+
+TEST_F(Awake, APortalThatAnswersNonsenseIsPassedOver) {
+    auto portal = portalOn(bus, QStringLiteral("yes"));
+    run.play(From::startTime);
+    screenSaver.calls(1);
+    run.stop();
+    EXPECT_EQ(screenSaver.calls(2).back(), "UnInhibit 7");
+    EXPECT_THAT(portal.calls(1), ElementsAre("Inhibit"));
+}
+
+TEST_F(ImpatientlyAwake, APromiseThatComesAfterTheOthersRefusedIsKept) {
+    auto logind = logindOn(bus);
+    screenSaver.hold();
+    run.play(From::startTime);
+    screenSaver.calls(1);
+    logind.calls(1);
+    screenSaver.answer(9U);
+    run.stop();
+    EXPECT_THAT(screenSaver.calls(2), ElementsAre("Inhibit", "UnInhibit 9"));
+}
+
+TEST_F(ImpatientlyAwake, APromiseThatComesAfterAnotherIsGivenBack) {
+    const auto promise = QVariant::fromValue(QDBusObjectPath(portalPath));
+    auto portal = portalOn(bus, promise);
+    portal.hold();
+    run.play(From::startTime);
+    portal.calls(1);
+    screenSaver.calls(1);
+    // The bus has taken the screen saver's promise once it answers the screen saver.
+    bus.connection(QStringLiteral("screen saver")).interface()->serviceOwner(QStringLiteral("x"));
+    portal.answer(promise);
+    EXPECT_THAT(portal.calls(2), ElementsAre("Inhibit", "Close"));
+    EXPECT_THAT(screenSaver.calls(1), ElementsAre("Inhibit"));
 }
 
 } // namespace
