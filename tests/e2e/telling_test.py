@@ -176,6 +176,22 @@ class Telling(DeviceTest):
         self.window.keys("Escape")
         self.window.await_title("Preferences", there=False)
 
+    def test_a_cable_pulled_in_a_run_is_told_of_and_so_is_its_return(self):
+        self.open_items([LONG])
+        self.window.keys("F6")
+        self.expect_messages(*play(1, 0, 0, 0, FPS_25_MTC))
+        eventually("the start is told", lambda: " · start " in self.window.shown("Destination"))
+        name = self.window.shown("Destination").partition(" · ")[0]
+        self.monitor.stop()
+        self.window.await_shown("Destination", f"{name} is not there")
+        self.assertEqual(self.window.titles(), ["Vexa Remote: Day 1"])
+        self.await_progress("playing .*")
+        self.connect_monitor()
+        back = lambda: self.window.shown("Destination").startswith(f"{name} · start ")  # noqa: E731
+        eventually("its return is told", back)
+        self.window.keys("F5")
+        self.expect_messages(STOP)
+
     def test_the_status_line_can_be_hidden_and_stays_so(self):
         self.open_items()
         self.window.choose("View", "Status Line")
