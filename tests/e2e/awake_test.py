@@ -5,57 +5,18 @@ import os
 import signal
 import unittest
 
-import dbus
-import dbusmock
-
 from support import program
-from support.cases import ProgramTest
+from support.services import ServicesTest
 from support.waiting import eventually
 
-MOCK = "org.freedesktop.DBus.Mock"
-SCREEN_SAVER = "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver"
-PORTAL = "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop"
-REQUEST = "/org/freedesktop/portal/desktop/request/of_ours"
 STRIPE = ["--midi", "none", "--stripe", "--start", "01:00:00:00"]
 REASON = "Timecode is being striped"
 
 
-class Awake(dbusmock.DBusTestCase, ProgramTest):
+class Awake(ServicesTest):
     def setUp(self):
-        super().setUp()
         self.start_session_bus()
-        self.start_system_bus()
-        self.addCleanup(self.tearDownClass)
-        self.addCleanup(self.setUpClass)
-        self.session = self.get_dbus()
-        self.system = self.get_dbus(system_bus=True)
-
-    def mock(self, name, path, methods, interface=None):
-        """The object of a service with these methods."""
-        bus = self.spawn_server(name, path, interface or name)
-        self.addCleanup(bus.wait)
-        self.addCleanup(bus.terminate)
-        mock = dbus.Interface(self.session.get_object(name, path), MOCK)
-        for method, takes, gives, code in methods:
-            mock.AddMethod(interface or name, method, takes, gives, code)
-        return mock
-
-    def screen_saver(self, inhibit="ret = 7"):
-        methods = [("Inhibit", "ss", "u", inhibit), ("UnInhibit", "u", "", "")]
-        return self.mock(*SCREEN_SAVER, methods)
-
-    def portal(self, inhibit=f"ret = dbus.ObjectPath('{REQUEST}')"):
-        interface = "org.freedesktop.portal.Inhibit"
-        mock = self.mock(*PORTAL, [("Inhibit", "sua{sv}", "o", inhibit)], interface)
-        request = "org.freedesktop.portal.Request"
-        mock.AddObject(REQUEST, request, {}, [("Close", "", "", "")])
-        return mock
-
-    def logind(self):
-        bus, manager = self.spawn_server_template("logind", {}, system_bus=True)
-        self.addCleanup(bus.wait)
-        self.addCleanup(bus.terminate)
-        return lambda: manager.ListInhibitors(dbus_interface="org.freedesktop.login1.Manager")
+        super().setUp()
 
     def start(self):
         running = program.start(*STRIPE)
@@ -67,18 +28,14 @@ class Awake(dbusmock.DBusTestCase, ProgramTest):
         eventually(f"{count} calls", lambda: len(mock.GetCalls()) >= count)
         return [(str(method), *map(str, arguments[:2])) for _, method, arguments in mock.GetCalls()]
 
-    def callers(self):
-        return {name for name in self.session.list_names() if name.startswith(":")}
-
     def test_the_portal_is_asked_first_and_told_when_it_is_over(self):
         portal, screen_saver, inhibitors = self.portal(), self.screen_saver(), self.logind()
         running = self.start()
         self.assertEqual(self.calls(portal, 1), [("Inhibit", "", "12")])
         ((_, _, (_, _, options)),) = portal.GetCalls()
         self.assertEqual(options["reason"], REASON)
-        request = dbus.Interface(self.session.get_object(PORTAL[0], REQUEST), MOCK)
         running.stop()
-        self.assertEqual(self.calls(request, 1), [("Close",)])
+        self.assertEqual(self.calls(self.portal_request(), 1), [("Close",)])
         self.assertEqual((len(screen_saver.GetCalls()), len(inhibitors())), (0, 0))
 
     def test_the_screen_saver_is_asked_where_no_portal_is_or_it_refuses(self):
