@@ -1,6 +1,7 @@
 #include "tape/recording.h"
 
 #include "files/FileDescriptor.h"
+#include "tape/stated_size.h"
 #include "tape/tape_error.h"
 
 #include <fcntl.h>
@@ -17,6 +18,9 @@ namespace {
 constexpr int lowestRate = 8000;
 constexpr int highestRate = 768000;
 constexpr int mostChannels = 64;
+
+/// In bytes. Some recorders state a few too many; fewer than these hold no word.
+constexpr std::uint64_t leastShortfall = 64;
 } // namespace
 
 class Recording::File {
@@ -34,6 +38,9 @@ public:
         sound.reset(sf_open_fd(m_descriptor, SFM_READ, &info, SF_FALSE));
         if (!sound)
             fail(sf_strerror(nullptr));
+        const auto size = static_cast<std::uint64_t>(status.st_size);
+        if (const auto stated = statedSize(m_descriptor); stated && *stated > size)
+            shortfall = *stated - size;
         if (info.samplerate < lowestRate || info.samplerate > highestRate)
             fail(std::to_string(info.samplerate) + " samples a second are no sound");
         if (info.channels < 1 || info.channels > mostChannels)
@@ -45,6 +52,7 @@ public:
     };
 
     FileDescriptor m_descriptor;
+    std::uint64_t shortfall = 0; ///< bytes that the file states and does not have
     SF_INFO info{};
     std::unique_ptr<SNDFILE, Close> sound;
 };
@@ -69,8 +77,11 @@ std::span<const float> Recording::read(std::span<float> room) {
 }
 
 std::string Recording::fault() const {
-    return sf_error(m_file->sound.get()) == SF_ERR_NO_ERROR ? std::string()
-                                                            : sf_strerror(m_file->sound.get());
+    if (sf_error(m_file->sound.get()) != SF_ERR_NO_ERROR)
+        return sf_strerror(m_file->sound.get());
+    if (m_file->shortfall >= leastShortfall)
+        return "the file is " + std::to_string(m_file->shortfall) + " bytes shorter than it says";
+    return {};
 }
 
 } // namespace vexa

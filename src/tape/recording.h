@@ -27,7 +27,8 @@ public:
     /// so none, at the end.
     std::span<const float> read(std::span<float> room);
 
-    /// Why reading stopped before the end of the file; empty if it did not.
+    /// Why reading stopped before the end of what was recorded; empty if it did not. libsndfile
+    /// itself says nothing of a file that was cut short.
     std::string fault() const;
 
 private:

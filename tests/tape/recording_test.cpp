@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include <array>
+#include <cstdint>
 
 using namespace vexa;
 using namespace vexa::test;
@@ -62,12 +63,30 @@ TEST_F(RecordingTest, RefusesWhatIsNone) {
     EXPECT_THAT(faultOf("many"), testing::EndsWith("it has 100 channels"));
 }
 
-TEST_F(RecordingTest, ReadsWhatIsThereOfAShortenedOne) {
+TEST_F(RecordingTest, ReadsWhatIsThereOfAShortenedOneAndTellsSo) {
+    for (const int format : {SF_FORMAT_WAV, SF_FORMAT_RF64, SF_FORMAT_AIFF, SF_FORMAT_W64}) {
+        write("a", format | SF_FORMAT_PCM_24, 2, std::vector<float>(2000, 0.5F));
+        resize_file(path("a"), file_size(path("a")) - 3001); // in mid-sample
+        Recording recording(path("a"));
+        std::vector<float> room(4000);
+        EXPECT_EQ(recording.read(room).size(), 998U);
+        EXPECT_TRUE(recording.read(room).empty());
+        EXPECT_EQ(recording.fault(), "the file is 3001 bytes shorter than it says");
+    }
+}
+
+TEST_F(RecordingTest, MayBeOfARecorderThatDidNotKnowItsLength) {
     write("a", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1, std::vector<float>(1000, 0.5F));
-    resize_file(path("a"), 544);
-    Recording recording(path("a"));
-    std::vector<float> room(2000);
-    EXPECT_EQ(recording.read(room).size(), 250U);
+    for (const std::uint32_t size : {0xFFFFFFFFU, 0x7FFFF024U, 0x80000023U}) {
+        std::fstream file(path("a"), std::ios::in | std::ios::out | std::ios::binary);
+        for (const int place : {4, 40}) // of the file and of its samples
+            file.seekp(place).write(reinterpret_cast<const char*>(&size), sizeof size);
+        file.close();
+        Recording recording(path("a"));
+        std::vector<float> room(2000);
+        EXPECT_EQ(recording.read(room).size(), 1000U);
+        EXPECT_EQ(recording.fault(), "");
+    }
 }
 
 } // namespace
