@@ -48,6 +48,22 @@ class Generator(ProgramTest):
         self.assertRegex(texts[5], r"^stop at (00:01:00:(09|10|11)|\S+ after \d+ xruns?)$")
         self.assertEqual(texts[6], "stop")
 
+    def test_outlives_a_server_that_crashes_while_the_signal_runs(self):
+        def logged(pattern, after=0):
+            return eventually(f"the log has {pattern}", lambda: re.search(pattern, self.text()[after:]))
+
+        to_generator = ["--midi", "jack", "--destination", "generator", "--stripe"]
+        running = program.start(*to_generator, "--start", "01:00:00:00")
+        self.addCleanup(running.stop)
+        logged("  start 01:00:00:00\n")
+        self.server.kill()
+        logged(r"  gone: JACK, and the signal with it at 01:00:\S+; waiting for its return\n")
+        running.stop()
+        self.server.start()
+        back = logged('  ready: "Vexa Generator" on JACK again\n').end()
+        self.assertEqual(program.run(*to_generator, *STRIPE).returncode, 0)
+        logged(r"  setup 00:00:59:20 30 df DTL\n.*  start 00:00:59:20\n.*  stop at 00:0", after=back)
+
     def test_ends_at_an_interrupt(self):
         self.generator.send_signal(signal.SIGINT)
         self.assertEqual(self.generator.wait(), 0)
