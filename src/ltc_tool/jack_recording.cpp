@@ -115,7 +115,9 @@ TapeContents listenToJack(const std::string& source) {
     reader.finish();
     contents.stretches = reader.stretches();
     contents.stretchesBeyond = reader.stretchesBeyond();
-    if (input.hasLost())
+    if (input.isGone())
+        contents.readError = "the JACK server has ended";
+    else if (input.hasLost())
         contents.readError = "sound came faster than it could be read";
     return contents;
 }

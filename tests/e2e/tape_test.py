@@ -280,7 +280,8 @@ class ADayInTheStudio(StudioTest):
         recording.end()
         self.check_recording(items, tape)
 
-    def test_a_tape_is_checked_while_it_plays(self):
+    def listen_to_a_stripe(self):
+        """Returns a check that has heard a whole stripe and goes on listening."""
         self.open_generator(48000, 512)
         listening = Child(VEXA_LTC, "check", "--jack", "--connect", "Vexa Generator:LTC",
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
@@ -291,9 +292,20 @@ class ADayInTheStudio(StudioTest):
         program.run("--midi", "jack", "--destination", "Vexa Generator", "--stripe", "--start",
                     "00:59:59:00", "--stop", "01:00:01:00", "--rate", "25 fps")
         eventually("the generator has stopped", lambda: "stop at" in self.text())
+        return listening
+
+    def test_a_tape_is_checked_while_it_plays(self):
+        listening = self.listen_to_a_stripe()
         listening.stop(signal.SIGINT)
         self.assertRegex(listening.stdout.read(), r"00:59:59:00  01:00:0\d:\d\d .* 25 fps  -18\.0")
         self.assertEqual(listening.wait(), 0)
+
+    def test_a_server_that_crashes_ends_the_check(self):
+        listening = self.listen_to_a_stripe()
+        self.server.kill()
+        self.assertEqual(listening.wait(), 1)
+        self.assertIn("cannot be read beyond its end here: the JACK server has ended\n",
+                      listening.stdout.read())
 
 
 if __name__ == "__main__":

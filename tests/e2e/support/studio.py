@@ -39,9 +39,9 @@ class Recording:
 
 class StudioTest(ProgramTest):
     def open_generator(self, sample_rate, period):
-        server = JackServer(sample_rate, period)
-        server.start()
-        self.addCleanup(server.stop)
+        self.server = JackServer(sample_rate, period)
+        self.server.start()
+        self.addCleanup(self.server.stop)
         folder = tempfile.TemporaryDirectory(prefix="vexa-e2e-studio-")
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
