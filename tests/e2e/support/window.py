@@ -4,6 +4,7 @@ import contextlib
 import signal
 import subprocess
 import time
+from itertools import chain
 
 import gi
 
@@ -57,8 +58,11 @@ class Window:
             raise
 
     def widget(self, name):
-        """The widget with that name, not its caption."""
-        return _first(self._application, lambda w: w.get_name() == name and not _is_caption(w))
+        """The widget with that name, not its caption. The active window comes first: several
+        dialogs have a button of the same name, and only the active one takes the press."""
+        windows = sorted(_children(self._application), key=_is_active, reverse=True)
+        widgets = (w for window in windows for w in chain([window], _descendants(window)))
+        return next((w for w in widgets if w.get_name() == name and not _is_caption(w)), None)
 
     def shown(self, name):
         """The text that a time display, label or pop-up list shows."""
@@ -326,6 +330,13 @@ def _all(root, role):
 
 def _is_a(widget, role):
     return widget.get_role() == role
+
+
+def _is_active(window):
+    try:
+        return _is(window, Atspi.StateType.ACTIVE)
+    except GLib.GError:  # closed by now
+        return False
 
 
 def _title(window):
