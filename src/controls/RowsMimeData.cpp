@@ -1,7 +1,7 @@
 #include "controls/RowsMimeData.h"
 
+#include "controls/clipboard_text.h"
 #include "interchange/delimited_rows.h"
-#include "interchange/text_encoding.h"
 
 #include <memory>
 
@@ -33,10 +33,7 @@ QVariant RowsMimeData::retrieveData(const QString& mimeType, QMetaType type) con
 }
 
 QString RowsMimeData::rowsText(const QMimeData& data) {
-    for (const auto& format : {tabText, commaText})
-        if (data.hasFormat(format))
-            return decodedText(data.data(format));
-    return data.text();
+    return clipboardText(data, {tabText, commaText});
 }
 
 } // namespace vexa

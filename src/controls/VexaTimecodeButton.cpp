@@ -1,5 +1,6 @@
 #include "controls/VexaTimecodeButton.h"
 
+#include "controls/clipboard_text.h"
 #include "controls/key_characters.h"
 #include "controls/plain_text.h"
 #include "controls/timecode_well.h"
@@ -133,7 +134,8 @@ void VexaTimecodeButton::paste() {
     constexpr qsizetype longestQuote = 40;
     if (!isEnabled() || m_tag == time_tag::current)
         return;
-    const auto text = QApplication::clipboard()->text();
+    const auto* offered = QApplication::clipboard()->mimeData();
+    const auto text = offered ? clipboardText(*offered) : QString();
     const bool hasAllDigits = std::ranges::count_if(text, isAsciiDigit) == digitCount;
     const auto written = hasAllDigits ? timeFromText(text) : std::nullopt;
     if (!written) {
