@@ -211,6 +211,27 @@ class DisksThatTakeNothing(DeviceTest):
         eventually("it is saved", other.exists)
         self.assertEqual(len(items_in(other.read_bytes())), 5)
 
+    def export(self, title, name):
+        path = self.file.with_name(name)
+        self.window.choose("File", f"{title}…")
+        self.window.choose_file(title, path)
+        return path
+
+    def test_exports_on_a_full_disk(self):
+        for title, name, message in (
+            ("Export", "out.csv", "“{}” could not be written."),
+            ("Export as PDF", "out.pdf", "The reel sheet could not be made."),
+        ):
+            with self.subTest(title):
+                self.limit_files(size=50)
+                path = self.export(title, name)
+                self.window.await_alert(message.format(path))
+                self.window.answer("OK")
+                self.assertEqual(list(path.parent.glob(f"*{name}*")), [])
+                self.limit_files(resource.RLIM_INFINITY)
+                self.export(title, name)
+                eventually("it is written", path.exists)
+
     def change_preferences_on_a_full_disk(self):
         self.fill_disk(room=500)
         panel = Preferences(self.window)
