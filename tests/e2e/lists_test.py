@@ -45,6 +45,14 @@ class Lists(unittest.TestCase):
         self.assertEqual(done.stdout, "row 2, reel 7, Part two: overlaps “Part one”, which ends at "
                                       "01:10:00:00\nreel 7: items 2, 25:00 in all\n")
 
+    def test_an_endless_edit_list_is_refused(self):
+        endless = self.file("endless.edl", "TITLE: x\n")
+        os.truncate(endless, 1 << 30)
+        done = self.run_import(endless, "--rate", "25 fps")
+        self.assertEqual((done.returncode, done.stderr),
+                         (2, f'vexa-remote: "{endless}": it is longer than 64 MiB\n'))
+        self.assertFalse(os.path.exists(self.list))
+
     def test_a_good_list_passes_the_check(self):
         good = CUES.replace("01:05:00:00", "01:10:00:00").replace(";;soon;;;\n", "")
         done = self.run_import(self.file("cues.csv", good))

@@ -73,6 +73,35 @@ class Rows(DeviceTest):
         window.keys("Return")
         batch.await_items([ONE, THREE])
 
+    def test_that_are_too_many_are_not_pasted(self):
+        window, batch, _ = self.open_rows(ONE)
+        batch.select(0)
+        with desktop.clipboard("1\tone\t01:00:00:00\t01:10:00:00\n" * 3_000_000):
+            window.keys("ctrl+v")
+            window.await_alert("What is on the clipboard is too long for a list.")
+        window.answer("OK")
+        put_on_clipboard("\t".join(THREE.row))
+        window.keys("ctrl+v")
+        batch.await_items([ONE, THREE])
+
+    def test_of_an_endless_edit_list_are_not_imported(self):
+        window, batch, path = self.open_rows(ONE)
+        edits = path.parent / "edits.edl"
+        with open(edits, "w", encoding="ascii") as file:
+            file.write("TITLE: x\n")
+            file.truncate(1 << 30)
+        before = window.program.peak_memory()
+        window.choose("File", "Import…")
+        window.choose_file("Import", edits)
+        window.await_title("Import edits.edl")
+        refusal = "Nothing can be read: it is longer than 64 MiB."
+        eventually("it is refused", lambda: window.is_shown(refusal))
+        self.assertFalse(window.is_enabled("Add Rows"))
+        self.assertLess(window.program.peak_memory() - before, 64)
+        window.press("Cancel")
+        window.await_title("Import edits.edl", there=False)
+        batch.await_items([ONE])
+
     def test_times_are_copied_and_pasted(self):
         window = self.open_window()
         window.focus("Start time")

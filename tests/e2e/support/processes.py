@@ -1,6 +1,7 @@
 """Child processes that always end with the test."""
 
 import pathlib
+import re
 import signal
 import subprocess
 
@@ -37,6 +38,11 @@ class Child:
         """Whether a signal has stopped the process."""
         status = pathlib.Path(f"/proc/{self.pid}/stat").read_text(encoding="utf-8")
         return status.rpartition(")")[2].split()[0] == "T"
+
+    def peak_memory(self):
+        """The most that the process has had in memory, in MiB."""
+        status = pathlib.Path(f"/proc/{self.pid}/status").read_text(encoding="utf-8")
+        return int(re.search(r"VmHWM:\s+(\d+) kB", status)[1]) // 1024
 
     def send_signal(self, number):
         self._process.send_signal(number)
