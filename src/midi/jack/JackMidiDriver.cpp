@@ -64,10 +64,7 @@ bool JackMidiDriver::connectTo(const std::string& identity) {
     m_identity = identity;
     const auto listed = ports();
     const auto wanted = std::ranges::find(listed, identity, &MidiPort::identity);
-    if (wanted == listed.end())
-        return false;
-    m_session->connectTo(wanted->address);
-    return true;
+    return wanted != listed.end() && m_session->connectTo(wanted->address);
 }
 
 bool JackMidiDriver::send(const std::string& identity, std::span<const std::uint8_t> message) {

@@ -4,6 +4,7 @@
 
 #include <jack/midiport.h>
 
+#include <cerrno>
 #include <chrono>
 
 namespace vexa {
@@ -58,7 +59,8 @@ JackSession::JackSession(jack_client_t* client)
 }
 
 JackSession::~JackSession() {
-    awaitEmptyQueue();
+    if (!m_connected.empty())
+        awaitEmptyQueue();
     jack_client_close(m_client);
 }
 
@@ -89,41 +91,41 @@ bool JackSession::awaitPeriod() {
     return false;
 }
 
-void JackSession::awaitEmptyQueue() {
-    if (m_connected.empty())
-        return; // nothing was ever sent
-    while (jack_ringbuffer_read_space(m_queue.get()) > 0 && awaitPeriod()) {
-    }
-    awaitPeriod(); // the last message is delivered when its period ends
+bool JackSession::awaitEmptyQueue() {
+    while (jack_ringbuffer_read_space(m_queue.get()) > 0)
+        if (!awaitPeriod())
+            return false;
+    return awaitPeriod(); // the period that took the last message may still be running
 }
 
 bool JackSession::isConnectedTo(const std::string& portName) const {
     return jack_port_connected_to(m_output, portName.c_str());
 }
 
-void JackSession::connectTo(const std::string& portName) {
+bool JackSession::connectTo(const std::string& portName) {
     if (portName == m_connected && isConnectedTo(portName))
-        return;
+        return true;
+    // What waits belongs to the previous port. A server without periods may not answer requests.
+    if (!awaitEmptyQueue())
+        return false;
     const auto* ours = jack_port_name(m_output);
-    if (portName != m_connected && !m_connected.empty()) {
-        awaitEmptyQueue();
+    if (portName != m_connected && !m_connected.empty())
         jack_disconnect(m_client, ours, m_connected.c_str());
-    }
     m_connected = portName;
-    if (jack_connect(m_client, ours, portName.c_str()) != 0)
-        return;
-    awaitConnectionTo(portName);
-    awaitPeriod(); // a period that began before the change may still be running
+    const int error = jack_connect(m_client, ours, portName.c_str());
+    return (error == 0 || error == EEXIST) && awaitConnection();
 }
 
-void JackSession::awaitConnectionTo(const std::string& portName) {
-    // The server connects in one of the next periods, and messages sent earlier are lost. Does not
-    // wait for a port that goes away.
-    constexpr int mostPeriods = 8;
-    for (int period = 0; period < mostPeriods; ++period) {
-        if (isConnectedTo(portName) || !awaitPeriod())
-            return;
+bool JackSession::awaitConnection() {
+    // The server connects when all its clients have finished a period, however many begin until
+    // then. Messages sent earlier are lost.
+    const auto deadline = std::chrono::steady_clock::now() + longestPeriod;
+    while (!isConnectedTo(m_connected)) {
+        const bool isListed = jack_port_by_name(m_client, m_connected.c_str());
+        if (!isListed || std::chrono::steady_clock::now() > deadline || !awaitPeriod())
+            return false;
     }
+    return awaitPeriod(); // a period that began before the change may still be running
 }
 
 bool JackSession::write(std::span<const std::uint8_t> message) {

@@ -25,10 +25,11 @@ public:
     bool isAlive() const { return !m_serverGone; }
     jack_client_t* client() const { return m_client; }
 
-    /// Connects the output to this port instead of the previous one. Returns when the server has
-    /// made the change, so the next message is not lost.
-    void connectTo(const std::string& portName);
-    /// Whether messages now reach the port last passed to connectTo().
+    /// Connects the output to this port instead of the previous one. Returns true once the server
+    /// has made the change, so the next message is not lost. Returns false if the port is gone, or
+    /// if the server hangs: then the previous port stays connected, as its messages still wait.
+    bool connectTo(const std::string& portName);
+    /// Whether messages now reach the connected port.
     bool isConnected() const { return isAlive() && isConnectedTo(m_connected); }
 
     /// Queues a whole message, 255 bytes at most, for the server's next period. If there is no
@@ -41,8 +42,9 @@ private:
     bool isConnectedTo(const std::string& portName) const;
     /// False if no period comes: the server hangs or is gone.
     bool awaitPeriod();
-    void awaitEmptyQueue();
-    void awaitConnectionTo(const std::string& portName);
+    /// False if messages may still wait for a period.
+    bool awaitEmptyQueue();
+    bool awaitConnection();
 
     struct RingCloser {
         void operator()(jack_ringbuffer_t* ring) const { jack_ringbuffer_free(ring); }
