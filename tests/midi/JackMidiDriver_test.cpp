@@ -14,15 +14,19 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <map>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 using namespace vexa;
 using namespace vexa::test;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSubsetOf;
 using testing::StartsWith;
 using namespace std::chrono_literals;
+using namespace std::string_literals;
 
 namespace {
 
@@ -72,14 +76,22 @@ public:
         close(m_input);
         for (auto line = next(); !line.empty(); line = next())
             rest.push_back(line);
+        if (!rest.empty() && rest.back().starts_with("irregular ")) {
+            m_wasRegular = rest.back() == "irregular 0";
+            rest.pop_back();
+        }
         std::fclose(m_output);
         waitpid(m_pid, nullptr, 0);
         m_pid = 0;
         return rest;
     }
 
+    /// After leave(): whether the receiver took part in every period.
+    bool wasRegular() const { return m_wasRegular; }
+
 private:
     pid_t m_pid = 0;
+    bool m_wasRegular = false;
     int m_input = -1;
     std::FILE* m_output = nullptr;
 };
@@ -237,6 +249,53 @@ TEST_F(JackMidi, TheStatusTellsOfSentWhatTheReceiverSawAndOfNothingElse) {
 
     server.stop(SIGKILL);
     EXPECT_EQ(Program::statusOnce("beta:in is"), "beta:in is not there");
+}
+
+TEST_F(JackMidi, ManySwitchesOfTheDestinationLoseAndMisdirectNothing) {
+    std::map<std::string, std::vector<std::string>> sent;
+    Receiver alpha("alpha");
+    Receiver beta("beta");
+    {
+        const Program program;
+        for (unsigned second = 0; second < 50; ++second) {
+            const std::string name = second % 2 ? "alpha:in" : "beta:in";
+            Program::choose(name);
+            Program::manager().sendSetupMessageStart(second << 8, 1, 0);
+            char time[] = "F0 7D 42 00 00 .. 00";
+            std::snprintf(time, sizeof time, "F0 7D 42 00 00 %02X 00", second);
+            for (const auto& frame : {stopFrame, time + " 01 F7"s, time + " 7F F7"s})
+                sent[name].push_back(frame);
+        }
+        EXPECT_THAT(Program::statusOnce("alpha:in · start 00:00:49:00"), StartsWith("alpha:in"));
+    }
+    for (auto& [name, receiver] : {std::pair<std::string, Receiver&>{"alpha:in", alpha},
+                                   std::pair<std::string, Receiver&>{"beta:in", beta}}) {
+        const auto arrived = receiver.leave();
+        EXPECT_THAT(arrived, IsSubsetOf(sent[name])) << name;
+        // A server that is kept waiting too long goes on without the receiver.
+        EXPECT_TRUE(arrived == sent[name] || !receiver.wasRegular())
+            << name << " lost " << sent[name].size() - arrived.size();
+    }
+}
+
+TEST_F(JackMidi, WhatWaitsWhileTheServerHangsReachesNoOtherDestination) {
+    Receiver alpha("alpha");
+    Receiver beta("beta");
+    const Program program;
+    Program::choose("alpha:in");
+    EXPECT_EQ(alpha.next(), stopFrame);
+    server.hang();
+    Program::manager().sendSetupMessageStart(0x01020304, 1, 0);
+    Program::choose("beta:in");
+    EXPECT_EQ(Program::statusOnce("beta:in is"), "beta:in is not there") << "its stop is lost";
+    server.resume();
+    EXPECT_EQ(alpha.next(), "F0 7D 42 01 02 03 04 01 F7");
+    EXPECT_EQ(alpha.next(), "F0 7D 42 01 02 03 04 7F F7");
+    Program::manager().sendSetupMessageStart(0x05060708, 1, 0);
+    EXPECT_EQ(beta.next(), "F0 7D 42 05 06 07 08 01 F7");
+    EXPECT_EQ(beta.next(), "F0 7D 42 05 06 07 08 7F F7");
+    EXPECT_THAT(alpha.leave(), IsEmpty());
+    EXPECT_THAT(beta.leave(), IsEmpty());
 }
 
 class JackMidiServerLoss : public JackMidi, public testing::WithParamInterface<int> {};

@@ -1,7 +1,9 @@
 // jack_receive NAME [ALIAS]: prints each message that arrives at the JACK port NAME:in as a line
 // "F0 7D 42", until standard input ends. The first line, "ready", confirms that the port exists.
-// Waits for a server that is starting. With an alias, the port counts as hardware. It is a separate
-// program, as thread sanitizers do not see how the server synchronizes its clients.
+// The last, "irregular 0", counts the periods that did not follow the previous one in time: there,
+// the server may have skipped this client, and what it would have received is lost. Waits for a
+// server that is starting. With an alias, the port counts as hardware. It is a separate program, as
+// thread sanitizers do not see how the server synchronizes its clients.
 
 #include <jack/jack.h>
 #include <jack/midiport.h>
@@ -10,6 +12,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -19,12 +22,19 @@ namespace {
 using Message = std::array<char, 64>; // as text
 
 struct Receiver {
+    jack_client_t* client = nullptr;
     jack_port_t* port = nullptr;
+    jack_nframes_t nextPeriod = 0; ///< when it should begin; 0 before the first
+    std::atomic<int> irregular = 0;
     jack_ringbuffer_t* messages = jack_ringbuffer_create(1000 * sizeof(Message));
 };
 
 int process(jack_nframes_t frames, void* argument) {
     auto& receiver = *static_cast<Receiver*>(argument);
+    const auto period = jack_last_frame_time(receiver.client);
+    if (receiver.nextPeriod != 0 && period != receiver.nextPeriod)
+        ++receiver.irregular;
+    receiver.nextPeriod = period + frames;
     auto* const buffer = jack_port_get_buffer(receiver.port, frames);
     for (std::uint32_t i = 0; i < jack_midi_get_event_count(buffer); ++i) {
         jack_midi_event_t event;
@@ -69,6 +79,7 @@ int main(int argc, char* argv[]) {
     if (!client)
         return EXIT_FAILURE;
     Receiver receiver;
+    receiver.client = client;
     const unsigned long hardware = argc > 2 ? JackPortIsPhysical | JackPortIsTerminal : 0;
     receiver.port =
         jack_port_register(client, "in", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput | hardware, 0);
@@ -83,4 +94,5 @@ int main(int argc, char* argv[]) {
     while (!inputEnds());
     jack_client_close(client);
     printMessages(receiver);
+    std::printf("irregular %d\n", receiver.irregular.load());
 }

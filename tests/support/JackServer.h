@@ -70,6 +70,10 @@ public:
         m_pid = 0;
     }
 
+    /// While the server hangs, no period begins and no request is answered.
+    void hang() const { kill(m_pid, SIGSTOP); }
+    void resume() const { kill(m_pid, SIGCONT); }
+
 private:
     static bool isUp() {
         int status = 0;
