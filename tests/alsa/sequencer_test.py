@@ -13,6 +13,9 @@ import unittest
 
 import machine
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "e2e"))
+from support.destination_words import claimed_messages  # noqa: E402
+
 STOP = "F0 7D 42 00 00 00 00 00 F7"
 RUN_SECONDS = 280
 RESTARTED = ["usb/order", "usb/same_serial_number", "usb/serial_number"]
@@ -167,6 +170,20 @@ class SequencerTest(unittest.TestCase):
         self.assertEqual(result.frames("frames-after"), [STOP] * 2)
         self.assert_ended_on_time(result, 5)
 
+    def test_the_words_of_a_replugged_box_agree_with_what_it_received(self):
+        result = Result("usb/status_words")
+        before, after = result.frames("frames-before"), result.frames("frames-after")
+        lines = result.text("words").splitlines()
+        claimed = [message.hex(" ").upper() for message in claimed_messages(lines, mode=5)]
+        self.assertEqual(claimed, before + after, lines)
+        starts = [[f"F0 7D 42 {hour:02X} 00 00 00 {code} F7" for code in ("05", "7F")]
+                  for hour in (1, 3)]
+        self.assertEqual(before, [STOP, *starts[0]])
+        self.assertEqual(after, [*starts[1], STOP])
+        words = [line.split("\t")[1] for line in lines]
+        self.assertEqual(words.count("Timecode Box MIDI 2 is not there"), 1)
+        self.assertEqual(words.count("no destination"), 1)
+
     def test_ids_do_not_depend_on_the_order_of_plugging_in(self):
         for scenario in ("usb/order", "usb/same_serial_number"):
             result = Result(scenario)
@@ -227,7 +244,8 @@ def setUpModule():
         machine.run_here(binaries, machine.scenarios("sequencer"), work / "first")
     else:
         scenarios += machine.scenarios("sequencer")
-    machine.build_virtual(work, binaries / "vexa-remote", binaries / "vexa-generator")
+    programs = ("vexa-remote", "vexa-generator", "destination_words")
+    machine.build_virtual(work, *(binaries / program for program in programs))
     machine.run_virtual(work, scenarios, work / "first", RUN_SECONDS)
     machine.run_virtual(work, RESTARTED, work / "second", RUN_SECONDS)
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <thread>
+#include <utility>
 
 namespace vexa {
 
@@ -108,12 +109,12 @@ bool AlsaMidiDriver::isLinked() const {
     return snd_seq_get_port_subscription(m_link.sequencer.get(), subscription) >= 0;
 }
 
-void AlsaMidiDriver::linkTo(const std::string& identity) {
+void AlsaMidiDriver::linkTo(std::string identity) {
     closeInTheBackground(std::move(m_link.sequencer));
     m_link = {};
-    m_link.identity = identity;
+    m_link.identity = std::move(identity);
     const auto listed = ports();
-    const auto wanted = std::ranges::find(listed, identity, &MidiPort::identity);
+    const auto wanted = std::ranges::find(listed, m_link.identity, &MidiPort::identity);
     if (wanted == listed.end())
         return;
     auto sequencer = open();

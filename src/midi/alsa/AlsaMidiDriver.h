@@ -36,7 +36,7 @@ private:
 
     static Sequencer open();
     bool isLinked() const;
-    void linkTo(const std::string& identity);
+    void linkTo(std::string identity);
 
     Sequencer m_lister; ///< a separate client, so listing works without a link
     Link m_link;
