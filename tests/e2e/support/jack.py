@@ -4,13 +4,13 @@ import contextlib
 import fcntl
 import os
 import pathlib
-import re
 import shutil
 import signal
 import subprocess
 import threading
 import time
 
+from support import program
 from support.processes import Child
 from support.waiting import PATIENCE, eventually
 
@@ -97,44 +97,47 @@ def listed_ports():
 class MidiMonitor:
     """Runs jack_midi_dump, which prints what arrives at the port "midi-monitor:input"."""
 
+    _PROBE = bytes([0xFE])  # active sensing, which the program never sends
+
     def __init__(self, name="midi-monitor"):
         self._name = name
         self._arrivals = []
+        self._is_heard = threading.Event()
         self._child = None
-        eventually("the receiver takes part", self._is_there)
-
-    def _is_there(self):
-        """Whether the receiver is ready. Restarts it if a busy server refused it, after five
-        seconds."""
-        if not self._child or not self._child.is_running():
-            self._child = Child(
-                *["stdbuf", "-oL", "jack_midi_dump", self._name],
-                stdout=subprocess.PIPE,
-                stderr=subprocess.DEVNULL,
-            )
-            self._reader = threading.Thread(target=self._read, daemon=True)
-            self._reader.start()
-        return self._takes_part()
+        eventually("the receiver takes part", self._takes_part)
 
     def _takes_part(self):
-        """Whether messages reach the receiver. That begins later than its port is listed and can be
-        connected: once the server wakes its fourth and last thread in every period."""
-        tasks = pathlib.Path(f"/proc/{self._child.pid}/task")
-        try:
-            threads = os.listdir(tasks)
-            newest = max(threads, key=int)
-            status = (tasks / newest / "status").read_text()
-        except OSError:  # it has given up
-            return False
-        waits = int(re.search(r"^voluntary_ctxt_switches:\s*(\d+)", status, re.MULTILINE)[1])
-        return len(threads) == 4 and waits >= 8
+        """Whether messages reach the receiver, as a first one shows. That begins later than its port
+        is listed and can be connected. Restarts a receiver that a busy server refused, after five
+        seconds."""
+        if not self._child or not self._child.is_running():
+            self._start()
+        sender = pathlib.Path(program.PATH).with_name("jack_send")
+        sent = subprocess.run([sender, f"{self._name}:input", self._PROBE.hex()],
+                              stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False)
+        return sent.returncode == 0 and self._is_heard.wait(1)
 
-    def _read(self):
-        with self._child.stdout as lines:
+    def _start(self):
+        self._child = Child(
+            *["stdbuf", "-oL", "jack_midi_dump", self._name],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+        )
+        self._reader = threading.Thread(target=self._read, args=[self._child.stdout], daemon=True)
+        self._reader.start()
+
+    def _read(self, output):
+        with output as lines:
             for line in lines:
                 _, colon, message = line.partition(":")
                 if colon:
-                    self._arrivals.append((time.monotonic(), bytes.fromhex(message)))
+                    self._note(bytes.fromhex(message))
+
+    def _note(self, message):
+        if message == self._PROBE:
+            self._is_heard.set()
+        else:
+            self._arrivals.append((time.monotonic(), message))
 
     def take(self, count, seconds=PATIENCE):
         """The messages since the last call, as pairs of monotonic time and bytes. Waits for that
