@@ -24,6 +24,10 @@ class Child:
         return self._process.pid
 
     @property
+    def stdin(self):
+        return self._process.stdin
+
+    @property
     def stdout(self):
         return self._process.stdout
 
