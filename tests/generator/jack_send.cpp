@@ -54,8 +54,10 @@ int main(int argc, char* argv[]) {
     sender.port = jack_port_register(client, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
     jack_set_process_callback(client, process, &sender);
     jack_on_shutdown(client, [](void*) { std::_Exit(EXIT_FAILURE); }, nullptr);
-    if (jack_activate(client) != 0 || jack_connect(client, "sender:out", argv[1]) != 0)
+    if (jack_activate(client) != 0 || jack_connect(client, "sender:out", argv[1]) != 0) {
+        jack_client_close(client); // a client that just ends holds up the next one for seconds
         return EXIT_FAILURE;
+    }
     // A busy server connects some cycles later, and messages sent before that are lost.
     while (!jack_port_connected_to(sender.port, argv[1]))
         awaitCycles(sender, 1);
