@@ -33,7 +33,7 @@ void ClockDisplay::setBcdValue(std::uint64_t value) {
     const TimecodeWell well(rect(), TimecodeWell::Digits::fillHeight);
     for (qsizetype i = 0; i < m_text.size(); ++i)
         if (m_text[i] != before[i])
-            update(well.cell(i));
+            update(well.ink(i));
     tellSoon();
     Q_EMIT shown(time);
 }
@@ -74,12 +74,15 @@ QSize ClockDisplay::minimumSizeHint() const {
 void ClockDisplay::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const TimecodeWell well(rect(), TimecodeWell::Digits::fillHeight);
-    for (const auto& rectangle : event->region())
+    auto ground = event->region();
+    for (qsizetype i = 0; i < m_text.size(); ++i) {
+        const auto ink = well.ink(i);
+        if (event->region().intersects(ink))
+            m_characters.paint(painter, well, m_digitColor, i, m_text[i]);
+        ground -= ink;
+    }
+    for (const auto& rectangle : ground)
         painter.fillRect(rectangle, TimecodeWell::ground());
-    painter.setPen(m_digitColor);
-    for (qsizetype i = 0; i < m_text.size(); ++i)
-        if (event->region().intersects(well.cell(i)))
-            well.paintCharacter(painter, i, m_text[i]);
 }
 
 } // namespace vexa

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/AccessibleReading.h"
+#include "controls/CharacterPictures.h"
 #include "engine/control_outlets.h"
 #include "timecode/frame_rate.h"
 #include "timecode/timecode.h"
@@ -49,6 +50,7 @@ private:
     QString m_text;
     const FrameRate* m_rate = &frameRateForCode(rate::fps30);
     QColor m_digitColor = QColor::fromRgbF(0.541F, 0.541F, 0.541F);
+    CharacterPictures m_characters;
     QBasicTimer m_quiet; ///< runs for a second after telling assistive technology
     bool m_untold = false;
 };

@@ -84,6 +84,12 @@ QRect TimecodeWell::cell(qsizetype position) const {
             QPoint(qRound(right) - 1, m_rectangle.bottom())};
 }
 
+QRect TimecodeWell::ink(qsizetype position) const {
+    auto ink = cell(position);
+    const int free = std::max(0, ink.height() - QFontMetrics(m_font).height());
+    return ink.adjusted(0, free / 2, 0, -free / 2);
+}
+
 void TimecodeWell::paintGround(QPainter& painter, const QColor& edge, bool focused) const {
     const QRectF frame = QRectF(m_rectangle).adjusted(1, 1, -1, -1);
     const QColor restingRim(0x3a, 0x3e, 0x40);

@@ -29,6 +29,10 @@ public:
 
     /// The rectangle of the character at a position of "hh:mm:ss:ff".
     QRect cell(qsizetype position) const;
+    /// The part of the cell that a digit can reach.
+    QRect ink(qsizetype position) const;
+
+    const QFont& font() const { return m_font; }
 
     /// edge: the colour of the rim; invalid for the resting colour. The focused display has a ring
     /// around the rim.

@@ -1,10 +1,14 @@
 #include "controls/ClockDisplay.h"
+#include "controls/timecode_well.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <QPaintEvent>
+#include <QPainter>
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace vexa;
 using namespace Qt::StringLiterals;
@@ -56,6 +60,40 @@ TEST_F(Clock, PaintsAChangedDigitAsIfAllWerePainted) {
     QCoreApplication::processEvents();
     EXPECT_EQ(clock.grab().toImage(), fresh);
 }
+
+class ClockAtScale : public Clock, public testing::WithParamInterface<qreal> {};
+
+QImage painted(const QWidget& widget, const std::function<void(QImage&)>& paint) {
+    const auto ratio = ClockAtScale::GetParam();
+    QImage image(widget.size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(TimecodeWell::ground());
+    paint(image);
+    return image;
+}
+
+TEST_P(ClockAtScale, KeepsPicturesThatEqualWhatIsDrawn) {
+    for (const auto& size : {QSize(700, 120), QSize(703, 400), QSize(200, 30)}) {
+        clock.resize(size);
+        const auto drawn = painted(clock, [this](QImage& image) {
+            QPainter painter(&image);
+            painter.setPen(Qt::yellow);
+            const TimecodeWell well(clock.rect(), TimecodeWell::Digits::fillHeight);
+            for (qsizetype i = 0; i < clock.reading().size(); ++i)
+                well.paintCharacter(painter, i, clock.reading()[i]);
+        });
+        const auto shown = [this] {
+            return painted(clock, [this](QImage& image) { clock.render(&image); });
+        };
+        clock.setDigitColor(Qt::red);
+        EXPECT_NE(shown(), drawn);
+        clock.setDigitColor(Qt::yellow);
+        EXPECT_EQ(shown(), drawn) << "pictures made";
+        EXPECT_EQ(shown(), drawn) << "pictures kept";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, ClockAtScale, testing::Values(1, 1.25, 1.5, 2, 3));
 
 TEST_F(Clock, IsBroughtIntoLineWithTheRate) {
     clock.setFrameRate(frameRateForCode(rate::fps25));
