@@ -26,6 +26,8 @@
 #include <QIcon>
 #include <QTimer>
 
+#include <fontconfig/fontconfig.h>
+
 #include <cstdio>
 #include <functional>
 #include <future>
@@ -176,7 +178,10 @@ int main(int argc, char* argv[]) {
             return refuse(
                 QStringLiteral("there is no display; see --help for striping without one"), 1);
         const auto tokens = startupTokens();
+        // Otherwise the first text would wait for this, instead of Qt's start.
+        auto fonts = std::async(std::launch::async, FcInit);
         const QApplication application(forQt, argv);
+        fonts.wait();
         return runWindow(line, tokens);
     }
     const QCoreApplication application(forQt, argv);
