@@ -13,9 +13,6 @@ namespace {
 /// The decoder's initial rate; it then follows the signal.
 constexpr std::uint32_t framesASecond = 25;
 
-/// For a quarter of a second after a word, another one is expected.
-constexpr std::uint32_t expectationsASecond = 4;
-
 /// A hundredth of a second of silence means that timecode has ended.
 constexpr std::uint32_t silencesASecond = 100;
 
@@ -69,7 +66,6 @@ void WordReader::read(std::span<const float> samples, std::size_t stride,
                       const std::function<void(const TapeWord&)>& onWord) {
     while (!samples.empty()) {
         const auto part = samples.first(std::min(samples.size(), mostSamples * stride));
-        m_shaper.expectTimecode(m_position < m_timecodeEnd);
         const auto shaped = m_shaper.shape(part, stride);
         // Noise after timecode makes the decoder track a speed from which it does not recover.
         m_silence = m_shaper.isSilent() ? m_silence + shaped.size() : 0;
@@ -98,10 +94,8 @@ void WordReader::decode(const std::function<void(const TapeWord&)>& onWord) {
     LTCFrameExt frame;
     while (ltc_decoder_read(m_decoder.get(), &frame) > 0) {
         const auto word = tapeWord(frame, m_shaper.peak());
-        if (frame.reverse || !isTime(word, frame.ltc))
-            continue;
-        m_timecodeEnd = m_position + m_sampleRate / expectationsASecond;
-        onWord(word);
+        if (!frame.reverse && isTime(word, frame.ltc))
+            onWord(word);
     }
 }
 

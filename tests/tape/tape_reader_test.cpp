@@ -1,3 +1,4 @@
+#include "ltc/ltc_reader.h"
 #include "ltc/ltc_signal.h"
 #include "tape/TapeFolder.h"
 #include "tape/tape_error.h"
@@ -105,6 +106,18 @@ TEST(ChannelReader, ReadsTheFirstWordOfARecordingThatBeginsWithIt) {
         }
 }
 
+TEST(ChannelReader, ReadsTheFirstWordAtEveryRateAndClock) {
+    for (const std::uint32_t clock : {44100U, 48000U, 96000U})
+        for (const auto& rate : frameRates)
+            for (std::uint64_t frame = 0; frame < 24; ++frame) {
+                auto samples = timecode({1, 0, 0, frame}, 50, rate.code, -18, clock);
+                samples.erase(samples.begin(), samples.begin() + clock / 2000);
+                const auto found = stretchesIn(samples, clock);
+                ASSERT_EQ(found.size(), 1U);
+                EXPECT_EQ(found[0].frames, 50U) << clock << ' ' << rate.name << ' ' << frame;
+            }
+}
+
 TEST(ChannelReader, ReadsTheFirstWordOfARecordingThatBeginsWithItsRise) {
     for (const float sign : {1.F, -1.F})
         for (std::uint64_t frame = 0; frame < 25; ++frame) {
@@ -183,6 +196,53 @@ TEST(ChannelReader, FindsNothingInSilenceAndNoise) {
     std::vector<float> samples(60 * sampleRate);
     std::ranges::generate(samples, [&] { return noise(random); });
     EXPECT_TRUE(stretchesIn(samples).empty());
+    // Without peaks, noise has the power of timecode, and reaches the decoder.
+    std::uniform_real_distribution<float> even(-0.1F, 0.1F);
+    std::ranges::generate(samples, [&] { return even(random); });
+    EXPECT_TRUE(stretchesIn(samples).empty());
+}
+
+/// Each octave has the same power. The effective value is 1.
+std::vector<float> pinkNoise(std::size_t samples) {
+    constexpr std::size_t octaves = 12;
+    std::mt19937 random(1);
+    std::normal_distribution<float> white(0, std::sqrt(1.F / octaves));
+    std::array<float, octaves> values{};
+    std::vector<float> noise(samples);
+    for (std::size_t i = 0; i < samples; ++i)
+        for (std::size_t octave = 0; octave < octaves; ++octave) {
+            if (i % (std::size_t{1} << octave) == 0)
+                values[octave] = white(random);
+            noise[i] += values[octave];
+        }
+    return noise;
+}
+
+std::size_t framesRead(std::span<const float> samples) {
+    std::size_t frames = 0;
+    for (const auto& stretch : stretchesIn(samples))
+        frames += stretch.frames - stretch.unread;
+    return frames;
+}
+
+TEST(ChannelReader, ReadsNoFewerWordsInNoiseThanTheDecoderAlone) {
+    const auto clean = timecode({1, 0, 0, 0}, 500, rate::fps25);
+    const auto noise = pinkNoise(clean.size());
+    for (int level = -36; level <= -15; ++level) {
+        const float factor = std::pow(10.F, static_cast<float>(level) / 20);
+        auto samples = clean;
+        for (std::size_t i = 0; i < samples.size(); ++i)
+            samples[i] += factor * noise[i];
+        const auto words = wordsIn(samples, sampleRate, frameRateForCode(rate::fps25));
+        const auto alone = std::ranges::count_if(words, [](const ReadWord& word) {
+            return word.time.hours == 1 && word.time.minutes == 0 && word.time.seconds < 20;
+        });
+        const auto read = framesRead(samples);
+        // Which words noise takes is chance. The decoder's words without a neighbour, of which most
+        // are wrong, count as noise.
+        EXPECT_GE(read + 1, static_cast<std::size_t>(alone)) << level << " dBFS";
+        EXPECT_TRUE(read == 500 || level > -31) << read << " at " << level << " dBFS";
+    }
 }
 
 TEST(ChannelReader, BearsSamplesThatAreNoNumbers) {
