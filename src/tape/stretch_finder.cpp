@@ -16,6 +16,9 @@ constexpr double longestHole = 1; // seconds
 /// The maximum deviation of a word from its time, in frames.
 constexpr double tolerance = 0.5;
 
+/// A word is alone if there is no other for this part of its length, before and after it.
+constexpr double loneliness = 0.5;
+
 double length(const TapeWord& word) { return word.end - word.begin; }
 
 /// The forward distance between two numbers, possibly over midnight.
@@ -53,6 +56,11 @@ StretchFinder::Step StretchFinder::step(const TapeWord& from, Rates rates,
 }
 
 void StretchFinder::take(const TapeWord& word) {
+    const bool isAlone = word.begin - m_end > loneliness * length(word);
+    m_end = word.end;
+    if (isAlone)
+        beginSole();
+    m_isSole = false;
     if (const auto next = m_isOpen ? step(m_last, m_rates, word) : Step{}; next.rates.any()) {
         append(word, next);
         m_doubt.reset();
@@ -67,15 +75,25 @@ void StretchFinder::take(const TapeWord& word) {
         return;
     }
     m_doubt = word;
+    m_isSole = isAlone && word.isClear;
 }
 
 void StretchFinder::reached(double sample) {
-    if (m_isOpen && sample - m_last.end > 2 * longestHole * m_sampleRate)
-        close();
+    if (sample - m_end > 2 * longestHole * m_sampleRate)
+        finish();
 }
 
 void StretchFinder::finish() {
+    beginSole();
     close();
+    m_doubt.reset();
+}
+
+void StretchFinder::beginSole() {
+    if (!std::exchange(m_isSole, false))
+        return;
+    close();
+    begin(*m_doubt);
     m_doubt.reset();
 }
 
@@ -88,7 +106,8 @@ void StretchFinder::begin(const TapeWord& first) {
     m_rates = ratesOf(first);
     m_last = first;
     m_firstEnd = first.end;
-    m_peaks = 0;
+    m_lastBegin = first.begin;
+    m_peaks = first.peak;
 }
 
 void StretchFinder::append(const TapeWord& word, const Step& step) {
@@ -100,7 +119,7 @@ void StretchFinder::append(const TapeWord& word, const Step& step) {
     m_lastBegin = word.begin;
     m_stretch.frames += step.frames;
     m_rates = step.rates;
-    m_peaks += m_last.peak;
+    m_peaks += word.peak;
     m_last = word;
 }
 
@@ -125,7 +144,7 @@ void StretchFinder::close() {
     stretch.last = m_last.time;
     stretch.begin = m_firstEnd - frameLength;
     stretch.end = m_lastBegin + frameLength;
-    stretch.peak = m_peaks / static_cast<double>(stretch.frames - stretch.unread - 1);
+    stretch.peak = m_peaks / static_cast<double>(stretch.frames - stretch.unread);
     m_onStretch(std::move(stretch));
 }
 

@@ -6,12 +6,13 @@
 
 #include <bitset>
 #include <functional>
+#include <limits>
 #include <optional>
 
 namespace vexa {
 
-/// Joins words to stretches. Two consecutive words make a stretch. A word without a predecessor or
-/// successor counts as noise.
+/// Joins words to stretches. Two consecutive words make a stretch, and so does a clear word with
+/// nothing close to it. Any other word counts as noise.
 class StretchFinder {
 public:
     using OnStretch = std::function<void(Stretch)>;
@@ -40,6 +41,8 @@ private:
 
     static Rates ratesOf(const TapeWord& word);
     Step step(const TapeWord& from, Rates rates, const TapeWord& to) const;
+    /// Begins a stretch with m_doubt if that can be a stretch by itself.
+    void beginSole();
     void begin(const TapeWord& first);
     void append(const TapeWord& word, const Step& step);
     void close();
@@ -55,9 +58,12 @@ private:
     /// their edges, so the places are as exact as possible.
     double m_firstEnd = 0;
     double m_lastBegin = 0;
-    double m_peaks = 0; ///< sum over the words but the last, at whose end the signal may be gone
+    double m_peaks = 0; ///< sum over the words
 
     std::optional<TapeWord> m_doubt; ///< noise, or the first word of another stretch
+    /// Whether m_doubt is a stretch unless a word follows it closely.
+    bool m_isSole = false;
+    double m_end = -std::numeric_limits<double>::infinity(); ///< of the latest word
 };
 
 } // namespace vexa

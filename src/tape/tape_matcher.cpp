@@ -59,6 +59,8 @@ private:
     }
 
     void leave(const Passage& passage) {
+        if (isUnread(passage))
+            return;
         if (isRunOn(passage))
             m_match.rows[*m_lastRow].runOn = passage;
         else
@@ -73,6 +75,14 @@ private:
         return m_lastRow && m_last.recording == passage.recording &&
                m_last.stretch == passage.stretch && m_last.end == passage.begin &&
                passage.end - passage.begin < aSecond;
+    }
+
+    /// Whether no frame of the passage was read. Such is the pause between two rows whose times go
+    /// on as if it was a hole.
+    bool isUnread(const Passage& passage) const {
+        return std::ranges::any_of(stretchOf(passage, m_tapes).holes, [&](const Hole& hole) {
+            return hole.firstFrame <= passage.begin && passage.end <= hole.firstFrame + hole.frames;
+        });
     }
 
     /// Whether the passage holds the whole row.

@@ -11,8 +11,9 @@ struct TapeWord {
     bool dropFrame = false;
     LtcUserBits userBits = 0;
     double begin = 0;
-    double end = 0; ///< where the next one would begin
-    float peak = 0; ///< of the signal in the word, 1 at full scale
+    double end = 0;       ///< where the next one would begin
+    float peak = 0;       ///< of the signal in the word, 1 at full scale
+    bool isClear = false; ///< follows silence, and all its bits are equally long
 };
 
 } // namespace vexa

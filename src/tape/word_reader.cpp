@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <new>
+#include <numeric>
 
 namespace vexa {
 
@@ -18,7 +20,7 @@ constexpr std::uint32_t silencesASecond = 100;
 
 /// More words than the samples of one call can contain.
 constexpr int queueSize = 64;
-constexpr std::size_t mostSamples = 1024;
+constexpr std::size_t mostSamples = 512;
 
 LtcUserBits userBits(const LTCFrame& frame) {
     const std::array<unsigned, 8> groups{frame.user1, frame.user2, frame.user3, frame.user4,
@@ -29,13 +31,36 @@ LtcUserBits userBits(const LTCFrame& frame) {
     return bits;
 }
 
+/// The length of bits, as the decoder has followed it in the second half of a word; in the first
+/// half it may still have had to find it.
+std::span<const float> bitLengths(const LTCFrameExt& frame) {
+    return std::span(frame.biphase_tics).last(LTC_FRAME_BIT_COUNT / 2);
+}
+
+/// Timecode has equally long bits, apart from a sample more or less; noise does not.
+bool isSteady(const LTCFrameExt& frame) {
+    constexpr float tolerance = 0.05F;
+    const auto [shortest, longest] = std::ranges::minmax(bitLengths(frame));
+    return longest - shortest < 1 + tolerance * longest;
+}
+
+/// The decoder misplaces the beginning of a word that no other precedes.
+double beginning(const LTCFrameExt& frame) {
+    const auto lengths = bitLengths(frame);
+    const double bit =
+        std::reduce(lengths.begin(), lengths.end(), 0.0) / static_cast<double>(lengths.size());
+    const auto told = static_cast<double>(frame.off_start);
+    const auto expected = static_cast<double>(frame.off_end + 1) - LTC_FRAME_BIT_COUNT * bit;
+    return std::abs(told - expected) < bit / 2 ? told : expected;
+}
+
 TapeWord tapeWord(LTCFrameExt& frame, float peak) {
     SMPTETimecode time;
     ltc_frame_to_time(&time, &frame.ltc, 0);
     return {{time.hours, time.mins, time.secs, time.frame},
             frame.ltc.dfbit != 0,
             userBits(frame.ltc),
-            static_cast<double>(frame.off_start),
+            beginning(frame),
             static_cast<double>(frame.off_end + 1),
             peak};
 }
@@ -69,7 +94,10 @@ void WordReader::read(std::span<const float> samples, std::size_t stride,
         const auto shaped = m_shaper.shape(part, stride);
         // Noise after timecode makes the decoder track a speed from which it does not recover.
         m_silence = m_shaper.isSilent() ? m_silence + shaped.size() : 0;
-        m_isFresh = m_isFresh && m_shaper.isSilent();
+        if (m_isFresh && !m_shaper.isSilent()) {
+            m_isFresh = false;
+            m_signalBegin = m_position;
+        }
         if (!m_isFresh && m_silence > m_sampleRate / silencesASecond)
             renewDecoder();
         write(shaped);
@@ -93,7 +121,9 @@ void WordReader::finish(const std::function<void(const TapeWord&)>& onWord) {
 void WordReader::decode(const std::function<void(const TapeWord&)>& onWord) {
     LTCFrameExt frame;
     while (ltc_decoder_read(m_decoder.get(), &frame) > 0) {
-        const auto word = tapeWord(frame, m_shaper.peak());
+        auto word = tapeWord(frame, m_shaper.peak());
+        const auto latest = static_cast<double>(m_signalBegin) + (word.end - word.begin) / 2;
+        word.isClear = word.begin < latest && isSteady(frame);
         if (!frame.reverse && isTime(word, frame.ltc))
             onWord(word);
     }

@@ -31,9 +31,10 @@ private:
     SignalShaper m_shaper;
     std::uint32_t m_sampleRate;
     std::unique_ptr<LTCDecoder, int (*)(LTCDecoder*)> m_decoder;
-    bool m_isFresh = true;     ///< the decoder has heard nothing but silence
-    std::size_t m_silence = 0; ///< samples, up to now
-    long long m_position = 0;  ///< of the next sample that the decoder gets
+    bool m_isFresh = true;       ///< the decoder has heard nothing but silence
+    std::size_t m_silence = 0;   ///< samples, up to now
+    long long m_position = 0;    ///< of the next sample that the decoder gets
+    long long m_signalBegin = 0; ///< after silence
 };
 
 } // namespace vexa

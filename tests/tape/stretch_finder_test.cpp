@@ -26,7 +26,7 @@ protected:
     }
 
     void word(const Timecode& time, bool dropFrame = false) {
-        m_finder.take({time, dropFrame, 0x12, m_now, m_now + m_length, 0.5F});
+        m_finder.take({time, dropFrame, 0x12, m_now, m_now + m_length, 0.5F, m_isClear});
         m_now += m_length;
     }
 
@@ -42,6 +42,7 @@ protected:
                            [this](const Stretch& stretch) { m_stretches.push_back(stretch); }};
     double m_now = 1000;
     double m_length = 1920;
+    bool m_isClear = false;
 };
 
 TEST_F(StretchFinderTest, TellsTheRateByTheNumbers) {
@@ -99,6 +100,45 @@ TEST_F(StretchFinderTest, GoesOnThroughAHole) {
     EXPECT_EQ(m_stretches[0].holes[0].firstFrame, 20U);
     EXPECT_EQ(m_stretches[0].holes[0].frames, 3U);
     EXPECT_NEAR(m_stretches[0].holes[0].begin, 1000 + 20 * 1920, 1e-6);
+}
+
+TEST_F(StretchFinderTest, AClearWordAloneIsAStretch) {
+    m_isClear = true;
+    words({1, 0, 0, 0}, 1, rate::fps25);
+    silence(0.05 * sampleRate);
+    words({2, 0, 0, 0}, 2, rate::fps24);
+    silence(0.05 * sampleRate);
+    words({3, 0, 0, 0}, 1, rate::fps30Drop);
+    ASSERT_EQ(found().size(), 3U);
+    EXPECT_EQ(m_stretches[0].first, (Timecode{1, 0, 0, 0}));
+    EXPECT_EQ(m_stretches[0].last, (Timecode{1, 0, 0, 0}));
+    EXPECT_EQ(m_stretches[0].frames, 1U);
+    EXPECT_EQ(m_stretches[0].rate->code, rate::fps25);
+    EXPECT_NEAR(m_stretches[0].begin, 1000, 1e-6);
+    EXPECT_NEAR(m_stretches[0].end, 1000 + 1920, 1e-6);
+    EXPECT_NEAR(m_stretches[0].peak, 0.5, 1e-6);
+    EXPECT_EQ(m_stretches[1].frames, 2U);
+    EXPECT_EQ(m_stretches[2].rate->code, rate::fps30Drop);
+}
+
+TEST_F(StretchFinderTest, AClearWordCloseToAnotherIsNoise) {
+    m_isClear = true;
+    words({1, 0, 0, 0}, 10, rate::fps25);
+    word({5, 0, 0, 0}); // as of two pieces, joined within a word
+    words({2, 0, 0, 0}, 10, rate::fps25);
+    ASSERT_EQ(found().size(), 2U);
+    EXPECT_EQ(m_stretches[0].frames, 10U);
+    EXPECT_EQ(m_stretches[1].first, (Timecode{2, 0, 0, 0}));
+}
+
+TEST_F(StretchFinderTest, GoesOnThroughAHoleAfterTheFirstWord) {
+    m_isClear = true;
+    words({1, 0, 0, 0}, 1, rate::fps25);
+    silence(1920);
+    words({1, 0, 0, 2}, 10, rate::fps25);
+    ASSERT_EQ(found().size(), 1U);
+    EXPECT_EQ(m_stretches[0].frames, 12U);
+    EXPECT_EQ(m_stretches[0].unread, 1U);
 }
 
 TEST_F(StretchFinderTest, AWordMisreadIsAHole) {
