@@ -13,6 +13,8 @@ class IniFile;
 /// The settings that outlive a run, or a change to some of them. Absent settings were never set, or
 /// do not change.
 struct Preferences {
+    static constexpr double standardDelay = 5; ///< if none was set
+
     std::optional<double> delayInSeconds{};          ///< between the items of a batch run
     std::optional<std::uint64_t> defaultFrameRate{}; ///< frame-rate code
     std::optional<std::uint64_t> defaultSyncType{};  ///< sync-type code

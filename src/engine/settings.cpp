@@ -6,12 +6,6 @@
 
 namespace vexa {
 
-namespace {
-
-constexpr double standardDelay = 5.0;
-
-} // namespace
-
 void Vexa_RemoteAppDelegate::setFrameRate(std::uint64_t code) {
     m_plan.settings.frameRate = code;
     announceFrameRate();
@@ -55,7 +49,7 @@ void Vexa_RemoteAppDelegate::showSettings(std::uint64_t start, std::uint64_t sto
 
 bool Vexa_RemoteAppDelegate::readPrefs() {
     const auto stored = defaults::read();
-    m_plan.delayInSeconds = stored.delayInSeconds.value_or(standardDelay);
+    m_plan.delayInSeconds = stored.delayInSeconds.value_or(Preferences::standardDelay);
     m_defaultFrameRate = stored.defaultFrameRate.value_or(rate::fps30);
     m_defaultSyncType = stored.defaultSyncType.value_or(sync::mtc);
     m_plan.pauseForReelChange = stored.pauseForReelChange.value_or(true);

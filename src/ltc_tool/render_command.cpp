@@ -59,9 +59,9 @@ std::filesystem::path pathOf(const QString& name) { return QFile::encodeName(nam
 
 /// The window's pause between rows. The preferences may contain any number.
 double preferredPause() {
-    constexpr double standard = 5;
     constexpr double longest = 3600;
-    return std::clamp(defaults::read().delayInSeconds.value_or(standard), 0.0, longest);
+    return std::clamp(defaults::read().delayInSeconds.value_or(Preferences::standardDelay), 0.0,
+                      longest);
 }
 
 /// The rows that have timecode; reports the others.
