@@ -121,7 +121,7 @@ QString localPath(const QString& argument) {
     const bool isUri = argument.startsWith(QLatin1String("file:"));
     auto path = isUri ? firstLocalFile({QUrl(argument)}) : argument;
     if (path.isEmpty())
-        throw Refusal{QStringLiteral("\"%1\" is no file of this machine").arg(argument)};
+        throw Refusal{QStringLiteral("\"%1\" is not a file on this machine").arg(argument)};
     return path;
 }
 

@@ -43,7 +43,7 @@ Obstacle obstacleInList(const CommandLine& line) {
         return isWrong(QStringLiteral("cannot be read"));
     const auto items = readListFile(line.file).size();
     if (items == 0)
-        return isWrong(QStringLiteral("is no batch list, or an empty one"));
+        return isWrong(QStringLiteral("is not a batch list, or is empty"));
     if (!line.rows.empty() && *line.rows.rbegin() >= items)
         return isWrong(QStringLiteral("has %1 rows: there is no row %2")
                            .arg(QString::number(items), QString::number(*line.rows.rbegin() + 1)));

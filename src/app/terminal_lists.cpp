@@ -38,7 +38,7 @@ ReadRows rowsFor(const CommandLine& line, const QString& fileText) {
 int addToList(const ReadRows& read, const CommandLine& line) {
     auto items = QFileInfo::exists(line.file) ? listInFile(line.file) : BatchItems();
     if (!items)
-        return refuse(line.file, QStringLiteral("it is no batch list"));
+        return refuse(line.file, QStringLiteral("it is not a batch list"));
     VexaBatchStripeData list(nullptr);
     list.replaceBatchList(std::move(*items));
     list.addItems(itemsOfRows(read, list));
@@ -46,7 +46,7 @@ int addToList(const ReadRows& read, const CommandLine& line) {
         return refuse(line.file, QStringLiteral("it could not be written"));
     for (const auto& [number, lineText, reason] : read.refused)
         complain(QStringLiteral("line %1: %2: %3").arg(number).arg(reason, lineText));
-    std::printf("Rows added: %zu; lines not taken: %zu\n", read.rows.size(), read.refused.size());
+    std::printf("Rows added: %zu; lines skipped: %zu\n", read.rows.size(), read.refused.size());
     return read.refused.empty() && !read.rows.empty() ? wellDone : somethingToLookAt;
 }
 
@@ -69,7 +69,7 @@ int checkInTerminal(const CommandLine& line) {
     const auto items = listInFile(line.file);
     if (!items)
         return refuse(line.file, QFileInfo::exists(line.file)
-                                     ? QStringLiteral("it is no batch list")
+                                     ? QStringLiteral("it is not a batch list")
                                      : QStringLiteral("there is no such file"));
     const auto findings = checkList(*items, line.tapeMinutes);
     for (const auto& finding : findings)

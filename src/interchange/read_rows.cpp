@@ -18,7 +18,7 @@ QString reasonNotToRead(const QFileInfo& file) {
     if (!file.exists())
         return QStringLiteral("there is no such file");
     if (!file.isFile())
-        return QStringLiteral("it is no file that can be read to its end");
+        return QStringLiteral("it is not a regular file");
     if (file.size() > mostBytes)
         return QStringLiteral("it is longer than %1 MiB").arg(mostBytes >> 20);
     return QStringLiteral("it cannot be read");

@@ -15,7 +15,7 @@ std::vector<TapeRow> listRows(const QString& path, const std::set<std::size_t>& 
         refuse(QStringLiteral("does not exist"));
     const auto items = readListFile(path);
     if (items.empty())
-        refuse(QStringLiteral("is no batch list, or an empty one"));
+        refuse(QStringLiteral("is not a batch list, or is empty"));
     if (!numbers.empty() && *numbers.rbegin() >= items.size())
         refuse(QStringLiteral("has %1 rows: there is no row %2")
                    .arg(QString::number(items.size()), QString::number(*numbers.rbegin() + 1)));

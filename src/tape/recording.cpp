@@ -34,7 +34,7 @@ public:
         if (m_descriptor < 0 || fstat(m_descriptor, &status) != 0)
             fail(std::strerror(errno));
         if (!S_ISREG(status.st_mode))
-            fail("it is no file");
+            fail("it is not a regular file");
         sound.reset(sf_open_fd(m_descriptor, SFM_READ, &info, SF_FALSE));
         if (!sound)
             fail(sf_strerror(nullptr));
@@ -42,7 +42,7 @@ public:
         if (const auto stated = statedSize(m_descriptor); stated && *stated > size)
             shortfall = *stated - size;
         if (info.samplerate < lowestRate || info.samplerate > highestRate)
-            fail(std::to_string(info.samplerate) + " samples a second are no sound");
+            fail(std::to_string(info.samplerate) + " samples a second are out of range");
         if (info.channels < 1 || info.channels > mostChannels)
             fail("it has " + std::to_string(info.channels) + " channels");
     }

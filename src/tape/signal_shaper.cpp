@@ -14,7 +14,7 @@ constexpr std::uint32_t cellsASecond = 750;
 /// Weaker signals are a tape's noise and are not raised to full height.
 constexpr float quietest = 0.0005F; // -66 dBFS
 
-/// In a file of floats, larger samples are no sound.
+/// In a file of floats, larger samples are not sound.
 constexpr float loudest = 100;
 
 /// Of the 127 steps in each direction; the rest is headroom for noise.

@@ -71,9 +71,9 @@ TEST_F(StripeOfList, IsAFileThatIsNoList) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("no list");
     file.close();
-    EXPECT_EQ(fault(), "is no batch list, or an empty one");
+    EXPECT_EQ(fault(), "is not a batch list, or is empty");
     writeList(0);
-    EXPECT_EQ(fault(), "is no batch list, or an empty one");
+    EXPECT_EQ(fault(), "is not a batch list, or is empty");
     line.file = folder.path();
     EXPECT_EQ(fault(), "is no file");
 }

@@ -38,7 +38,7 @@ class Lists(unittest.TestCase):
     def test_rows_become_a_list_that_can_be_checked(self):
         done = self.run_import(self.file("cues.csv", CUES))
         self.assertEqual((done.returncode, done.stdout),
-                         (1, "Rows added: 2; lines not taken: 1\n"))
+                         (1, "Rows added: 2; lines skipped: 1\n"))
         self.assertEqual(done.stderr, "vexa-remote: line 4: “soon” is no time: soon\n")
         done = program.run("--check", self.list)
         self.assertEqual((done.returncode, done.stderr), (1, ""))
@@ -88,7 +88,7 @@ class Lists(unittest.TestCase):
         with open(self.path("long.csv"), "wb") as file:
             file.truncate(1 << 30)
         for path, fault in [(self.path("none.csv"), "there is no such file"),
-                            (self.folder, "it is no file that can be read to its end"),
+                            (self.folder, "it is not a regular file"),
                             (self.path("long.csv"), "it is longer than 64 MiB")]:
             done = self.run_import(path)
             self.assertEqual((done.returncode, done.stderr),

@@ -136,7 +136,7 @@ class Rendering(TapeTest):
         for arguments, message in (
             ((), "render or check? See --help"),
             (("render", self.folder / "none", "--to", "."), "does not exist"),
-            (("render", "/dev/null", "--to", "."), "is no batch list, or an empty one"),
+            (("render", "/dev/null", "--to", "."), "is not a batch list, or is empty"),
             (("render", self.list, "--to", ".", "--rows", "9"), "there is no row 9"),
             (("check", self.folder / "none.wav"), "No such file or directory"),
         ):

@@ -42,9 +42,8 @@ TEST_F(TextFile, ThatIsTooLongIsRefusedWithoutReadingIt) {
 
 TEST_F(TextFile, ThatCannotBeReadIsRefusedInWords) {
     EXPECT_EQ(readTextFile(m_directory.filePath(u"none.csv"_s)).fault, u"there is no such file"_s);
-    EXPECT_EQ(readTextFile(m_directory.path()).fault,
-              u"it is no file that can be read to its end"_s);
-    EXPECT_EQ(readTextFile(u"/dev/zero"_s).fault, u"it is no file that can be read to its end"_s);
+    EXPECT_EQ(readTextFile(m_directory.path()).fault, u"it is not a regular file"_s);
+    EXPECT_EQ(readTextFile(u"/dev/zero"_s).fault, u"it is not a regular file"_s);
 }
 
 TEST(ReadRows, TellsAnEditListFromASpreadsheet) {

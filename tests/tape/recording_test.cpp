@@ -56,9 +56,9 @@ TEST_F(RecordingTest, RefusesWhatIsNone) {
     std::ofstream(path("text")) << "no sound";
     EXPECT_THAT(faultOf("text"), testing::StartsWith("cannot read \""));
     EXPECT_THAT(faultOf("none"), testing::EndsWith("No such file or directory"));
-    EXPECT_THAT(faultOf(""), testing::EndsWith("it is no file"));
+    EXPECT_THAT(faultOf(""), testing::EndsWith("it is not a regular file"));
     ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
-    EXPECT_THAT(faultOf("pipe"), testing::EndsWith("it is no file"));
+    EXPECT_THAT(faultOf("pipe"), testing::EndsWith("it is not a regular file"));
     write("many", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 100, std::vector<float>(100));
     EXPECT_THAT(faultOf("many"), testing::EndsWith("it has 100 channels"));
 }
