@@ -59,7 +59,7 @@ void StayAwake::ask(std::size_t service) {
     if (!m_isAsking)
         return;
     const auto& asked = m_services[service];
-    constexpr int anyTime = std::numeric_limits<int>::max();
+    constexpr int anyTime = std::numeric_limits<int>::max(); // what is promised late is taken too
     auto* reply = new QDBusPendingCallWatcher(asked.bus.asyncCall(asked.request, anyTime), this);
     auto* patience = new QTimer(reply);
     patience->setSingleShot(true);
