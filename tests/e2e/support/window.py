@@ -4,7 +4,6 @@ import contextlib
 import signal
 import subprocess
 import time
-from itertools import chain
 
 import gi
 
@@ -58,11 +57,8 @@ class Window:
             raise
 
     def widget(self, name):
-        """The widget with that name, not its caption. The active window comes first: several
-        dialogs have a button of the same name, and only the active one takes the press."""
-        windows = sorted(_children(self._application), key=_is_active, reverse=True)
-        widgets = (w for window in windows for w in chain([window], _descendants(window)))
-        return next((w for w in widgets if w.get_name() == name and not _is_caption(w)), None)
+        """The widget with that name, not its caption."""
+        return _named(name, self._application)
 
     def shown(self, name):
         """The text that a time display, label or pop-up list shows."""
@@ -161,8 +157,9 @@ class Window:
         eventually(what, lambda: self.is_on(name) == on)
 
     def press(self, name):
-        """Presses a button, as a screen reader does."""
-        self._do(self.widget(name))
+        """Presses a button, as a screen reader does. Of several with that name, presses the one in
+        the active window: a panel that has been closed still has its buttons."""
+        self._do(self._in_active_window(name) or self.widget(name))
 
     def press_at_once(self, *names):
         """Presses buttons while the program is stopped, so that it finds all the presses
@@ -283,6 +280,14 @@ class Window:
         except GLib.GError:  # one of them closed meanwhile
             return False
 
+    def _in_active_window(self, name):
+        try:
+            windows = _children(self._application)
+            active = next((w for w in windows if _is(w, Atspi.StateType.ACTIVE)), None)
+            return active and _named(name, active)
+        except GLib.GError:  # it closed during the search
+            return None
+
     def _alert(self):
         try:
             return _first(self._application, lambda w: _is_a(w, Atspi.Role.ALERT))
@@ -324,19 +329,16 @@ def _first(root, is_wanted, in_menus=False):
     return next(filter(is_wanted, _descendants(root, in_menus)), None)
 
 
+def _named(name, root):
+    return _first(root, lambda w: w.get_name() == name and not _is_caption(w))
+
+
 def _all(root, role):
     return [w for child in _children(root) for w in [child, *_all(child, role)] if _is_a(w, role)]
 
 
 def _is_a(widget, role):
     return widget.get_role() == role
-
-
-def _is_active(window):
-    try:
-        return _is(window, Atspi.StateType.ACTIVE)
-    except GLib.GError:  # closed by now
-        return False
 
 
 def _title(window):
