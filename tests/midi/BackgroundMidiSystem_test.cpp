@@ -107,13 +107,13 @@ TEST_F(BackgroundMidi, ShowsPortsAsATreeOfObjects) {
     EXPECT_EQ(system->connectionUniqueIds(second), std::nullopt);
 }
 
-TEST_F(BackgroundMidi, APortOfAProgramHasNeitherEntityNorDevice) {
+TEST_F(BackgroundMidi, AProgramsPortHasNeitherEntityNorDevice) {
     ASSERT_EQ(system->numberOfDestinations(), 3u);
     EXPECT_EQ(system->entityOfEndpoint(system->destination(2)), 0u);
     EXPECT_EQ(system->deviceOfEntity(0), 0u);
 }
 
-TEST_F(BackgroundMidi, WhatIsNotThereHasNothing) {
+TEST_F(BackgroundMidi, UnknownObjectsHaveNoProperties) {
     EXPECT_EQ(system->destination(3), 0u);
     EXPECT_EQ(system->name(0), std::nullopt);
     EXPECT_EQ(system->name(99), std::nullopt);
@@ -125,7 +125,7 @@ TEST_F(BackgroundMidi, WhatIsNotThereHasNothing) {
     EXPECT_THAT(world.sent, IsEmpty());
 }
 
-TEST_F(BackgroundMidi, APortThatComesBackElsewhereIsTheSameObject) {
+TEST_F(BackgroundMidi, APortThatReturnsAtAnotherAddressIsTheSameObject) {
     ASSERT_EQ(system->numberOfDestinations(), 3u);
     const auto port = system->destination(0);
     const auto id = system->uniqueId(port).value();
@@ -171,7 +171,7 @@ struct BackgroundReports : BackgroundMidi {
     std::chrono::steady_clock::time_point at;
 };
 
-TEST_F(BackgroundReports, WhatBecameOfAMessageIsToldAndWhetherItsDestinationIsThere) {
+TEST_F(BackgroundReports, ReportsTheOutcomeOfAMessageAndWhetherItsDestinationIsThere) {
     const auto port = system->destination(0);
     const auto before = std::chrono::steady_clock::now();
     send(port);
@@ -185,7 +185,7 @@ TEST_F(BackgroundReports, WhatBecameOfAMessageIsToldAndWhetherItsDestinationIsTh
     EXPECT_THAT(next(2), ElementsAre("MIDI 1 lost it", "MIDI 1 is away"));
 }
 
-TEST_F(BackgroundReports, ADestinationThatGoesAndComesIsSeenWhileNothingIsSent) {
+TEST_F(BackgroundReports, ReportsADestinationThatGoesAndReturnsWhileNothingIsSent) {
     send(system->destination(1));
     next(2);
     const auto ports = world.ports;
@@ -195,14 +195,14 @@ TEST_F(BackgroundReports, ADestinationThatGoesAndComesIsSeenWhileNothingIsSent) 
     EXPECT_THAT(next(1), ElementsAre("MIDI 2 is there"));
 }
 
-TEST_F(BackgroundReports, OfWhatNeverWasADestinationNothingIsTold) {
+TEST_F(BackgroundReports, ReportsNothingOfAnUnknownDestination) {
     const std::uint8_t byte = 1;
     system->send(0, std::span(&byte, 1), [this](const auto&) { told.emplace_back("told"); });
     send(system->destination(0)); // reported later
     EXPECT_THAT(next(2), ElementsAre("MIDI 1 took it", "MIDI 1 is there"));
 }
 
-TEST_F(BackgroundReports, ASystemThatEndsTellsNothingMore) {
+TEST_F(BackgroundReports, ReportsNothingAfterTheSystemHasEnded) {
     send(system->destination(0));
     system.reset();
     QCoreApplication::processEvents();
@@ -217,7 +217,7 @@ MidiPort twin(const std::string& socket) {
     return port;
 }
 
-TEST_F(BackgroundMidi, TheChosenTwinStaysTheChosenOneInWhateverOrderTheyComeAndGo) {
+TEST_F(BackgroundMidi, TheChosenTwinKeepsItsIdInWhateverOrderTwinsComeAndGo) {
     const std::vector twins{twin("a"), twin("b"), twin("c")};
     openWith(twins);
     ASSERT_EQ(system->numberOfDestinations(), 3u);
@@ -242,7 +242,7 @@ TEST_F(BackgroundMidi, TheChosenTwinStaysTheChosenOneInWhateverOrderTheyComeAndG
     EXPECT_EQ(world.sent, std::vector<std::string>(ways * ways, "usb:1 at a: 1"));
 }
 
-TEST_F(BackgroundMidi, AnIdIsTheSameWithATwinAndWithout) {
+TEST_F(BackgroundMidi, AnIdDoesNotChangeWhenATwinArrives) {
     std::vector<MidiUniqueId> ids;
     for (const auto& ports : {std::vector{twin("a")}, {twin("b"), twin("a")}, {twin("a")}}) {
         openWith(ports);
@@ -252,7 +252,7 @@ TEST_F(BackgroundMidi, AnIdIsTheSameWithATwinAndWithout) {
     EXPECT_THAT(ids, ElementsAre(ids[0], ids[0], ids[0]));
 }
 
-TEST_F(BackgroundMidi, AnIdFindsItsDeviceInAnotherSocketWhereItIsTheOnlyOneOfItsSerialNumber) {
+TEST_F(BackgroundMidi, FindsADeviceInAnotherSocketIfNoOtherHasItsSerialNumber) {
     openWith({twin("a")});
     ASSERT_EQ(system->numberOfDestinations(), 1u);
     const auto id = system->uniqueId(system->destination(0)).value();
@@ -268,7 +268,7 @@ TEST_F(BackgroundMidi, AnIdFindsItsDeviceInAnotherSocketWhereItIsTheOnlyOneOfIts
     EXPECT_EQ(socketOfFound(), "serial number 1, socket a");
 }
 
-TEST_F(BackgroundMidi, TellsWhatTellsAlikePortsApart) {
+TEST_F(BackgroundMidi, DescribesWhereAlikePortsAre) {
     openWith({twin("a"), {"program:x", "128:0", "Soft", {}, {}}});
     ASSERT_EQ(system->numberOfDestinations(), 2u);
     EXPECT_EQ(system->whereabouts(system->destination(0)), "serial number 1, socket a");
@@ -288,20 +288,20 @@ TEST_F(BackgroundMidi, MessagesKeepTheirOrderAcrossDestinations) {
     EXPECT_EQ(world.sent, expected);
 }
 
-TEST_F(BackgroundMidi, ADriverThatIsHeldUpHoldsUpNobody) {
+TEST_F(BackgroundMidi, ABlockedDriverDoesNotBlockTheCaller) {
     ASSERT_EQ(system->numberOfDestinations(), 3u);
     const auto port = system->destination(0);
     world.hold(true);
     for (int i = 0; i < 3; ++i)
         sendByte(port, static_cast<std::uint8_t>(i));
-    EXPECT_EQ(system->numberOfDestinations(), 3u) << "the last reading serves";
+    EXPECT_EQ(system->numberOfDestinations(), 3u) << "the previous list";
     EXPECT_THAT(world.sent, IsEmpty());
     world.hold(false);
     system.reset();
     EXPECT_THAT(world.sent, ElementsAre("usb1/0: 0", "usb1/0: 1", "usb1/0: 2"));
 }
 
-TEST_F(BackgroundMidi, TheFirstListIsReadAtOnceAndWaitedForLonger) {
+TEST_F(BackgroundMidi, ReadsTheFirstListAtOnceAndWaitsLongerForIt) {
     system.reset();
     world.readings = 0;
     world.hold(true);
@@ -314,14 +314,14 @@ TEST_F(BackgroundMidi, TheFirstListIsReadAtOnceAndWaitedForLonger) {
     EXPECT_EQ(world.readings, 1);
 }
 
-TEST_F(BackgroundMidi, WhoLeavesWordIsCalledAtOnceWhereTheListIsThere) {
+TEST_F(BackgroundMidi, WhenReachedCallsBackAtOnceIfTheListIsKnown) {
     ASSERT_EQ(system->numberOfDestinations(), 3u);
     bool isCalled = false;
     system->whenReached([&] { isCalled = true; });
     EXPECT_TRUE(isCalled);
 }
 
-TEST_F(BackgroundMidi, WhoLeavesWordIsCalledWhenTheFirstListIsThereAndNobodyWaitsForIt) {
+TEST_F(BackgroundMidi, WhenReachedCallsBackInOrderOnceTheListIsKnownWithoutBlocking) {
     system.reset();
     world.hold(true);
     open();
@@ -341,7 +341,7 @@ TEST_F(BackgroundMidi, WhoLeavesWordIsCalledWhenTheFirstListIsThereAndNobodyWait
     EXPECT_EQ(system->numberOfDestinations(), 3u);
 }
 
-TEST_F(BackgroundMidi, WhoLeftWordHearsNothingOfASystemThatEnded) {
+TEST_F(BackgroundMidi, WhenReachedDoesNotCallBackAfterTheSystemHasEnded) {
     system.reset();
     world.hold(true);
     open();
@@ -353,7 +353,7 @@ TEST_F(BackgroundMidi, WhoLeftWordHearsNothingOfASystemThatEnded) {
     QCoreApplication::processEvents();
 }
 
-TEST_F(BackgroundMidi, ADriverThatIsHeldUpIsAskedForTheListOnlyOnce) {
+TEST_F(BackgroundMidi, ABlockedDriverIsAskedForTheListOnlyOnce) {
     ASSERT_EQ(system->numberOfDestinations(), 3u);
     world.hold(true);
     for (int i = 0; i < 20; ++i)
@@ -366,7 +366,7 @@ TEST_F(BackgroundMidi, ADriverThatIsHeldUpIsAskedForTheListOnlyOnce) {
     EXPECT_EQ(world.readings, 4) << "one before, one during, one after, and one more";
 }
 
-TEST_F(BackgroundMidi, TheDriverLivesOnAThreadOfItsOwnAndGoesWithTheSystem) {
+TEST_F(BackgroundMidi, TheDriverRunsOnItsOwnThreadAndEndsWithTheSystem) {
     system->numberOfDestinations();
     EXPECT_NE(world.thread, std::this_thread::get_id());
     EXPECT_EQ(world.drivers, 1);
@@ -374,7 +374,7 @@ TEST_F(BackgroundMidi, TheDriverLivesOnAThreadOfItsOwnAndGoesWithTheSystem) {
     EXPECT_EQ(world.drivers, 0);
 }
 
-TEST_F(BackgroundMidi, AStuckDriverDoesNotKeepTheSystemFromEnding) {
+TEST_F(BackgroundMidi, ABlockedDriverDoesNotKeepTheSystemFromEnding) {
     ASSERT_EQ(system->numberOfDestinations(), 3u);
     world.hold(true);
     sendByte(system->destination(0), 1);

@@ -20,7 +20,7 @@ std::string textOf(Presence presence, std::optional<Message> sent = {},
     return statusText(status, sentAt + age);
 }
 
-TEST(StatusText, TellsWhatWasSentLastAndWhen) {
+TEST(StatusText, ShowsTheLastMessageAndItsAge) {
     EXPECT_EQ(textOf(Presence::there, Message::start),
               "Timecode Box MIDI 1 · start 01:00:00:00 · 2 s ago");
     EXPECT_EQ(textOf(Presence::there, Message::setup),
@@ -29,13 +29,13 @@ TEST(StatusText, TellsWhatWasSentLastAndWhen) {
     EXPECT_EQ(textOf(Presence::there), "Timecode Box MIDI 1");
 }
 
-TEST(StatusText, TellsOfADestinationThatIsMissing) {
+TEST(StatusText, SaysThatADestinationIsMissing) {
     EXPECT_EQ(textOf(Presence::away, Message::start), "Timecode Box MIDI 1 is not there");
     EXPECT_EQ(statusText({Presence::none, {}, {}}, sentAt), "no destination");
     EXPECT_EQ(statusText({}, sentAt), "");
 }
 
-TEST(StatusText, TheAgeIsInWholeUnits) {
+TEST(StatusText, RoundsTheAgeDownToWholeUnits) {
     const auto age = [](auto time) {
         const auto text = textOf(Presence::there, Message::stop, time);
         return text.substr(text.rfind("· ") + std::string_view("· ").size());

@@ -51,7 +51,7 @@ public:
         if (next() == "ready")
             return;
         leave();
-        throw std::runtime_error(std::string(name) + " does not take part");
+        throw std::runtime_error(std::string(name) + " is not ready");
     }
     ~Receiver() { leave(); }
     Receiver(const Receiver&) = delete;
@@ -143,7 +143,7 @@ private:
                 return list;
             std::this_thread::yield();
         }
-        throw std::runtime_error("the destinations do not come to be as expected");
+        throw std::runtime_error("the list of destinations is not as expected");
     }
 
     BackgroundMidiSystem m_system{[] { return std::make_unique<JackMidiDriver>(); }};
@@ -167,7 +167,7 @@ TEST_F(JackMidi, ListsThePortsInTheServersOrder) {
     EXPECT_NE(ids.at(0), ids.at(1));
 }
 
-TEST_F(JackMidi, TheChoiceOutlastsThePrograms) {
+TEST_F(JackMidi, TheChoiceIsRememberedAtTheNextLaunch) {
     Receiver alpha("alpha");
     Receiver beta("beta");
     {
@@ -184,7 +184,7 @@ TEST_F(JackMidi, TheChoiceOutlastsThePrograms) {
     EXPECT_THAT(beta.leave(), IsEmpty());
 }
 
-TEST_F(JackMidi, TheChoiceOutlastsTheServerAndAnotherOrder) {
+TEST_F(JackMidi, TheChoiceSurvivesAServerRestartAndAnotherOrderOfPorts) {
     {
         const Receiver alpha("alpha");
         Receiver beta("beta");
@@ -202,7 +202,7 @@ TEST_F(JackMidi, TheChoiceOutlastsTheServerAndAnotherOrder) {
     EXPECT_THAT(alpha.leave(), IsEmpty());
 }
 
-TEST_F(JackMidi, AReceiverThatComesBackGetsTheNextMessageAndNoOtherEverDoes) {
+TEST_F(JackMidi, AReturningReceiverGetsTheNextMessageAndNoOtherReceiverDoes) {
     Receiver alpha("alpha");
     auto beta = std::make_unique<Receiver>("beta");
     std::unique_ptr<Receiver> gamma;
@@ -223,7 +223,7 @@ TEST_F(JackMidi, AReceiverThatComesBackGetsTheNextMessageAndNoOtherEverDoes) {
     EXPECT_THAT(gamma->leave(), IsEmpty());
 }
 
-TEST_F(JackMidi, TheStatusTellsOfSentWhatTheReceiverSawAndOfNothingElse) {
+TEST_F(JackMidi, TheStatusShowsAsSentExactlyWhatTheReceiverSaw) {
     auto beta = std::make_unique<Receiver>("beta");
     const Program program;
     Program::choose("beta:in");
@@ -251,7 +251,7 @@ TEST_F(JackMidi, TheStatusTellsOfSentWhatTheReceiverSawAndOfNothingElse) {
     EXPECT_EQ(Program::statusOnce("beta:in is"), "beta:in is not there");
 }
 
-TEST_F(JackMidi, ManySwitchesOfTheDestinationLoseAndMisdirectNothing) {
+TEST_F(JackMidi, SwitchingTheDestinationOftenLosesAndMisdirectsNothing) {
     std::map<std::string, std::vector<std::string>> sent;
     Receiver alpha("alpha");
     Receiver beta("beta");
@@ -278,7 +278,7 @@ TEST_F(JackMidi, ManySwitchesOfTheDestinationLoseAndMisdirectNothing) {
     }
 }
 
-TEST_F(JackMidi, WhatWaitsWhileTheServerHangsReachesNoOtherDestination) {
+TEST_F(JackMidi, MessagesQueuedWhileTheServerHangsReachNoOtherDestination) {
     Receiver alpha("alpha");
     Receiver beta("beta");
     const Program program;
@@ -300,7 +300,7 @@ TEST_F(JackMidi, WhatWaitsWhileTheServerHangsReachesNoOtherDestination) {
 
 class JackMidiServerLoss : public JackMidi, public testing::WithParamInterface<int> {};
 
-TEST_P(JackMidiServerLoss, IsMadeGoodWhenTheNextServerComes) {
+TEST_P(JackMidiServerLoss, MessagesArriveAgainOnTheNextServer) {
     auto beta = std::make_unique<Receiver>("beta");
     const Program program;
     Program::choose("beta:in");
@@ -318,7 +318,7 @@ TEST_P(JackMidiServerLoss, IsMadeGoodWhenTheNextServerComes) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, JackMidiServerLoss, testing::Values(SIGTERM, SIGKILL));
 
-TEST_F(JackMidi, HardwareIsKnownByItsAlias) {
+TEST_F(JackMidi, IdentifiesHardwareByItsAlias) {
     MidiUniqueId id = 0;
     {
         const Receiver hardware("hardware_1", "midi_bridge:UM-ONE MIDI 1");
@@ -338,7 +338,7 @@ TEST_F(JackMidi, HardwareIsKnownByItsAlias) {
     EXPECT_NE(ids.at(2), id) << "a second one with the same name";
 }
 
-TEST_F(JackMidi, ATwinNeverTakesThePlaceOfTheChosenOne) {
+TEST_F(JackMidi, ATwinNeverReplacesTheChosenPort) {
     const auto* const alias = "midi_bridge:UM-ONE MIDI 1";
     auto first = std::make_unique<Receiver>("hardware_1", alias);
     Receiver second("hardware_2", alias);
@@ -361,7 +361,7 @@ TEST_F(JackMidi, ATwinNeverTakesThePlaceOfTheChosenOne) {
     EXPECT_THAT(third->leave(), IsEmpty());
 }
 
-TEST_F(JackMidi, WithoutAServerThereIsNothing) {
+TEST_F(JackMidi, HasNoDestinationsWithoutAServer) {
     server.stop(SIGTERM);
     const Program program;
     EXPECT_THAT(Program::manager().destinationList(), IsEmpty());

@@ -23,13 +23,13 @@ std::vector<std::string> numbered(TwinNumbers& numbers,
     return identities;
 }
 
-TEST(TwinNumbers, BeginAtTheSecondOfAnIdentity) {
+TEST(TwinNumbers, StartAtTheSecondPortOfAnIdentity) {
     TwinNumbers numbers;
     EXPECT_THAT(numbered(numbers, {{"x", "1"}, {"y", "2"}, {"x", "3"}, {"x", "4"}}),
                 ElementsAre("x", "y", "x#2", "x#3"));
 }
 
-TEST(TwinNumbers, TheOnlyOneThereEverWasComesBackAsItself) {
+TEST(TwinNumbers, APortThatNeverHadATwinReturnsUnnumbered) {
     TwinNumbers numbers;
     EXPECT_THAT(numbered(numbers, {{"x", "1"}}), ElementsAre("x"));
     EXPECT_THAT(numbered(numbers, {}), IsEmpty());
@@ -37,14 +37,14 @@ TEST(TwinNumbers, TheOnlyOneThereEverWasComesBackAsItself) {
     EXPECT_THAT(numbered(numbers, {{"x", "3"}}), ElementsAre("x"));
 }
 
-TEST(TwinNumbers, AreKeptWhileATwinGoes) {
+TEST(TwinNumbers, StayWhenATwinGoes) {
     TwinNumbers numbers;
     numbered(numbers, {{"x", "1"}, {"x", "2"}});
     EXPECT_THAT(numbered(numbers, {{"x", "2"}}), ElementsAre("x#2"));
     EXPECT_THAT(numbered(numbers, {{"x", "2"}, {"x", "1"}}), ElementsAre("x#2", "x"));
 }
 
-TEST(TwinNumbers, OfOneThatWentGoToNobodyElse) {
+TEST(TwinNumbers, AreNotReusedAfterAPortHasGone) {
     TwinNumbers numbers;
     numbered(numbers, {{"x", "1"}, {"x", "2"}});
     EXPECT_THAT(numbered(numbers, {{"x", "3"}, {"x", "2"}}), ElementsAre("x#3", "x#2"));
@@ -73,7 +73,7 @@ void expectNoneIsTakenForTheFirst(const std::vector<unsigned>& steps) {
     }
 }
 
-TEST(TwinNumbers, NoneIsTakenForTheChosenOneInWhateverOrderTheyComeAndGo) {
+TEST(TwinNumbers, NeverConfuseATwinWithTheChosenPort) {
     constexpr unsigned ways = 8;
     for (unsigned order = 0; order < ways * ways * ways * ways; ++order) {
         SCOPED_TRACE(order);

@@ -36,7 +36,7 @@ struct Manager : testing::Test {
 
 using Sent = FakeMidiSystem::Sent;
 
-TEST_F(Manager, SendsSetupAndStartAtOnceAndNothingMore) {
+TEST_F(Manager, TheStartFollowsTheSetupAndIsNotSentAgain) {
     const auto box = system.addDestination("Box", 5);
     shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::dtl);
     shared().sendStartMessage();
@@ -44,7 +44,7 @@ TEST_F(Manager, SendsSetupAndStartAtOnceAndNothingMore) {
                                                Sent{box, "F0 7D 42 01 00 00 00 7F F7"}));
 }
 
-TEST_F(Manager, WithoutDestinationsSendsToNone) {
+TEST_F(Manager, SendsToNoneIfThereAreNoDestinations) {
     EXPECT_EQ(shared().dest(), 0u);
     EXPECT_EQ(shared().destID(), 0);
     EXPECT_THAT(shared().destinationList(), IsEmpty());
@@ -53,7 +53,7 @@ TEST_F(Manager, WithoutDestinationsSendsToNone) {
     EXPECT_THAT(system.takeSent(), ElementsAre(Sent{0, stop}));
 }
 
-TEST_F(Manager, WithNothingRememberedTakesTheFirstAndSendsNothing) {
+TEST_F(Manager, ChoosesTheFirstAndSendsNothingIfNoneIsRemembered) {
     const auto first = system.addDestination("A", 11);
     system.addDestination("B", 12);
     EXPECT_EQ(shared().dest(), first);
@@ -62,7 +62,7 @@ TEST_F(Manager, WithNothingRememberedTakesTheFirstAndSendsNothing) {
     EXPECT_FALSE(defaults::read().midiDestination) << "a fallback is not remembered";
 }
 
-TEST_F(Manager, TakesUpTheRememberedOneAndStopsItOnce) {
+TEST_F(Manager, ChoosesTheRememberedDestinationAndStopsItOnce) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", -12);
     defaults::write({.midiDestination = -12});
@@ -72,7 +72,7 @@ TEST_F(Manager, TakesUpTheRememberedOneAndStopsItOnce) {
     EXPECT_EQ(shared().indexOfDestination(), 1);
 }
 
-TEST_F(Manager, TakesUpTheRememberedOneUnderTheIDItHasNow) {
+TEST_F(Manager, ChoosesTheRememberedDestinationUnderItsNewID) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", 12);
     system.object(second).earlierId = 99;
@@ -83,7 +83,7 @@ TEST_F(Manager, TakesUpTheRememberedOneUnderTheIDItHasNow) {
     EXPECT_EQ(defaults::read().midiDestination, 99);
 }
 
-TEST_F(Manager, WhenTheRememberedOneIsGoneTakesTheFirstAndKeepsTheMemory) {
+TEST_F(Manager, ChoosesTheFirstIfTheRememberedOneIsGoneAndStillRemembersIt) {
     const auto first = system.addDestination("A", 11);
     defaults::write({.midiDestination = 99});
     EXPECT_EQ(shared().dest(), first);
@@ -92,13 +92,13 @@ TEST_F(Manager, WhenTheRememberedOneIsGoneTakesTheFirstAndKeepsTheMemory) {
     EXPECT_EQ(defaults::read().midiDestination, 99);
 }
 
-TEST_F(Manager, WhenTheRememberedOneIsGoneAndThereIsNoOtherHasNone) {
+TEST_F(Manager, HasNoDestinationIfTheRememberedOneIsGoneAndThereIsNoOther) {
     defaults::write({.midiDestination = 99});
     EXPECT_EQ(shared().dest(), 0u);
     EXPECT_EQ(shared().destID(), 0);
 }
 
-TEST_F(Manager, WhatIsSentBeforeTheSystemIsReachedGoesOutThenAndInOrder) {
+TEST_F(Manager, SendsEarlierMessagesInOrderOnceTheSystemIsReached) {
     system.addDestination("A", 11);
     const auto second = system.addDestination("B", 12);
     defaults::write({.midiDestination = 12});
@@ -124,7 +124,7 @@ TEST_F(Manager, ConnectingByPositionStopsTheGeneratorThere) {
     EXPECT_EQ(shared().indexOfDestination(), 1);
 }
 
-TEST_F(Manager, APositionOutsideTheListLeavesNoneAndKeepsTheID) {
+TEST_F(Manager, APositionOutsideTheListClearsTheDestinationAndKeepsTheID) {
     system.addDestination("A", 11);
     for (const std::int64_t index : {std::int64_t{-1}, std::int64_t{1}, INT64_MAX, INT64_MIN}) {
         shared().connectToDestinationAtIndex(0);
@@ -136,7 +136,7 @@ TEST_F(Manager, APositionOutsideTheListLeavesNoneAndKeepsTheID) {
     }
 }
 
-TEST_F(Manager, ConfirmingAnEmptyListWritesTheOldIDBack) {
+TEST_F(Manager, ConfirmingAnEmptyListSavesTheOldID) {
     const auto box = system.addDestination("A", 11);
     shared().connectToDestinationAtIndex(0);
     system.unplug(box);
@@ -145,7 +145,7 @@ TEST_F(Manager, ConfirmingAnEmptyListWritesTheOldIDBack) {
     EXPECT_EQ(defaults::read().midiDestination, 11);
 }
 
-TEST_F(Manager, PositionsAreThoseOfTheListLastAskedFor) {
+TEST_F(Manager, PositionsReferToTheLastList) {
     const auto a = system.addDestination("A", 11);
     system.addDestination("B", 12);
     ASSERT_THAT(shared().destinationList(), ElementsAre("A", "B"));
@@ -153,27 +153,27 @@ TEST_F(Manager, PositionsAreThoseOfTheListLastAskedFor) {
     EXPECT_THAT(shared().destinationIDs(), ElementsAre(11, 12));
     EXPECT_EQ(shared().indexOfDestination(), 0);
     shared().connectToDestinationAtIndex(0);
-    EXPECT_EQ(shared().dest(), a) << "not B, which has this position now";
+    EXPECT_EQ(shared().dest(), a) << "not B, which is at this position now";
     EXPECT_EQ(shared().destID(), 11);
     ASSERT_THAT(shared().destinationList(), ElementsAre("B"));
     EXPECT_THAT(shared().destinationIDs(), ElementsAre(12));
 }
 
-TEST_F(Manager, ThePositionOfAnUnknownIDIs0) {
+TEST_F(Manager, AnUnknownIDHasPosition0) {
     system.addDestination("A", 11);
     system.addDestination("B", 12);
     shared().setDestID(13);
     EXPECT_EQ(shared().indexOfDestination(), 0);
 }
 
-TEST_F(Manager, ListsAnew) {
+TEST_F(Manager, ReadsTheListAgainEachTime) {
     system.addDestination("A", 11);
     EXPECT_THAT(shared().destinationList(), ElementsAre("A"));
     system.addDestination("B", 12);
     EXPECT_THAT(shared().destinationList(), ElementsAre("A", "B"));
 }
 
-TEST_F(Manager, ReadPrefsTellsWhetherThereWasAnythingAndLeavesTheIDOtherwise) {
+TEST_F(Manager, ReadPrefsReturnsFalseAndKeepsTheIDIfNoneIsStored) {
     system.addDestination("A", 11);
     EXPECT_FALSE(shared().readPrefs());
     EXPECT_EQ(shared().destID(), 11);
@@ -198,7 +198,7 @@ struct Status : Manager {
     }
 };
 
-TEST_F(Status, ToldOfADestinationIsItsNameAndWhatWasSentThereLast) {
+TEST_F(Status, ShowsTheDestinationsNameAndItsLastMessage) {
     const auto device = system.add({MidiObjectType::device, "Timecode Box", {}, {}});
     const auto entity = system.add({MidiObjectType::entity, {}, {}, {}, device});
     system.addDestination("MIDI 1", 11, entity);
@@ -210,7 +210,7 @@ TEST_F(Status, ToldOfADestinationIsItsNameAndWhatWasSentThereLast) {
     EXPECT_EQ(system.takeSent().size(), 3u) << "reading the status sends nothing";
 }
 
-TEST_F(Status, WhatIsLostWasNotSent) {
+TEST_F(Status, ALostMessageDoesNotCountAsSent) {
     const auto box = system.addDestination("Box", 11);
     shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::mtc);
     system.unplug(box);
@@ -223,7 +223,7 @@ TEST_F(Status, WhatIsLostWasNotSent) {
     EXPECT_EQ(text(), "Box · stop · 2 s ago");
 }
 
-TEST_F(Status, AMessageThatIsLostIsEnoughToTell) {
+TEST_F(Status, ALostMessageShowsThatTheDestinationIsGone) {
     const auto box = system.addDestination("Box", 11);
     EXPECT_EQ(text(), "Box");
     system.unplug(box); // unnoticed, as nothing has been sent there yet
@@ -241,7 +241,7 @@ TEST_F(Status, IsUnknownUntilTheSystemIsReached) {
     EXPECT_EQ(text(), "no destination");
 }
 
-TEST_F(Status, IsThatOfTheDestinationChosenLast) {
+TEST_F(Status, IsThatOfTheLastChosenDestination) {
     const auto first = system.addDestination("A", 11);
     system.addDestination("B", 12);
     shared().sendSetupMessageStart(0x01000000, rate::fps25, sync::mtc);
@@ -254,7 +254,7 @@ TEST_F(Status, IsThatOfTheDestinationChosenLast) {
     EXPECT_EQ(text(), "no destination");
 }
 
-TEST_F(Status, ChangesAreTold) {
+TEST_F(Status, ReportsChangesOnce) {
     const auto box = system.addDestination("Box", 11);
     int told = 0;
     QObject::connect(&shared(), &Vexa_MIDI_Manager::statusChanged, &shared(), [&] { ++told; });

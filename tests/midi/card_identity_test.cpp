@@ -88,7 +88,7 @@ TEST_F(Card, IdentityOfUsbWithoutASerialNumberNamesTheSocketButNotTheBus) {
     EXPECT_EQ(identity(5), identity(0));
 }
 
-TEST_F(Card, IdentityOfUsbDoesNotChangeWithATwin) {
+TEST_F(Card, IdentityOfUsbDoesNotDependOnATwin) {
     addUsbCard(0, controller + "/usb1/1-2", "0001");
     const auto alone = identity(0);
     addUsbCard(1, controller + "/usb1/1-3", "0001");
@@ -120,6 +120,6 @@ TEST_F(Card, IdentityOfACardWithoutHardwareIsItsId) {
     EXPECT_EQ(identity(1), (CardIdentity{"card:VirMIDI", {}, "card VirMIDI"}));
 }
 
-TEST_F(Card, IdentityOfACardThatIsNotThereIsNoOnes) { EXPECT_EQ(identity(7).exact, "card:"); }
+TEST_F(Card, IdentityOfAMissingCardHasNoId) { EXPECT_EQ(identity(7).exact, "card:"); }
 
 } // namespace

@@ -51,7 +51,7 @@ TEST(DeviceMessages, StopIsConstant) {
     EXPECT_EQ(stopMessage(), (DeviceMessage{0xF0, 0x7D, 0x42, 0, 0, 0, 0, 0, 0xF7}));
 }
 
-TEST(DeviceMessages, TheModeCodeCountsRatesThenTypes) {
+TEST(DeviceMessages, TheModeCodeIsTheRatePlusFourPerType) {
     for (std::uint64_t rate = 0; rate < rate::count; ++rate) {
         EXPECT_EQ(modeCode(rate, sync::mtc), rate);
         EXPECT_EQ(modeCode(rate, sync::dtl), rate + 4);

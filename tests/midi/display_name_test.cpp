@@ -31,33 +31,33 @@ TEST_F(DisplayName, PutsTheDeviceBeforeTheEndpoint) {
     EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("whatever", hub))), "Hub Port 1");
 }
 
-TEST_F(DisplayName, DoesNotDoubleAName) {
+TEST_F(DisplayName, DoesNotRepeatAName) {
     EXPECT_EQ(nameOf(system.addDestination("Hub", 1, entity("x", device("Hub")))), "Hub");
 }
 
-TEST_F(DisplayName, ComparesWithTheCaseOfLetters) {
+TEST_F(DisplayName, ComparesNamesWithCase) {
     EXPECT_EQ(nameOf(system.addDestination("hub", 1, entity("x", device("Hub")))), "Hub hub");
 }
 
-TEST_F(DisplayName, OfAnEndpointWithoutEntityIsItsOwn) {
+TEST_F(DisplayName, OfAnEndpointWithoutAnEntityIsItsOwnName) {
     EXPECT_EQ(nameOf(system.addDestination("Soft Synth", 1)), "Soft Synth");
     EXPECT_EQ(nameOf(system.addDestination({}, 2)), "");
 }
 
-TEST_F(DisplayName, TakesTheEntitysNameInPlaceOfAMissingOne) {
+TEST_F(DisplayName, UsesTheEntitysNameIfTheEndpointHasNone) {
     EXPECT_EQ(nameOf(system.addDestination({}, 1, entity("Port A", device("Hub")))), "Hub Port A");
     EXPECT_EQ(nameOf(system.addDestination({}, 2, entity("Port A", 0))), "Port A");
 }
 
-TEST_F(DisplayName, OfNamelessEndpointAndEntityIsTheDevices) {
+TEST_F(DisplayName, IsTheDevicesIfEndpointAndEntityAreNameless) {
     EXPECT_EQ(nameOf(system.addDestination({}, 1, entity({}, device("Synth")))), "Synth");
 }
 
-TEST_F(DisplayName, LeavesANamelessDeviceOut) {
+TEST_F(DisplayName, OmitsANamelessDevice) {
     EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("x", device({})))), "Port 1");
 }
 
-TEST_F(DisplayName, TellsAnEmptyDeviceNameFromNone) {
+TEST_F(DisplayName, DistinguishesAnEmptyDeviceNameFromNone) {
     const auto nameless = device("");
     EXPECT_EQ(nameOf(system.addDestination("Port 1", 1, entity("x", nameless))), " Port 1");
     EXPECT_EQ(nameOf(system.addDestination({}, 2, entity({}, nameless))), "");
@@ -70,7 +70,7 @@ TEST_F(DisplayName, OfAnExternalEndpointDependsOnItsDeviceAlone) {
     EXPECT_EQ(nameOf(system.addDestination({}, 4, entity({}, device("Synth"))), true), "Synth");
 }
 
-TEST_F(DisplayName, OfTheOnlyExternalEntityIsTheDevices) {
+TEST_F(DisplayName, OfTheOnlyExternalEntityIsTheDevicesName) {
     const auto synth = device("Synth");
     const auto port = system.addDestination("In", 1, entity("x", synth));
     EXPECT_EQ(nameOf(port, true), "Synth");
@@ -104,13 +104,13 @@ TEST_F(DestinationName, JoinsSeveralWithCommas) {
     EXPECT_EQ(nameCabledTo(Bytes{0xFF, 0xFF, 0xFF, 0xFE, 1, 2, 3, 4}), "Synth, Recorder");
 }
 
-TEST_F(DestinationName, SkipsWhatDoesNotResolveOrHasNoName) {
+TEST_F(DestinationName, SkipsUnknownAndNamelessObjects) {
     addExternalDevice("Recorder", 1);
     system.add({MidiObjectType::externalDevice, {}, 2, {}, 0});
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 9, 0, 0, 0, 1, 0, 0, 0, 2}), "Recorder");
 }
 
-TEST_F(DestinationName, OfNothingButNamelessObjectsIsThePortsOwn) {
+TEST_F(DestinationName, IsThePortsOwnIfAllObjectsAreNameless) {
     system.add({MidiObjectType::externalDevice, {}, 1, {}, 0});
     system.add({MidiObjectType::externalDestination, {}, 2, {}, entity({}, device({}))});
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 1, 0, 0, 0, 2}), "Hub Port 1");
@@ -150,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(Types, ExternalEndpoint,
 
 class OtherObject : public DestinationName, public testing::WithParamInterface<MidiObjectType> {};
 
-TEST_P(OtherObject, GoesByItsOwnName) {
+TEST_P(OtherObject, IsNamedByItsOwnName) {
     system.add({GetParam(), "In", 5, {}, entity("x", device("Synth"))});
     EXPECT_EQ(nameCabledTo(Bytes{0, 0, 0, 5}), "In");
 }

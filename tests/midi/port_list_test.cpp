@@ -26,7 +26,7 @@ TEST(PortList, PutsMidiThroughLastAndKeepsTheOrderOfTheRest) {
     EXPECT_THAT(identities(ports), ElementsAre("b", "a", "t", "t2"));
 }
 
-TEST(PortList, ALeadingDeviceNameIsTakenOff) {
+TEST(PortList, StripsALeadingDeviceName) {
     EXPECT_EQ(withoutLeadingName("UM-ONE MIDI 1", "UM-ONE"), "MIDI 1");
     EXPECT_EQ(withoutLeadingName("UM-ONE", "UM-ONE"), "UM-ONE");
     EXPECT_EQ(withoutLeadingName("UM-ONE2 MIDI 1", "UM-ONE"), "UM-ONE2 MIDI 1");

@@ -17,14 +17,14 @@ MidiPort usbPort(const std::string& serial, const std::string& socket, int numbe
     return made;
 }
 
-TEST(UniqueId, StaysWhatItIsFromReleaseToRelease) {
+TEST(UniqueId, IsTheSameInEveryRelease) {
     // Operators' settings contain these IDs, so they must not change.
     EXPECT_EQ(uniqueId(port("program:Vexa Generator/Vexa Generator"), {}), 1299922810);
     EXPECT_EQ(uniqueId(port("usb:1d6b:0104:at 1-1:00/1"), {}), -1608722274);
     EXPECT_EQ(uniqueId(usbPort("A1", "0000:00:14.0-2"), {}), -505933833);
 }
 
-TEST(UniqueId, IsNever0AndNoneThatIsTaken) {
+TEST(UniqueId, IsNeither0NorTaken) {
     std::set<MidiUniqueId> taken;
     for (int i = 0; i < 200000; ++i) // enough for 32-bit collisions
         EXPECT_TRUE(taken.insert(uniqueId(port("port " + std::to_string(i)), taken)).second);
@@ -47,7 +47,7 @@ TEST(MayHaveBeen, FindsASerialNumberInAnotherSocket) {
         EXPECT_FALSE(mayHaveBeen(id, usbPort("A1", "0000:00:1a.0-1.4", other)));
 }
 
-TEST(MayHaveBeen, KnowsTheIdsOfEarlierVersions) {
+TEST(MayHaveBeen, AcceptsTheIdsOfEarlierVersions) {
     const auto box = usbPort("A1", "0000:00:14.0-2");
     const auto alone = uniqueId(port("usb:1d6b:0104:A1:00/1"), {});
     const auto withATwin = uniqueId(port("usb:1d6b:0104:A1:00 at 0000:00:14.0-2/1"), {});
