@@ -87,7 +87,7 @@ class MidiTimecode(StudioTest):
 
 
 class LinearTimecode(StudioTest):
-    """LTC, recorded by jack_capture and decoded by libltc."""
+    """LTC, recorded by jack_rec and decoded by libltc."""
 
     def open(self, sample_rate, period):
         self.open_generator(sample_rate, period)

@@ -15,17 +15,23 @@ from support.waiting import eventually
 
 
 class Recording:
-    """A recording of a port by jack_capture."""
+    """A recording of a port by jack_rec."""
 
     def __init__(self, port, path):
         self._path = path
-        command = ["jack_capture", "--no-stdin", "--disable-meter", "--bitdepth", "16",
-                   "--channels", "1", "--port", port, path]
+        self._raw = f"{path}.unfinished"
+        command = ["jack_rec", "-f", self._raw, "-d", "3600", "-B", "480000", "-b", "16", port]
         self._child = Child(*command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        eventually("the recording runs", lambda: any("jack_capture" in p for p in listed_ports()))
+        eventually("the recording runs", lambda: any("jackrec" in p for p in listed_ports()))
 
     def end(self):
+        """Ends the recording once it is past what has been played: jack_rec drops what it has not yet
+        written. The length is missing from its header."""
+        enough = os.path.getsize(self._raw) + 200_000  # a second or more
+        eventually("all is written", lambda: os.path.getsize(self._raw) >= enough)
         self._child.stop(signal.SIGINT)
+        repair = ["sox", "-V1", "--ignore-length", "-t", "wav", self._raw, "-D", self._path]
+        subprocess.run(repair, check=True)
 
     def words(self):
         """Ends the recording, and returns the words that libltc decodes from it."""
