@@ -1,7 +1,6 @@
 """What the status line says of the destination, against what jack_midi_dump receives: every message
 that is said to be sent arrives, and none arrives that is not."""
 
-import pathlib
 import subprocess
 import unittest
 
@@ -19,7 +18,7 @@ class DestinationWords(DeviceTest):
     def setUp(self):
         super().setUp()
         self.output = self.settings.parent.parent / "words"
-        path = pathlib.Path(program.PATH).with_name("destination_words")
+        path = program.beside("destination_words")
         with self.output.open("w") as output:
             self.teller = Child(path, "jack", stdin=subprocess.PIPE, stdout=output)
         self.addCleanup(self.teller.stop)

@@ -112,7 +112,7 @@ class MidiMonitor:
         seconds."""
         if not self._child or not self._child.is_running():
             self._start()
-        sender = pathlib.Path(program.PATH).with_name("jack_send")
+        sender = program.beside("jack_send")
         sent = subprocess.run([sender, f"{self._name}:input", self._PROBE.hex()],
                               stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False)
         return sent.returncode == 0 and self._is_heard.wait(1)
