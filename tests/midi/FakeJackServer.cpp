@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <deque>
+#include <map>
 #include <mutex>
 #include <set>
 #include <utility>

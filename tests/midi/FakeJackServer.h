@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <future>
-#include <map>
 #include <string>
 #include <vector>
 

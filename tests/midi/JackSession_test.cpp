@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <memory>
 
 using namespace vexa;
