@@ -1,19 +1,21 @@
 // The cost of one clock tick in the window, without and with the big clock: the events it causes,
-// the area it repaints, and the processor time. Argument: the number of seconds, by default 10.
+// the area it repaints, and the processor time, beside those of a bare label that counts at the
+// same rate in the same size. Argument: the number of seconds of each, by default 10.
 
 #include "app/MainWindow.h"
 #include "app/TimerfdRunLoop.h"
+#include "bench/window_commands.h"
+#include "controls/ClockDisplay.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
 #include "midi/none/NoMidiSystem.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QMenu>
-#include <QMenuBar>
+#include <QLabel>
 #include <QMetaEnum>
 #include <QPaintEvent>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -60,30 +62,59 @@ void runFor(RunLoop& runLoop, RunLoop::Seconds time) {
     QCoreApplication::exec();
 }
 
-/// Chooses an item of the window's menu bar.
-void choose(const MainWindow& window, const QString& menu, const QString& title) {
-    for (const auto* top : window.menuBar()->actions())
-        for (auto* item : top->menu()->actions())
-            if (top->text() == menu && item->text() == title)
-                item->trigger();
-}
-
-/// Lets the clock run and prints what that costs.
-void measure(const char* what, TimerfdRunLoop& runLoop, RunLoop::Seconds measured, double frames) {
-    EventCounter counter;
-    QCoreApplication::instance()->installEventFilter(&counter);
+/// The processor's seconds for a tick.
+double costOfTick(TimerfdRunLoop& runLoop, RunLoop::Seconds measured, double frames) {
     const double before = processorSeconds();
     runFor(runLoop, measured);
-    const double spent = processorSeconds() - before;
-    QCoreApplication::instance()->removeEventFilter(&counter);
+    return (processorSeconds() - before) / (measured.count() * frames);
+}
 
-    const double ticks = measured.count() * frames;
+/// Lets a label of that size count instead of the clock, and returns its costOfTick().
+double costOfLabel(TimerfdRunLoop& runLoop, RunLoop::Seconds measured, double frames,
+                   const QSize& size) {
+    constexpr double digitsInWidth = 11; // as many as the clock has room for
+    constexpr double widthOfDigit = 0.64;
+    QLabel label;
+    auto font = label.font();
+    font.setPixelSize(std::min(size.height(), qRound(size.width() / digitsInWidth / widthOfDigit)));
+    label.setFont(font);
+    label.setAlignment(Qt::AlignCenter);
+    label.resize(size);
+    label.show();
+    Timecode time;
+    const auto ticks = runLoop.scheduleTimer(RunLoop::Seconds(1 / frames), true, [&] {
+        time = advanced(time, 1, frameRateForCode(rate::fps30));
+        label.setText(QString::fromStdString(timecodeText(time)));
+    });
+    runFor(runLoop, RunLoop::Seconds(1));
+    return costOfTick(runLoop, measured, frames);
+}
+
+struct Shown {
+    const char* what;
+    QSize clock; ///< the size of the largest clock
+};
+
+/// Lets the clock run and prints what that costs.
+void measure(const Shown& shown, TimerfdRunLoop& runLoop, RunLoop::Seconds measured,
+             Vexa_RemoteAppDelegate& controller) {
+    const double frames = static_cast<double>(controller.frameCount());
+    EventCounter counter;
+    QCoreApplication::instance()->installEventFilter(&counter);
+    const double cost = costOfTick(runLoop, measured, frames);
+    QCoreApplication::instance()->removeEventFilter(&counter);
+    controller.handleStripeMenuItems(transport::stopped);
+    const double costOfBareLabel = costOfLabel(runLoop, measured, frames, shown.clock);
+    controller.handleStripeMenuItems(transport::playing);
+
     std::printf("## Clock tick: what it costs %s, on platform %s\n\n"
                 "Aim: under 2 %% of a core. Processor time a tick: %.0f us, which is %.2f %% of a "
-                "core at %g frames.\n\n"
+                "core at %g frames.\nA bare label of %d x %d: %.0f us. Ratio: %.2f.\n\n"
                 "| event | receiver | a tick | pixels painted a tick |\n|---|---|---|---|\n",
-                what, qUtf8Printable(QGuiApplication::platformName()), spent / ticks * 1e6,
-                spent / measured.count() * 100, frames);
+                shown.what, qUtf8Printable(QGuiApplication::platformName()), cost * 1e6,
+                cost * frames * 100, frames, shown.clock.width(), shown.clock.height(),
+                costOfBareLabel * 1e6, cost / costOfBareLabel);
+    const double ticks = measured.count() * frames;
     for (const auto& [event, tally] : counter.tallies)
         std::printf("| %s | %.2f | %.0f |\n", event.c_str(),
                     static_cast<double>(tally.events) / ticks,
@@ -109,9 +140,16 @@ int main(int argc, char* argv[]) {
     controller.handleStripeMenuItems(transport::playing);
     runFor(runLoop, RunLoop::Seconds(1)); // until the window is idle
 
-    measure("the window", runLoop, measured, controller.frameCount());
+    const auto sizeOfLargestClock = [] {
+        QSize largest;
+        for (const auto* widget : QApplication::allWidgets())
+            if (qobject_cast<const ClockDisplay*>(widget) && widget->width() > largest.width())
+                largest = widget->size();
+        return largest;
+    };
+    measure({"the window", sizeOfLargestClock()}, runLoop, measured, controller);
     std::puts("");
     choose(window, QStringLiteral("&View"), QStringLiteral("&Big Clock"));
     runFor(runLoop, RunLoop::Seconds(1));
-    measure("the window and the big clock", runLoop, measured, controller.frameCount());
+    measure({"the window and the big clock", sizeOfLargestClock()}, runLoop, measured, controller);
 }
