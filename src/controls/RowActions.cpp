@@ -22,6 +22,8 @@ namespace vexa {
 
 namespace {
 
+bool isTooLong(const QString& text) { return text.size() > mostBytes / 2; }
+
 /// The widget with the focus if it is of this kind, otherwise null.
 template<typename Kind>
 Kind* focused() {
@@ -113,21 +115,28 @@ ReadingOptions RowActions::readingOptions() const {
     return {m_controller.frameRate(), m_controller.syncType(), EditTimes::source};
 }
 
-void RowActions::take(const QString& text, const QString& actionName) {
+void RowActions::take(const OfferedText& offered, const QString& actionName) {
     constexpr qsizetype readInAMoment = 100'000; // characters
-    const auto taken = [this, text, actionName](const ReadRows& rows) {
-        if (rows.fault.isNull() && rows.refused.empty())
-            add(rows, actionName);
-        else
-            ask(actionName, actionName, [text] { return FileText{text, {}}; });
+    struct Taken {
+        QString text;
+        ReadRows rows;
     };
-    const auto work = [text, options = readingOptions()] { return readRows(text, options); };
-    if (text.size() > mostBytes / 2)
-        showMessage(m_window, tr("What is on the clipboard is too long for a list."));
-    else if (text.size() <= readInAMoment)
-        taken(work());
+    const auto work = [offered, options = readingOptions()] {
+        const auto text = offered.text();
+        return Taken{text, isTooLong(text) ? ReadRows() : readRows(text, options)};
+    };
+    const auto add = [this, actionName](const Taken& taken) {
+        if (isTooLong(taken.text))
+            showMessage(m_window, tr("What is on the clipboard is too long for a list."));
+        else if (taken.rows.fault.isNull() && taken.rows.refused.empty())
+            this->add(taken.rows, actionName);
+        else
+            ask(actionName, actionName, [text = taken.text] { return FileText{text, {}}; });
+    };
+    if (offered.size <= readInAMoment)
+        add(work());
     else
-        inBackground(*this, work, taken);
+        inBackground(*this, work, add);
 }
 
 void RowActions::ask(const QString& title, const QString& actionName,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/RowsMimeData.h"
 #include "controls/SheetPrinting.h"
 #include "controls/StripedTimes.h"
 #include "interchange/read_rows.h"
@@ -39,7 +40,7 @@ private:
     ReelSheet sheet() const;
     ReadingOptions readingOptions() const;
     /// Adds the rows of a text. Asks if some of it cannot be read.
-    void take(const QString& text, const QString& actionName);
+    void take(const OfferedText& offered, const QString& actionName);
     void ask(const QString& title, const QString& actionName,
              const std::function<FileText()>& source);
     void add(const ReadRows& rows, const QString& actionName);

@@ -3,6 +3,7 @@
 #include "controls/clipboard_text.h"
 #include "interchange/delimited_rows.h"
 
+#include <iterator>
 #include <memory>
 
 namespace vexa {
@@ -32,8 +33,13 @@ QVariant RowsMimeData::retrieveData(const QString& mimeType, QMetaType type) con
     return type.id() == QMetaType::QString ? QVariant(text) : QVariant(text.toUtf8());
 }
 
-QString RowsMimeData::rowsText(const QMimeData& data) {
-    return clipboardText(data, {tabText, commaText});
+OfferedText RowsMimeData::rowsText(const QMimeData& data) {
+    constexpr qsizetype usualRow = 80; // characters
+    if (const auto* own = qobject_cast<const RowsMimeData*>(&data))
+        return {usualRow * std::ssize(own->m_items),
+                [items = own->m_items] { return delimitedText(items, u'	'); }};
+    const auto text = clipboardText(data, {tabText, commaText});
+    return {text.size(), [text] { return text; }};
 }
 
 } // namespace vexa

@@ -4,7 +4,15 @@
 
 #include <QMimeData>
 
+#include <functional>
+
 namespace vexa {
+
+/// Text from a clipboard.
+struct OfferedText {
+    qsizetype size;                ///< in bytes or characters, roughly
+    std::function<QString()> text; ///< may be called on any thread, and can take a while
+};
 
 /// Rows for the clipboard, as tab-separated and comma-separated text. Each is written on request,
 /// from the items as they were when copied.
@@ -18,7 +26,7 @@ public:
     bool hasFormat(const QString& mimeType) const override;
 
     /// The rows that this or another program offers as text, in the best of the formats offered.
-    static QString rowsText(const QMimeData& data);
+    static OfferedText rowsText(const QMimeData& data);
 
 protected:
     QVariant retrieveData(const QString& mimeType, QMetaType type) const override;

@@ -110,7 +110,9 @@ void VexaBatchTableView::selectRows(const RowIndexes& rows) {
             selection.append(QItemSelectionRange(m_model.index(number, 0), last));
     }
     const QSignalBlocker quiet(this);
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    // In one step, Qt would compare each range with each earlier one.
+    selectionModel()->clearSelection();
+    selectionModel()->select(selection, QItemSelectionModel::Select);
 }
 
 RowIndexes VexaBatchTableView::keyboardRow() const {

@@ -153,9 +153,11 @@ private:
     void showSettings(std::uint64_t start, std::uint64_t stop);
     void pushStopTimePastStart(); // settings_edits.cpp
     void registerEdit(const QString& actionName, std::function<void(const QString&)> inverse);
-    /// Changes the list and shows the result. Remaining rows keep the selection and the keyboard
-    /// focus. The caller announces the change.
-    void changeBatchList(const std::function<void()>& change); // batch_editing.cpp
+    /// Changes the list and shows the result. Selects the rows of these items or, if there are
+    /// none, those that were selected and remain. The keyboard focus stays with its row. The caller
+    /// announces the change.
+    void changeBatchList(const std::function<void()>& change,
+                         const BatchItems& toSelect = {}); // batch_editing.cpp
     void registerRemoval(BatchItems items, const RowIndexes& rows, const QString& actionName);
     bool mayReplaceList(); // document_commands.cpp
     int ask(const Alert& question);

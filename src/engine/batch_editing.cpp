@@ -19,11 +19,13 @@ QString stripe(std::uint64_t mode) {
 
 } // namespace
 
-void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change) {
+void Vexa_RemoteAppDelegate::changeBatchList(const std::function<void()>& change,
+                                             const BatchItems& toSelect) {
     auto& table = *m_outlets.batchTable;
     const auto& list = m_batchStripeData;
     table.commitEditing();
-    const auto selected = list.itemsOfRows(table.selectedRowIndexes());
+    const auto selected =
+        toSelect.empty() ? list.itemsOfRows(table.selectedRowIndexes()) : toSelect;
     const auto keyboard = list.itemsOfRows(table.keyboardRow());
     change();
     table.reloadData();

@@ -25,17 +25,16 @@ void Vexa_RemoteAppDelegate::changeItems(const BatchItems& removed, const BatchI
     auto& table = *m_outlets.batchTable;
     auto& list = m_batchStripeData;
     const auto emptied = list.rowsOfItems(removed);
-    changeBatchList([&] {
-        list.deleteIndexedItems(emptied);
-        list.addItems(added);
-    });
-    const auto filled = list.rowsOfItems(added);
+    changeBatchList(
+        [&] {
+            list.deleteIndexedItems(emptied);
+            list.addItems(added);
+        },
+        added);
+    const auto filled = added.empty() ? RowIndexes() : table.selectedRowIndexes();
     table.moveKeyboardTo(filled.empty() ? emptied : filled);
-    if (!filled.empty()) {
-        table.selectRows(filled);
+    if (!filled.empty())
         table.scrollToItem(list.batchList()[*filled.begin()]);
-        fitBatchControls();
-    }
     // As with the panel: adding items, or undoing that, is an unsaved change. Redoing an addition
     // is not, nor is any deletion.
     const auto& addition = m_undoManager.isUndoing() ? removed : added;

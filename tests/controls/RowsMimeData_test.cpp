@@ -34,14 +34,22 @@ TEST(RowsMimeData, KeepsTheRowsAsTheyWere) {
     EXPECT_TRUE(data.text().contains(u"before"_s));
 }
 
+TEST(RowsMimeData, GivesItsTextEvenWhenItIsGone) {
+    auto data = std::make_unique<RowsMimeData>(BatchItems{item(u"Part one"_s)});
+    const auto text = data->text();
+    const auto offered = RowsMimeData::rowsText(*data);
+    data.reset();
+    EXPECT_EQ(offered.text(), text);
+}
+
 TEST(RowsMimeData, TakesTheBestOfWhatIsOffered) {
     QMimeData data;
     data.setText(u"plain"_s);
-    EXPECT_EQ(RowsMimeData::rowsText(data), u"plain"_s);
+    EXPECT_EQ(RowsMimeData::rowsText(data).text(), u"plain"_s);
     data.setData(u"text/csv"_s, "commas \xE9");
-    EXPECT_EQ(RowsMimeData::rowsText(data), u"commas é"_s);
+    EXPECT_EQ(RowsMimeData::rowsText(data).text(), u"commas é"_s);
     data.setData(u"text/tab-separated-values"_s, "tabs");
-    EXPECT_EQ(RowsMimeData::rowsText(data), u"tabs"_s);
+    EXPECT_EQ(RowsMimeData::rowsText(data).text(), u"tabs"_s);
 }
 
 } // namespace
