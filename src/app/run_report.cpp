@@ -35,9 +35,9 @@ BatchItemRef itemToTellOf(const StripeRun& run) {
 std::string timesText(const RunReport& report) {
     if (!report.itemLeft)
         return {};
-    auto left = "  " + durationText(*report.itemLeft) + " left";
+    auto left = "  " + timeLeftText(*report.itemLeft) + " left";
     if (report.item && report.runLeft.time)
-        left += ", " + durationText(*report.runLeft.time) + " of the run";
+        left += ", " + timeLeftText(*report.runLeft.time) + " of the run";
     if (report.runLeft.reelChanges != 0)
         left += " + reel changes";
     return left;

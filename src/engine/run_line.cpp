@@ -30,7 +30,7 @@ QString codes(const StripeSettings& settings) {
                      type;
 }
 
-QString durationOf(RunLoop::Seconds time) { return QString::fromStdString(durationText(time)); }
+QString timeLeft(RunLoop::Seconds time) { return QString::fromStdString(timeLeftText(time)); }
 
 QString joined(const QStringList& parts, const QString& between = separator) {
     QStringList said;
@@ -58,20 +58,20 @@ QString endOf(const RunSituation& now) {
 QString wholeOf(const RunSituation& now) {
     if (!now.leftOfRun)
         return QStringLiteral("the run does not end");
-    const auto time = QStringLiteral("%1 of the run").arg(durationOf(*now.leftOfRun));
+    const auto time = QStringLiteral("%1 of the run").arg(timeLeft(*now.leftOfRun));
     return now.asksForReels ? time + QStringLiteral(" + reel changes")
                             : joined({time, endOf(now)}, QStringLiteral(", "));
 }
 
 QString leftOf(const std::optional<RunLoop::Seconds>& time) {
-    return time ? QStringLiteral("%1 left").arg(durationOf(*time)) : QString();
+    return time ? QStringLiteral("%1 left").arg(timeLeft(*time)) : QString();
 }
 
 RunLine readyForItems(const RunSituation& now) {
     RunLine line{.words = QStringLiteral("ready: %1 · %2")
                               .arg(counted(now.items, QStringLiteral("item")),
                                    counted(now.reels, QStringLiteral("reel"))),
-                 .left = now.leftOfRun ? durationOf(*now.leftOfRun) : QString()};
+                 .left = now.leftOfRun ? timeLeft(*now.leftOfRun) : QString()};
     line.sentence = joined({line.words, line.left});
     return line;
 }

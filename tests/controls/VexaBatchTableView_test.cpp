@@ -352,7 +352,7 @@ TEST_F(TableView, ShowsDurationsWhereTheOperatorWantsThem) {
     table.setShowsDurations(true);
     ASSERT_EQ(table.model()->columnCount(), columns + 1);
     EXPECT_EQ(table.model()->headerData(columns, Qt::Horizontal).toString(), u"Duration"_s);
-    EXPECT_EQ(table.model()->index(0, columns).data().toString(), u"1:03"_s);
+    EXPECT_EQ(table.model()->index(0, columns).data().toString(), u"1:02"_s);
     EXPECT_FALSE(table.model()->flags(table.model()->index(0, columns)) & Qt::ItemIsEditable);
     EXPECT_EQ(table.onlySelectedRow(), 1u);
     EXPECT_EQ(table.columnWidth(2), width);
