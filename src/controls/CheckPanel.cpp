@@ -100,7 +100,7 @@ void CheckPanel::check() {
     auto findings = checkList(items, static_cast<std::uint64_t>(m_minutes->value()));
     if (findings == m_model.findings() && !m_summary->text().isEmpty())
         return m_list->viewport()->update(); // titles may differ; keeps the selection
-    m_summary->setText(findings.empty() ? tr("Nothing to say of this list.")
+    m_summary->setText(findings.empty() ? tr("Nothing to report.")
                                         : tr("Findings: %1").arg(findings.size()));
     m_model.setFindings(std::move(findings));
 }

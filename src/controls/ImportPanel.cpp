@@ -72,8 +72,8 @@ void ImportPanel::build() {
     m_lines->setWordWrap(false);
     setColumnWidths();
     auto* choices = new QFormLayout;
-    choices->addRow(tr("Frame &rate, where it is not told:"), m_rate);
-    choices->addRow(tr("&Sync type, where it is not told:"), m_type);
+    choices->addRow(tr("Frame &rate if not stated:"), m_rate);
+    choices->addRow(tr("&Sync type if not stated:"), m_type);
     choices->addRow(tr("&Times of an edit list:"), m_times);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     m_add = buttons->addButton(tr("&Add Rows"), QDialogButtonBox::AcceptRole);
@@ -118,11 +118,10 @@ void ImportPanel::read() {
 }
 
 void ImportPanel::show(const ReadRows& rows) {
-    m_summary->setText(rows.fault.isNull()
-                           ? tr("Rows that can be added: %1. Lines that cannot: %2.")
-                                 .arg(rows.rows.size())
-                                 .arg(rows.refused.size())
-                           : tr("Nothing can be read: %1.").arg(rows.fault));
+    m_summary->setText(rows.fault.isNull() ? tr("Rows to add: %1. Lines skipped: %2.")
+                                                 .arg(rows.rows.size())
+                                                 .arg(rows.refused.size())
+                                           : tr("Nothing can be read: %1.").arg(rows.fault));
     m_rate->setEnabled(m_rate->isEnabled() || rows.assumedRate);
     m_type->setEnabled(m_type->isEnabled() || rows.assumedType);
     m_add->setEnabled(!rows.rows.empty());

@@ -72,7 +72,7 @@ QString ReadRowsModel::text(const ReadRows::Refusal& refusal, int column) const 
     case Column::title:
         return singleLine(refusal.text);
     case Column::remark:
-        return tr("not taken: %1").arg(refusal.reason);
+        return tr("skipped: %1").arg(refusal.reason);
     default:
         return {};
     }
@@ -90,7 +90,7 @@ QVariant ReadRowsModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     return QStringList{tr("Line"), tr("Reel"), tr("Title"), tr("Start"),
-                       tr("Stop"), tr("Rate"), tr("Sync"),  tr("What becomes of it")}
+                       tr("Stop"), tr("Rate"), tr("Sync"),  tr("Result")}
         .value(section);
 }
 

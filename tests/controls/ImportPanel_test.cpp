@@ -28,9 +28,9 @@ TEST(ReadRowsModel, ShowsRowsAndRefusedLinesInTheOrderOfTheText) {
         return cells.join(u'|');
     };
     ASSERT_EQ(model.rowCount(), 3);
-    EXPECT_EQ(row(0), u"1||soon|||||not taken: no start time"_s);
+    EXPECT_EQ(row(0), u"1||soon|||||skipped: no start time"_s);
     EXPECT_EQ(row(1), u"2|1|a|01:00:00:00|01:10:00:00|25 fps|MTC|will be added"_s);
-    EXPECT_EQ(row(2), u"3||later|||||not taken: no start time"_s);
+    EXPECT_EQ(row(2), u"3||later|||||skipped: no start time"_s);
 }
 
 class Import : public testing::Test {

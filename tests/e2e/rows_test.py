@@ -158,7 +158,7 @@ class Rows(DeviceTest):
         window, batch, _ = self.open_rows(ONE, TWO)
         window.choose("Batch List", "Check List…")
         window.await_title("Check List")
-        self.assertTrue(window.is_shown("Nothing to say of this list."))
+        self.assertTrue(window.is_shown("Nothing to report."))
         window.await_active("Check List")
         put_on_clipboard("\t".join(overlapping.row))
         window.choose("Edit", "Paste")

@@ -78,7 +78,7 @@ class FromASpreadsheetToTheReels(StudioTest):
         self.window.keys("Tab", "Down", "Return")
         eventually("its row is selected", lambda: self.batch.selected() == [1])
         self.window.choose("Batch List", "Replace Row by Settings")
-        nothing = "Nothing to say of this list."
+        nothing = "Nothing to report."
         eventually("nothing is left to say", lambda: self.window.is_shown(nothing))
         self.window.keys("Escape")
         self.window.await_title("Check List", there=False)
