@@ -16,7 +16,7 @@ BUS_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
 
 @functools.cache
-def start():
+def start(size="1800x1400"):
     """Starts a desktop for the rest of this process, and directs the process and its children to
     it. Starts only one, as the accessibility library cannot change buses."""
     runtime = tempfile.TemporaryDirectory(prefix="vexa-e2e-runtime-")
@@ -33,7 +33,7 @@ def start():
         children.append(Child(*command, **silent, **popen_arguments))
 
     atexit.register(stop)
-    screen = ["-screen", "0", "1800x1400x24", "-nolisten", "tcp", "-noreset"]
+    screen = ["-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset"]
     # The server picks a free display number, and reports it when ready.
     display = _answer(lambda fd: child("Xvfb", "-displayfd", fd, *screen, pass_fds=[fd]))
     os.environ["DISPLAY"] = f":{display}"
