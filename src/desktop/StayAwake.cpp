@@ -59,6 +59,10 @@ void StayAwake::ask(std::size_t service) {
     if (!m_isAsking)
         return;
     const auto& asked = m_services[service];
+    if (!asked.bus.isConnected()) { // such a call never finishes
+        ask(service + 1);
+        return;
+    }
     constexpr int anyTime = std::numeric_limits<int>::max(); // what is promised late is taken too
     auto* reply = new QDBusPendingCallWatcher(asked.bus.asyncCall(asked.request, anyTime), this);
     auto* patience = new QTimer(reply);

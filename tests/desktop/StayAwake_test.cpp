@@ -121,6 +121,15 @@ TEST_F(Awake, APortalThatAnswersNonsenseIsPassedOver) {
     EXPECT_THAT(portal.calls(1), ElementsAre("Inhibit"));
 }
 
+TEST_F(Awake, ServicesOfABusThatIsNotThereAreNotWaitedFor) {
+    auto logind = logindOn(bus);
+    const QDBusConnection none(QStringLiteral("none"));
+    const StayAwake withoutSession(run, {[none] { return none; }, [this] { return ours; }},
+                                   std::chrono::hours(1));
+    run.play(From::startTime);
+    EXPECT_THAT(logind.calls(1), ElementsAre("Inhibit"));
+}
+
 TEST_F(ImpatientlyAwake, APromiseThatComesAfterTheOthersRefusedIsKept) {
     auto logind = logindOn(bus);
     screenSaver.hold();
