@@ -10,8 +10,9 @@ namespace {
 
 const auto programName = QStringLiteral("Vexa Remote");
 const auto reason = QStringLiteral("Timecode is being striped");
+const auto portalRequest = QStringLiteral("org.freedesktop.portal.Request");
 
-Inhibition::GiveBack callWithoutReply(const QDBusConnection& bus, const QDBusMessage& message) {
+std::function<void()> callWithoutReply(const QDBusConnection& bus, const QDBusMessage& message) {
     return [bus, message] { bus.call(message, QDBus::NoBlock); };
 }
 
@@ -28,11 +29,10 @@ Inhibition portalInhibition(const QDBusConnection& session) {
     const auto promiseIn = [session, portal](const QDBusMessage& reply) {
         const auto object = reply.arguments().value(0).value<QDBusObjectPath>().path();
         if (object.isEmpty())
-            return Inhibition::GiveBack();
-        return callWithoutReply(session, QDBusMessage::createMethodCall(
-                                             portal, object,
-                                             QStringLiteral("org.freedesktop.portal.Request"),
-                                             QStringLiteral("Close")));
+            return Inhibition::Promise();
+        const auto close =
+            QDBusMessage::createMethodCall(portal, object, portalRequest, QStringLiteral("Close"));
+        return Inhibition::Promise{callWithoutReply(session, close), object};
     };
     return {session, request, promiseIn};
 }
@@ -48,8 +48,9 @@ Inhibition screenSaverInhibition(const QDBusConnection& session) {
     const auto promiseIn = [session, call](const QDBusMessage& reply) {
         const auto cookie = reply.arguments().value(0);
         if (cookie.typeId() != QMetaType::UInt)
-            return Inhibition::GiveBack();
-        return callWithoutReply(session, call(QStringLiteral("UnInhibit")) << cookie);
+            return Inhibition::Promise();
+        const auto uninhibit = call(QStringLiteral("UnInhibit")) << cookie;
+        return Inhibition::Promise{callWithoutReply(session, uninhibit), {}};
     };
     return {session, call(QStringLiteral("Inhibit")) << programName << reason, promiseIn};
 }
@@ -63,7 +64,7 @@ Inhibition logindInhibition(const QDBusConnection& system) {
         << QStringLiteral("idle:sleep") << programName << reason << QStringLiteral("block");
     const auto promiseIn = [](const QDBusMessage& reply) {
         const auto file = reply.arguments().value(0).value<QDBusUnixFileDescriptor>();
-        return file.isValid() ? [file] {} : Inhibition::GiveBack();
+        return file.isValid() ? Inhibition::Promise{[file] {}, {}} : Inhibition::Promise();
     };
     return {system, request, promiseIn};
 }
@@ -72,6 +73,11 @@ Inhibition logindInhibition(const QDBusConnection& system) {
 
 std::vector<Inhibition> inhibitions(const QDBusConnection& session, const QDBusConnection& system) {
     return {portalInhibition(session), screenSaverInhibition(session), logindInhibition(system)};
+}
+
+void connectPortalResponse(QDBusConnection session, QObject& receiver, const char* slot) {
+    // Of any sender: finding out which one the portal is would wait for the bus.
+    session.connect({}, {}, portalRequest, QStringLiteral("Response"), &receiver, slot);
 }
 
 } // namespace vexa

@@ -48,14 +48,16 @@ void StayAwake::joinBuses() {
     m_joining.reset(QThread::create(
         [joined, buses = m_buses] { joined->emplace(buses.session(), buses.system()); }));
     connect(m_joining.get(), &QThread::finished, this, [this, joined] {
-        m_services = inhibitions((*joined)->first, (*joined)->second);
+        const auto& [session, system] = **joined;
+        m_services = inhibitions(session, system);
+        connectPortalResponse(session, *this, SLOT(hearPortal(uint, QVariantMap, QDBusMessage)));
         ask(0);
     });
     m_joining->start();
 }
 
 void StayAwake::ask(std::size_t service) {
-    m_isAsking = m_isWanted && !m_promise && service < m_services.size();
+    m_isAsking = m_isWanted && !m_promise.giveBack && service < m_services.size();
     if (!m_isAsking)
         return;
     const auto& asked = m_services[service];
@@ -78,18 +80,27 @@ void StayAwake::ask(std::size_t service) {
     });
 }
 
-void StayAwake::take(Inhibition::GiveBack promise) {
-    if (!promise)
+void StayAwake::take(const Inhibition::Promise& promise) {
+    if (!promise.giveBack)
         return;
-    if (m_isWanted && !m_promise)
-        m_promise = std::move(promise);
+    if (m_isWanted && !m_promise.giveBack)
+        m_promise = promise;
     else
-        promise();
+        promise.giveBack();
+}
+
+void StayAwake::hearPortal(uint response, const QVariantMap&, const QDBusMessage& signal) {
+    constexpr uint granted = 0;
+    constexpr std::size_t afterPortal = 1;
+    if (response == granted || signal.path() != m_promise.object)
+        return;
+    giveBack();
+    ask(afterPortal);
 }
 
 void StayAwake::giveBack() {
-    if (const auto promise = std::exchange(m_promise, nullptr))
-        promise();
+    if (const auto promise = std::exchange(m_promise, {}); promise.giveBack)
+        promise.giveBack();
 }
 
 } // namespace vexa

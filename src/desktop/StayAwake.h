@@ -19,6 +19,8 @@ class StripeRun;
 /// late is kept if there is no other, or given back. If there is no service, or no bus, the machine
 /// behaves as usual. Main thread only.
 class StayAwake : public QObject {
+    Q_OBJECT
+
 public:
     /// Connecting to a bus may take time, so another thread does it, at the first run.
     struct Buses {
@@ -32,18 +34,21 @@ public:
               std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~StayAwake() override;
 
+private Q_SLOTS:
+    void hearPortal(uint response, const QVariantMap& results, const QDBusMessage& signal);
+
 private:
     void setWanted(bool isWanted);
     void joinBuses();
     void ask(std::size_t service);
-    void take(Inhibition::GiveBack promise);
+    void take(const Inhibition::Promise& promise);
     void giveBack();
 
     const Buses m_buses;
     const std::chrono::milliseconds m_patience;
     std::unique_ptr<QThread> m_joining;
     std::vector<Inhibition> m_services; ///< empty until the buses are connected
-    Inhibition::GiveBack m_promise;     ///< the one that is held
+    Inhibition::Promise m_promise;      ///< the one that is held
     bool m_isWanted = false;
     bool m_isAsking = false;
 };

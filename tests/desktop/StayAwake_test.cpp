@@ -121,6 +121,28 @@ TEST_F(Awake, APortalThatAnswersNonsenseIsPassedOver) {
     EXPECT_THAT(portal.calls(1), ElementsAre("Inhibit"));
 }
 
+TEST_F(Awake, APromiseOfThePortalThatTheDesktopRefusesIsAskedOfTheNext) {
+    auto portal = portalOn(bus, QVariant::fromValue(QDBusObjectPath(portalPath)));
+    const auto respond = [&](uint response) {
+        auto signal =
+            QDBusMessage::createSignal(portalPath, QStringLiteral("org.freedesktop.portal.Request"),
+                                       QStringLiteral("Response"));
+        bus.connection(QStringLiteral("portal")).send(signal << response << QVariantMap());
+    };
+    run.play(From::startTime);
+    portal.calls(1);
+    respond(0);
+    run.stop();
+    EXPECT_THAT(portal.calls(2), ElementsAre("Inhibit", "Close"));
+    run.play(From::startTime);
+    portal.calls(3);
+    respond(2);
+    EXPECT_THAT(screenSaver.calls(1), ElementsAre("Inhibit"));
+    EXPECT_THAT(portal.calls(4), ElementsAre("Inhibit", "Close", "Inhibit", "Close"));
+    run.stop();
+    EXPECT_THAT(screenSaver.calls(2), ElementsAre("Inhibit", "UnInhibit 7"));
+}
+
 TEST_F(Awake, ServicesOfABusThatIsNotThereAreNotWaitedFor) {
     auto logind = logindOn(bus);
     const QDBusConnection none(QStringLiteral("none"));
