@@ -112,8 +112,12 @@ class MidiMonitor:
         seconds."""
         if not self._child or not self._child.is_running():
             self._start()
-        sender = program.beside("jack_send")
-        sent = subprocess.run([sender, f"{self._name}:input", self._PROBE.hex()],
+        # The server lists ports in the order of the numbers that are free when they come, so the
+        # sender's must not come between two receivers'.
+        port = f"{self._name}:input"
+        if port not in listed_ports():
+            return False
+        sent = subprocess.run([program.beside("jack_send"), port, self._PROBE.hex()],
                               stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False)
         return sent.returncode == 0 and self._is_heard.wait(1)
 
