@@ -18,7 +18,8 @@ class ServicesTest(dbusmock.DBusTestCase, ProgramTest):
     def setUp(self):
         super().setUp()
         self.start_system_bus()
-        self.addCleanup(self.tearDownClass)
+        # Of the class that keeps the buses: a subclass would stop only the first one.
+        self.addCleanup(dbusmock.DBusTestCase.tearDownClass)
         self.addCleanup(self.setUpClass)
         self.session = self.get_dbus()
         self.servers = []
