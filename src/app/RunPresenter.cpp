@@ -7,9 +7,11 @@
 #include "controls/plain_text.h"
 #include "engine/Vexa_RemoteAppDelegate.h"
 #include "midi/Vexa_MIDI_Manager.h"
+#include "text/duration_text.h"
 
 #include <QLabel>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -58,11 +60,11 @@ void RunPresenter::addDisplay(DisplayPanel& display) {
 
 void RunPresenter::refreshSoon() { m_refresh.start(0); }
 
-/// Most frames change only the clock; the rest is refreshed when the displayed second changes.
+/// Most frames change only the clock; the rest is refreshed when a displayed second changes.
 void RunPresenter::followTick() {
-    const auto left = m_teller.leftOfItem();
-    const auto seconds = left ? std::optional(std::ceil(left->count())) : std::nullopt;
-    if (std::exchange(m_secondsLeft, seconds) != seconds)
+    const auto shown = [](const auto& left) { return left ? timeLeftText(*left) : std::string(); };
+    const std::pair left(shown(m_teller.leftOfItem()), shown(m_teller.leftOfRun()));
+    if (std::exchange(m_shownLeft, left) != left)
         refresh();
 }
 
@@ -89,11 +91,17 @@ QString RunPresenter::entry() const {
     return {};
 }
 
-/// The time until the countdown of the pause shows another second.
-int RunPresenter::millisecondsToNextSecond() const {
+/// The time until the pause, or the run that counts down with it, shows another second.
+int RunPresenter::millisecondsToNextSecond() {
     constexpr double msPerSecond = 1000;
-    const double left = m_run.pauseLeft().value_or(RunLoop::Seconds{}).count();
-    const double part = left - std::floor(left);
+    const auto begunSecond = [](const auto& time) {
+        const double left = time.value_or(RunLoop::Seconds{}).count();
+        return left - std::floor(left);
+    };
+    // A run that does not end shows no time.
+    const auto pause = m_run.pauseLeft();
+    const auto run = m_teller.leftOfRun();
+    const double part = std::min(begunSecond(pause), begunSecond(run ? run : pause));
     return static_cast<int>(std::ceil(part * msPerSecond)) + 1;
 }
 

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <string>
+#include <utility>
 #include <vector>
 
 class QLabel;
@@ -44,7 +46,7 @@ private:
     void followTick();
     void tell(DisplayPanel& display, const RunLine& line);
     QString entry() const;
-    int millisecondsToNextSecond() const;
+    int millisecondsToNextSecond();
 
     const StripeRun& m_run;
     const Vexa_MIDI_Manager& m_manager;
@@ -52,9 +54,9 @@ private:
     const Views m_views;
     std::vector<QPointer<DisplayPanel>> m_displays;
     QTimer m_refresh;
-    QTimer m_age;                        ///< updates the age of the last message
-    QTimer m_destinationNews;            ///< announces all that Play sends as one
-    std::optional<double> m_secondsLeft; ///< of the item, as displayed
+    QTimer m_age;                                    ///< updates the age of the last message
+    QTimer m_destinationNews;                        ///< announces all that Play sends as one
+    std::pair<std::string, std::string> m_shownLeft; ///< of the item, and of the run
 };
 
 } // namespace vexa

@@ -31,6 +31,8 @@ public:
     StatusLine status(const QString& entry);
     /// The time left of the current item or single stripe; empty if it does not end by itself.
     std::optional<RunLoop::Seconds> leftOfItem() const { return m_times.leftOfItem(); }
+    /// The time left of the run; empty if it does not end by itself.
+    std::optional<RunLoop::Seconds> leftOfRun() { return m_times.leftOfRun().time; }
     /// The duration of a stripe with the current settings, "lasts 10:00"; empty if it never ends.
     QString lasts() const;
 

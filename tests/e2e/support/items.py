@@ -26,6 +26,13 @@ def fields(time):
     return [int(pair) for pair in time.split(":")]
 
 
+def seconds_of(item):
+    """How long the clock counts; one frame, if the stop is no later than the start."""
+    frames = _frame_number(item.stop, item.rate) - _frame_number(item.start, item.rate)
+    per_second = 29.97 if item.rate == "30 df" else int(item.rate[:2])
+    return max(frames, 1) / per_second
+
+
 def list_file(items):
     """A batch list file with these items."""
     return plistlib.dumps({"vexabatchlist": [_element(n, item) for n, item in enumerate(items)]})
@@ -34,6 +41,15 @@ def list_file(items):
 def items_in(list_file):
     """The items in a batch list file."""
     return [_item(element) for element in plistlib.loads(list_file)["vexabatchlist"]]
+
+
+def _frame_number(time, rate):
+    """How many frames of the day come before that time."""
+    hours, minutes, seconds, frames = fields(time)
+    minutes += 60 * hours
+    number = (60 * minutes + seconds) * int(rate[:2]) + frames
+    # Two numbers are dropped at every minute but each tenth.
+    return number - 2 * (minutes - minutes // 10) if rate == "30 df" else number
 
 
 def _element(number, item):
