@@ -2,6 +2,7 @@
 
 import math
 import re
+import subprocess
 import time
 import unittest
 
@@ -214,6 +215,28 @@ class Telling(DeviceTest):
             self.expect_messages(STOP)
             self.window.keys(leaves)
             self.window.await_title("Big Clock", there=False)
+
+    def test_the_big_clock_takes_the_second_screen(self):
+        screens = {"left": "1000/264x1400/370+0+0", "right": "800/212x1400/370+1000+0"}
+        for name, place in screens.items():
+            output = "screen" if name == "left" else "none"  # the server has only one
+            set_up = ["xrandr", "--setmonitor", name, place, output]
+            subprocess.run(set_up, stdout=subprocess.DEVNULL, check=True)
+            self.addCleanup(subprocess.run, ["xrandr", "--delmonitor", name], check=True)
+        self.open_items([LONG])
+        x, *_ = self.geometry("Vexa Remote: Day 1")
+        self.window.keys("F11")
+        self.window.await_title("Big Clock")
+        second = (1000, 0, 800, 1400) if x < 1000 else (0, 0, 1000, 1400)
+        eventually("it fills the second screen", lambda: self.geometry("Big Clock") == second)
+
+    @staticmethod
+    def geometry(title):
+        (number,) = eventually(f"{title} is there", lambda: desktop.x_windows(title))
+        asked = ["xdotool", "getwindowgeometry", "--shell", number]
+        lines = subprocess.run(asked, capture_output=True, text=True, check=True).stdout.split()
+        values = dict(line.split("=") for line in lines)
+        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
 
     def test_the_reel_is_asked_for_over_the_big_clock(self):
         self.open_items([ITEMS[0], ITEMS[2]], delay=0)
