@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace vexa {
 
 void ListDocument::retitle() {
@@ -20,23 +22,21 @@ void ListDocument::clear() {
 
 void ListDocument::open(const QString& path) {
     m_list.clearBatchList(); // two long lists at once would take twice the memory
-    m_list.replaceBatchList(readListFile(path));
-    tieTo(path, true);
+    auto items = listInFile(path);
+    const auto trouble = items ? FileTrouble::none : FileTrouble::unread;
+    m_list.replaceBatchList(std::move(items).value_or(BatchItems()));
+    tieTo(path, true, trouble);
     retitle();
 }
 
 bool ListDocument::save(const QString& path) {
     const bool written = writeListFile(path, m_list.batchList());
-    tieTo(path, true, written);
+    tieTo(path, true, written ? FileTrouble::none : FileTrouble::unwritten);
     return written;
 }
 
-QString ListDocument::unwrittenFile() const {
-    return m_written ? QString() : QFileInfo(m_url).fileName();
-}
-
-void ListDocument::tieTo(const QString& path, bool toFile, bool written) {
-    m_written = written;
+void ListDocument::tieTo(const QString& path, bool toFile, FileTrouble trouble) {
+    m_fileTrouble = trouble;
     m_dirty = false;
     m_previouslySaved = toFile;
     m_url = path;

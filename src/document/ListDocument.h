@@ -6,6 +6,8 @@ namespace vexa {
 
 class VexaBatchStripeData;
 
+enum class FileTrouble { none, unread, unwritten };
+
 /// The list as a document: its file, its title, and whether it has unsaved changes. Asks nothing
 /// and shows nothing. Main thread only.
 class ListDocument {
@@ -23,9 +25,8 @@ public:
     /// The file's name at the last retitle(), up to its first full stop.
     const QString& fileTitle() const { return m_fileTitle; }
     void retitle();
-    /// The name of the file that the list is tied to, where it could not be written there; empty
-    /// otherwise.
-    QString unwrittenFile() const;
+    /// What failed the last time that the list met its file.
+    FileTrouble fileTrouble() const { return m_fileTrouble; }
 
     /// Empties the list and detaches it from its file.
     void clear();
@@ -37,12 +38,12 @@ public:
     bool save(const QString& path);
 
 private:
-    void tieTo(const QString& path, bool toFile, bool written = true);
+    void tieTo(const QString& path, bool toFile, FileTrouble trouble = FileTrouble::none);
 
     VexaBatchStripeData& m_list;
     bool m_dirty = false;
     bool m_previouslySaved = false;
-    bool m_written = true;
+    FileTrouble m_fileTrouble = FileTrouble::none;
     QString m_url;
     QString m_fileTitle;
 };

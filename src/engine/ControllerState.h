@@ -46,8 +46,7 @@ public:
     bool previouslySaved() const { return m_document.previouslySaved(); }
     const QString& url() const { return m_document.url(); }
     const QString& fileTitle() const { return m_document.fileTitle(); }
-    /// The name of the list's file if the list could not be written to it; otherwise empty.
-    QString unwrittenFile() const { return m_document.unwrittenFile(); }
+    FileTrouble fileTrouble() const { return m_document.fileTrouble(); }
     double delayInSeconds() const { return m_plan.delayInSeconds; }
     bool pauseForReelChange() const { return m_plan.pauseForReelChange; }
     std::uint64_t defaultFrameRate() const { return m_defaultFrameRate; }

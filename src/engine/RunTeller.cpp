@@ -4,6 +4,8 @@
 #include "text/duration_text.h"
 #include "timecode/frame_count.h"
 
+#include <QFileInfo>
+
 namespace vexa {
 
 namespace {
@@ -102,7 +104,8 @@ StatusLine RunTeller::status(const QString& entry) {
     StatusSituation situation;
     situation.entry = entry;
     situation.rows = rows();
-    situation.unwritten = m_controller.unwrittenFile();
+    situation.fileTrouble = m_controller.fileTrouble();
+    situation.file = QFileInfo(m_controller.url()).fileName();
     situation.useBatch = plan.useBatch;
     situation.stopTimeSet = plan.stopTimeSet;
     situation.items = all.items;

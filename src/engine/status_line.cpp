@@ -25,8 +25,10 @@ StatusLine statusLine(const StatusSituation& now) {
     for (const auto& concern : {now.entry, now.rows})
         if (!concern.isEmpty())
             return {concern, true};
-    if (!now.unwritten.isEmpty())
-        return {QStringLiteral("%1 could not be written").arg(now.unwritten), true};
+    if (now.fileTrouble == FileTrouble::unwritten)
+        return {QStringLiteral("%1 could not be written").arg(now.file), true};
+    if (now.fileTrouble == FileTrouble::unread)
+        return {QStringLiteral("%1 could not be read").arg(now.file), true};
     if (now.items != 0 && !now.useBatch && !now.stopTimeSet)
         return {QStringLiteral("batch striping off: no stop time"), true};
     return {listTotal(now), false};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/ListDocument.h"
 #include "stripe/RunLoop.h"
 
 #include <QString>
@@ -11,9 +12,10 @@ namespace vexa {
 
 /// What the operator may need to know; a text is empty if there is nothing to say.
 struct StatusSituation {
-    QString entry{};     ///< why the typed time has not been committed
-    QString rows{};      ///< how an edit has changed the current run
-    QString unwritten{}; ///< the file that could not be written
+    QString entry{}; ///< why the typed time has not been committed
+    QString rows{};  ///< how an edit has changed the current run
+    FileTrouble fileTrouble = FileTrouble::none;
+    QString file{}; ///< the name of the list's file
     bool useBatch = false;
     bool stopTimeSet = false;
     std::uint64_t items = 0;                ///< in the list

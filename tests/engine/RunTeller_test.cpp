@@ -114,6 +114,11 @@ TEST_F(Teller, TellsOfAFileThatWasNotWrittenUntilOneIs) {
     EXPECT_EQ(status(), u"no items"_s);
 }
 
+TEST_F(Teller, TellsOfAFileThatWasNotRead) {
+    controller.openFile(u"/nowhere/short.vexaB"_s);
+    EXPECT_EQ(status(), u"short.vexaB could not be read"_s);
+}
+
 TEST_F(Teller, TellsAtOnceThatARunTakesOtherRows) {
     select({0, 1});
     chooseMode(batchModeSelected);

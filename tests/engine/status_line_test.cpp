@@ -19,7 +19,11 @@ std::ostream& operator<<(std::ostream& out, const Case& testCase) { return out <
 
 /// A list that Play would stripe.
 StatusSituation atRest() {
-    return {.useBatch = true, .items = 12, .reels = 2, .time = RunLoop::Seconds(4460)};
+    return {.file = u"short.vexaB"_s,
+            .useBatch = true,
+            .items = 12,
+            .reels = 2,
+            .time = RunLoop::Seconds(4460)};
 }
 
 StatusSituation with(const std::function<void(StatusSituation&)>& change) {
@@ -58,17 +62,20 @@ INSTANTIATE_TEST_SUITE_P(
                          }),
                          {u"12 items · 2 reels · 1:14:20"_s, false}},
                     Case{"unwritten",
-                         with([](auto& now) { now.unwritten = u"short.vexaB"_s; }),
+                         with([](auto& now) { now.fileTrouble = FileTrouble::unwritten; }),
                          {u"short.vexaB could not be written"_s, true}},
+                    Case{"unread",
+                         with([](auto& now) { now.fileTrouble = FileTrouble::unread; }),
+                         {u"short.vexaB could not be read"_s, true}},
                     Case{"rowsBeforeTheFile",
                          with([](auto& now) {
-                             now.unwritten = u"short.vexaB"_s;
+                             now.fileTrouble = FileTrouble::unwritten;
                              now.rows = allRows;
                          }),
                          {allRows, true}},
                     Case{"entryBeforeAll",
                          with([](auto& now) {
-                             now.unwritten = u"short.vexaB"_s;
+                             now.fileTrouble = FileTrouble::unwritten;
                              now.rows = allRows;
                              now.entry = untaken;
                          }),
