@@ -4,7 +4,6 @@ to count, and against the messages that a receiver gets."""
 import json
 import math
 import re
-import time
 import unittest
 
 from support import desktop, program
@@ -20,8 +19,8 @@ ITEMS = (
     Item(1, "drop", "00:00:59:00", "00:01:01:02", "30 df"),  # through numbers that are dropped
 )
 REMOVED = Item(1, "gone", "02:00:00:00", "02:00:03:00", "25 fps")
-FEW = 5  # readings of each item or pause; a busy machine gets no more than some dozens
-LATE = 0.4  # s, that a busy machine may be late with a message or a second
+A_FRAME = 0.05  # s, or less
+FEW = 2  # readings of each item, seconds of each pause; a busy machine gets not many more
 
 PLAYING = r"playing (?P<title>\w+) · .* (?P<item>\S+) left of it · (?P<run>\S+) of the run, .*"
 BETWEEN = r"next (?P<title>\w+) in (?P<pause>\d+) s · .* (?P<run>\S+) of the run, .*"
@@ -54,10 +53,9 @@ class TimesLeft(DeviceTest):
         return sum(self.pause + seconds_of(one) for one in following)
 
     def read(self):
-        """Reads the clock before and after the run line, and the time. Tells whether it is over."""
-        begin, before = time.monotonic(), self.clock.get_description()
-        line = self.progress.get_description()
-        self.readings.append((begin, before, line, self.clock.get_description(), time.monotonic()))
+        """Reads the clock before and after the run line. Tells whether the run is over."""
+        before, line = self.clock.get_description(), self.progress.get_description()
+        self.readings.append((before, line, self.clock.get_description()))
         return line.startswith("ready")
 
     def test_of_the_window_are_those_of_the_clock_and_of_the_receiver(self):
@@ -73,14 +71,13 @@ class TimesLeft(DeviceTest):
         window.keys("Delete")
         batch.await_items(ITEMS)
         eventually("the run is over", self.read, 2 * PATIENCE)
-        moments = self.expect_messages(*run(ITEMS)[4:])
-        starts = dict(zip((item.title for item in ITEMS[1:]), moments[::3]))
+        self.expect_messages(*run(ITEMS)[4:])
         self.check_playing()
-        self.check_pauses(starts)
+        self.check_pauses()
 
     def check_playing(self):
         checked = dict.fromkeys((item.title for item in ITEMS), 0)
-        for _, before, line, later, _ in self.readings:
+        for before, line, later in self.readings:
             told = re.fullmatch(PLAYING, line)
             item = next((item for item in ITEMS if told and item.title == told["title"]), None)
             if not item or not item.start <= before <= later < item.stop:
@@ -92,21 +89,21 @@ class TimesLeft(DeviceTest):
                 self.assertIn(shown_seconds(claim), true, (line, before, later))
         self.assertGreater(min(checked["part"], checked["drop"]), FEW, checked)
 
-    def check_pauses(self, starts):
-        checked = dict.fromkeys(starts, 0)
-        for begin, _, line, _, end in self.readings:
+    def check_pauses(self):
+        """The run has left what the pause has, and the items and pauses after it."""
+        checked = {item.title: set() for item in ITEMS[1:]}
+        for _, line, _ in self.readings:
             told = re.fullmatch(BETWEEN, line)
             if not told:
                 continue
-            title = told["title"]
-            checked[title] += 1
-            item = next(item for item in ITEMS if item.title == title)
+            item = next(item for item in ITEMS if item.title == told["title"])
+            pause = int(told["pause"])
+            checked[item.title].add(pause)
             rest = seconds_of(item) + self.after(item, ITEMS)
-            for claim, more in (int(told["pause"]), 0), (shown_seconds(told["run"]), rest):
-                true = [displayed(starts[title] - moment + more + late)
-                        for moment, late in ((end, -LATE), (begin, LATE))]
-                self.assertTrue(true[0] <= claim <= true[1], (line, true))
-        self.assertGreater(min(checked.values()), FEW, checked)
+            # The pause shows seconds that have begun.
+            true = range(displayed(pause - 1 + rest), displayed(pause + rest) + 1)
+            self.assertIn(shown_seconds(told["run"]), true, line)
+        self.assertGreater(min(map(len, checked.values())), FEW, checked)
 
     def test_of_the_terminal_are_those_of_the_clock_and_of_the_receiver(self):
         self.check_terminal(ITEMS)
@@ -139,7 +136,8 @@ class TimesLeft(DeviceTest):
                 line["runLeft"], left + self.after(item, items), places=3, msg=line
             )
         moments = self.expect_messages(STOP, *run(items))
-        self.assertAlmostEqual(told[0]["runLeft"], moments[-1] - moments[2], delta=LATE)
+        # A busy machine is late, but counts no frame less.
+        self.assertLess(told[0]["runLeft"] - A_FRAME, moments[-1] - moments[2])
 
 
 if __name__ == "__main__":
