@@ -38,7 +38,7 @@ OfferedText RowsMimeData::rowsText(const QMimeData& data) {
     if (const auto* own = qobject_cast<const RowsMimeData*>(&data))
         return {usualRow * std::ssize(own->m_items),
                 [items = own->m_items] { return delimitedText(items, u'\t'); }};
-    const auto text = clipboardText(data, {tabText, commaText});
+    auto text = clipboardText(data, {tabText, commaText});
     return {text.size(), [text] { return text; }};
 }
 
