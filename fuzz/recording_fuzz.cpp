@@ -23,7 +23,7 @@ void checkContents(const TapeContents& tape) {
     for (const auto& stretch : tape.stretches) {
         expect(stretch.rate && isValid(stretch.first, *stretch.rate));
         expect(isValid(stretch.last, *stretch.rate));
-        expect(stretch.frames >= 2 && stretch.unread < stretch.frames);
+        expect(stretch.frames >= 1 && stretch.unread < stretch.frames);
         expect(stretch.begin < stretch.end && stretch.speed > -1);
         expect(stretch.holes.size() <= Stretch::mostHoles);
     }
