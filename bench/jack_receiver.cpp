@@ -44,7 +44,8 @@ bool JackServer::isUp() const {
     for (int attempt = 0; m_process > 0 && attempt < 100; ++attempt) {
         if (JackSession::open())
             return true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        std::this_thread::sleep_for(
+            std::chrono::milliseconds(50)); // a server does not say it is up
     }
     return false;
 }

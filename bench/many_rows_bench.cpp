@@ -1,5 +1,5 @@
-// How long a paste and an import of 100,000 rows take in the window, from the command until the
-// rows are shown, and the longest time for which the window takes no input meanwhile.
+// A paste and an import of 100,000 rows in the window: the time from the command until the rows are
+// shown, and the longest time without taking input.
 // Argument: the number of times each is done, by default 9. The worst of them is printed as well.
 
 #include "app/MainWindow.h"

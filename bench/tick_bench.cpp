@@ -1,6 +1,6 @@
-// The cost of one clock tick in the window, without and with the big clock: the events it causes,
-// the area it repaints, and the processor time, beside those of a bare label that counts at the
-// same rate in the same size. Argument: the number of seconds of each, by default 10.
+// The cost of one clock tick in the window, without and with the big clock: events, repainted area
+// and processor time. A bare label of the same size, counting at the same rate, stands beside it.
+// Argument: the number of seconds of each, by default 10.
 
 #include "app/MainWindow.h"
 #include "app/TimerfdRunLoop.h"

@@ -19,7 +19,8 @@ std::unique_ptr<LtcOutput> openWhenUp() {
     while (Clock::now() < deadline) {
         if (auto output = openJackLtc({}))
             return output;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        std::this_thread::sleep_for(
+            std::chrono::milliseconds(20)); // a server does not say it is up
     }
     return nullptr;
 }

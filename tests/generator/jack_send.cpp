@@ -39,7 +39,7 @@ int process(jack_nframes_t frames, void* argument) {
 
 void awaitCycles(const Sender& sender, int count) {
     for (const int before = sender.cycles; sender.cycles < before + count;)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::this_thread::sleep_for(std::chrono::milliseconds(1)); // JACK's thread must not wake us
 }
 
 } // namespace

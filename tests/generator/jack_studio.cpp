@@ -58,7 +58,8 @@ int send(jack_nframes_t samples, void* argument) {
         if (event.sample >= studio.begin + samples)
             break;
         if (event.bytes.empty())
-            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            std::this_thread::sleep_for(
+                std::chrono::milliseconds(200)); // an event without bytes is a late client
         else
             jack_midi_event_write(buffer, static_cast<jack_nframes_t>(event.sample - studio.begin),
                                   event.bytes.data(), event.bytes.size());
