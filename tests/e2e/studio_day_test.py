@@ -141,8 +141,7 @@ class RenderedAndRecorded(StudioTest):
             end = sample + round(frames * self.FRAME[item.rate])
             events += [f"{sample} {setup}", f"{sample} {start}", f"{end} {stop}"]
             sample = end + self.SECOND
-        subprocess.run([program.beside("jack_studio"), self.folder, str(sample), *events],
-                       input="", text=True, check=True, stdout=subprocess.DEVNULL)
+        self.play(sample, events)
         recording = self.folder / "recording.wav"
         subprocess.run(["sox", "-t", "f32", "-r", str(self.SECOND), "-c", "1",
                         self.folder / "ltc", "-b", "24", recording], check=True)

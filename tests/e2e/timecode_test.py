@@ -4,12 +4,11 @@ independent programs."""
 import itertools
 import math
 import re
-import subprocess
 import unittest
 
 import mido
 
-from support import desktop, program
+from support import desktop
 from support.studio import Recording, StudioTest
 from support.waiting import eventually
 from support.window import Window
@@ -43,10 +42,7 @@ class MidiTimecode(StudioTest):
     BITS = {"24 fps": 0, "25 fps": 1, "30 df": 2, "30 fps": 3}
 
     def recorded(self, seconds, events):
-        studio = program.beside("jack_studio")
-        length = str(int(seconds * self.SECOND))
-        subprocess.run([studio, self.folder, length, *events], input="", text=True, check=True,
-                       stdout=subprocess.DEVNULL)
+        self.play(int(seconds * self.SECOND), events)
         for line in (self.folder / "mtc").read_text().splitlines():
             sample, _, message = line.partition(" ")
             yield int(sample), mido.Message.from_hex(message)

@@ -42,6 +42,7 @@ struct Studio {
     jack_port_t* ltcIn = nullptr;
     jack_port_t* mtcIn = nullptr;
 
+    std::atomic<int> cycles = 0;
     std::atomic<bool> begun = false;
     std::size_t begin = 0; ///< of the current period, in the sender's count
     std::atomic<std::size_t> recorded = 0;
@@ -72,6 +73,7 @@ int record(jack_nframes_t samples, void* argument) {
     auto& studio = *static_cast<Studio*>(argument);
     const auto* const ltc = static_cast<float*>(jack_port_get_buffer(studio.ltcIn, samples));
     auto* const mtc = jack_port_get_buffer(studio.mtcIn, samples);
+    ++studio.cycles;
     if (!studio.begun || studio.begin == 0)
         return 0;
     const std::size_t begin = studio.recorded;
@@ -141,6 +143,10 @@ int main(int argc, char* argv[]) {
     studio.mtcIn = jack_port_register(recorder, "mtc", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0);
     jack_set_process_callback(sender, send, &studio);
     jack_set_process_callback(recorder, record, &studio);
+    // A server on a busy machine may drop a client; the recording would never be complete.
+    const auto giveUp = [](void*) { std::_Exit(EXIT_FAILURE); };
+    jack_on_shutdown(sender, giveUp, nullptr);
+    jack_on_shutdown(recorder, giveUp, nullptr);
     if (jack_activate(sender) != 0 || jack_activate(recorder) != 0)
         return EXIT_FAILURE;
     std::cout << "ready" << std::endl;
@@ -148,6 +154,10 @@ int main(int argc, char* argv[]) {
     connect(sender, "sender:out", "Vexa Generator:in");
     connect(recorder, "Vexa Generator:LTC", "recorder:ltc");
     connect(recorder, "Vexa Generator:MTC", "recorder:mtc");
+    // Only some cycles after the connection does the recorder follow the sender; before that, it
+    // may miss the first period.
+    for (const int connected = studio.cycles; studio.cycles < connected + 4;)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
 
     studio.begun = true;
     while (studio.recorded < studio.ltc.size()) {

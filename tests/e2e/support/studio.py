@@ -57,6 +57,13 @@ class StudioTest(ProgramTest):
         self.addCleanup(generator.stop)
         eventually("the generator is ready", lambda: "ready" in self.text())
 
+    def play(self, samples, events):
+        """Sends the events to the generator at their samples, and leaves what it played in the
+        folder, in the files "ltc" and "mtc"."""
+        studio = [program.beside("jack_studio"), self.folder, str(samples), *events]
+        subprocess.run(studio, input="", text=True, check=True, stdout=subprocess.DEVNULL,
+                       timeout=120)
+
     def check_recording(self, items, recording):
         """Checks that vexa-ltc finds the list whole on a recording. On a busy machine, xruns cost
         frames, which the generator must have counted."""
