@@ -75,9 +75,9 @@ class JackServer:
     def stop(self):
         """Ends the server in order. The system lists at most eight servers, and forgets only those
         that end in order. So a server that was killed, or ended by a lost client, is started again
-        first."""
+        first, once: it may not end in order either."""
         self._end()
-        while self._server.wait() != 0:
+        if self._server.wait() != 0:
             self.start()
             self._end()
         for left_over in pathlib.Path("/dev/shm").glob(f"jack_*{self._name}_*"):
@@ -89,8 +89,12 @@ class JackServer:
 
 
 def listed_ports():
-    """The full names of the server's ports; empty if there is no server."""
-    asked = subprocess.run(["jack_lsp"], capture_output=True, text=True, check=False)
+    """The full names of the server's ports; empty if there is no server, or none that answers."""
+    try:
+        asked = subprocess.run(["jack_lsp"], capture_output=True, text=True, check=False,
+                               timeout=PATIENCE)
+    except subprocess.TimeoutExpired:
+        return []
     return asked.stdout.splitlines() if asked.returncode == 0 else []
 
 
