@@ -47,7 +47,9 @@ class ReelCall(DeviceTest):
         """How many notifications are on the screen; with "history", how many have been."""
         wanted = GLib.Variant("(ss)", (DUNST, which + "Length"))
         name, path = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
-        call = "org.freedesktop.DBus.Properties", "Get", wanted, None, Gio.DBusCallFlags.NONE, -1
+        # Otherwise the bus may start a second one, which would outlive the test.
+        flags = Gio.DBusCallFlags.NO_AUTO_START
+        call = "org.freedesktop.DBus.Properties", "Get", wanted, None, flags, -1
         (count,) = Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(name, path, *call, None)
         return count
 
