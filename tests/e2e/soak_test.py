@@ -1,16 +1,23 @@
-"""Batches of a thousand items without a pause: every message counts, and memory does not grow."""
+"""Batches of a thousand items without a pause, and long timecode: every message and every word
+counts, and memory does not grow."""
 
 import os
+import re
 import sys
+import time
 import unittest
 
 from support import desktop, program
 from support.cases import DeviceTest
 from support.items import RATES, SYNC_TYPES, Item, list_file
+from support.studio import Recording, StudioTest, words
+from support.waiting import eventually
+from support.window import Window
 from support.wire import STOP, run
 
 ITEMS_IN_TERMINAL = 1000
 ITEMS_IN_WINDOW = int(os.environ.get("VEXA_SOAK_ITEMS", 500))
+SECONDS_OF_TIMECODE = int(os.environ.get("VEXA_SOAK_SECONDS", 20))
 WARM_UP = 100  # items until the program has allocated what it needs
 ALLOWED_GROWTH = 1024  # KiB
 PATIENCE = 60  # s
@@ -84,6 +91,34 @@ class Soak(DeviceTest):
         self.check_run(window.program, run(batch)[:-2], ITEMS_IN_WINDOW)
         window.keys("F5")
         self.expect_messages(STOP)
+
+
+class LongTimecode(StudioTest):
+    """A run through midnight from the window, made by the generator and recorded."""
+
+    def test_every_word_is_read(self):
+        self.open_generator(48000, 256)
+        window = Window("--midi", "jack", "--destination", "Vexa Generator")
+        self.addCleanup(window.close)
+        recording = Recording("Vexa Generator:LTC", self.folder / "recording.wav")
+        minutes, seconds = divmod(86400 - SECONDS_OF_TIMECODE // 2, 60)
+        first = f"{minutes // 60:02}:{minutes % 60:02}:{seconds:02}:02"
+        window.press("30 df")
+        window.type_time("Start time", first)
+        window.press("Play")
+        programs = [window.program, self.generator]
+        time.sleep(SECONDS_OF_TIMECODE / 4)
+        before = [memory(process) for process in programs]
+        time.sleep(SECONDS_OF_TIMECODE * 3 / 4)
+        growth = [memory(process) - was for process, was in zip(programs, before)]
+        window.press("Stop")
+        eventually("the generator has stopped", lambda: "stop at" in self.text())
+        last = re.search(r"stop at (\S+)", self.text())[1]
+        read = recording.words()
+        print(f"\n{len(read)} words from {first} to {last}; window and generator: {before} KiB, "
+              f"{growth}", file=sys.stderr)
+        self.assertEqual(read, list(words(first, last, "30 df")), self.text())
+        self.assertLess(max(growth), ALLOWED_GROWTH)
 
 
 if __name__ == "__main__":

@@ -9,30 +9,15 @@ import unittest
 import mido
 
 from support import desktop
-from support.studio import Recording, StudioTest
+from support.studio import RATES, Recording, StudioTest, words
 from support.waiting import eventually
 from support.window import Window
 
 STARTS = ["00:00:58:00", "00:09:58:00", "23:59:58:00", "01:02:03:07"]
-RATES = {"24 fps": 24, "25 fps": 25, "30 fps": 30, "30 df": 30}
 
 
 def setUpModule():
     desktop.start()
-
-
-def words(first, last, rate):
-    """All words on the wire from one time to another, as ltc_read prints them."""
-    hours, minutes, seconds, frames = (int(pair) for pair in first.split(":"))
-    for second in itertools.count(hours * 3600 + minutes * 60 + seconds):
-        for frame in range(frames, RATES[rate]):
-            dropped = rate == "30 df" and second % 60 == 0 and second // 60 % 10 and frame < 2
-            time = f"{second // 3600 % 24:02}:{second // 60 % 60:02}:{second % 60:02}:{frame:02}"
-            if not dropped:
-                yield time + (" df" if rate == "30 df" else "")
-            if time == last:
-                return
-        frames = 0
 
 
 class MidiTimecode(StudioTest):

@@ -1,5 +1,6 @@
 """The software generator on a JACK server, and a recorder for its signal."""
 
+import itertools
 import os
 import pathlib
 import signal
@@ -14,13 +15,30 @@ from support.processes import Child
 from support.waiting import eventually
 
 
+RATES = {"24 fps": 24, "25 fps": 25, "30 fps": 30, "30 df": 30}
+
+
+def words(first, last, rate):
+    """All words on the wire from one time to another, as ltc_read prints them."""
+    hours, minutes, seconds, frames = (int(pair) for pair in first.split(":"))
+    for second in itertools.count(hours * 3600 + minutes * 60 + seconds):
+        for frame in range(frames, RATES[rate]):
+            dropped = rate == "30 df" and second % 60 == 0 and second // 60 % 10 and frame < 2
+            time = f"{second // 3600 % 24:02}:{second // 60 % 60:02}:{second % 60:02}:{frame:02}"
+            if not dropped:
+                yield time + (" df" if rate == "30 df" else "")
+            if time == last:
+                return
+        frames = 0
+
+
 class Recording:
     """A recording of a port by jack_rec."""
 
     def __init__(self, port, path):
         self._path = path
         self._raw = f"{path}.unfinished"
-        command = ["jack_rec", "-f", self._raw, "-d", "3600", "-B", "480000", "-b", "16", port]
+        command = ["jack_rec", "-f", self._raw, "-d", "36000", "-B", "480000", "-b", "16", port]
         self._child = Child(*command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         eventually("the recording runs", lambda: any("jackrec" in p for p in listed_ports()))
 
@@ -53,8 +71,9 @@ class StudioTest(ProgramTest):
         self.folder = pathlib.Path(folder.name)
         self.log = self.folder / "log"
         path = program.beside("vexa-generator")
-        generator = Child(path, "--midi", "jack", "--log", self.log, stdout=subprocess.DEVNULL)
-        self.addCleanup(generator.stop)
+        command = [path, "--midi", "jack", "--log", self.log]
+        self.generator = Child(*command, stdout=subprocess.DEVNULL)
+        self.addCleanup(self.generator.stop)
         eventually("the generator is ready", lambda: "ready" in self.text())
 
     def play(self, samples, events):
