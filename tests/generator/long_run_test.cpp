@@ -25,8 +25,15 @@ double hours() {
 SysEx message(const Timecode& time, std::uint8_t last) {
     const auto byte = [](std::uint64_t value) { return static_cast<std::uint8_t>(value); };
     SysEx frame;
-    frame.bytes = {0xF0, 0x7D, 0x42, byte(time.hours), byte(time.minutes), byte(time.seconds),
-                   byte(time.frames), last, 0xF7};
+    frame.bytes = {0xF0,
+                   0x7D,
+                   0x42,
+                   byte(time.hours),
+                   byte(time.minutes),
+                   byte(time.seconds),
+                   byte(time.frames),
+                   last,
+                   0xF7};
     frame.size = 9;
     frame.complete = true;
     return frame;

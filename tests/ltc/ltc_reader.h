@@ -28,8 +28,8 @@ inline void PrintTo(const ReadWord& word, std::ostream* out) {
 class LtcReader {
 public:
     LtcReader(std::uint32_t sampleRate, const FrameRate& rate)
-        : m_decoder(ltc_decoder_create(
-                        static_cast<int>(sampleRate * rate.seconds / rate.frames), queuedWords),
+        : m_decoder(ltc_decoder_create(static_cast<int>(sampleRate * rate.seconds / rate.frames),
+                                       queuedWords),
                     ltc_decoder_free) {}
 
     /// Reads the next samples. Returns the words that end in them.
