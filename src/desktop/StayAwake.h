@@ -14,10 +14,10 @@ namespace vexa {
 
 class StripeRun;
 
-/// Keeps the machine awake and its screen unlocked while a run plays or is between two items. Asks
-/// one service after another until one promises, and nothing waits for them. A promise that comes
-/// late is kept if there is no other, or given back. If there is no service, or no bus, the machine
-/// behaves as usual. Main thread only.
+/// Keeps the machine awake and its screen unlocked while a run plays, is between two items or
+/// awaits a reel. Asks one service after another until one promises, and nothing waits for them. A
+/// promise that comes late is kept if there is no other, or given back. If there is no service, or
+/// no bus, the machine behaves as usual. Main thread only.
 class StayAwake : public QObject {
     Q_OBJECT
 

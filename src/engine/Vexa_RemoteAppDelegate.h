@@ -89,7 +89,7 @@ public:
     void handleBatchListMenuItems(std::uint64_t tag);
     /// Selects this row, or the first that is selected, and all after it for the next run.
     void stripeFromThisRow();
-    /// While no run is under way, in a list with a row that the keyboard is at.
+    /// Whether no run is under way and a row is selected or has the keyboard focus.
     bool canStripeFromThisRow() const;
     /// A click on a row does nothing by itself.
     void handleBatchTableEdit() {}

@@ -33,7 +33,7 @@ struct CommandLine {
     bool jack = false;
     QString port; ///< JACK port to connect to; null if none
     bool csv = false;
-    std::optional<int> channel;   ///< from 0
+    std::optional<int> channel;   ///< from 1
     double speedTolerance = 0.05; ///< percent
 };
 

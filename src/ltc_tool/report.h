@@ -27,7 +27,8 @@ std::string verdictWord(const RowVerdict& row);
 std::string reportText(const Findings& findings);
 
 /// For keeping: comma-separated values, one record per line, with the field names in the first
-/// line. The first field of a record is its kind: "stretch", "fault", "row" or "unlisted".
+/// line. The first field of a record is its kind: "stretch", "row", "fault", "note" (not a
+/// fault) or "unlisted".
 std::string reportCsv(const Findings& findings);
 
 } // namespace vexa::ltc_tool

@@ -18,7 +18,7 @@ struct TapeContents {
     std::size_t channel = 0;           ///< the channel that was read, from 0
     std::vector<Stretch> stretches;    ///< in tape order
     std::uint64_t stretchesBeyond = 0; ///< number of stretches beyond those kept
-    std::string readError;             ///< why reading stopped early; empty if it did not
+    std::string readError;             ///< why some of the recording was not read; empty if all was
 };
 
 } // namespace vexa
