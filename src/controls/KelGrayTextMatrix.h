@@ -11,7 +11,7 @@ namespace vexa {
 
 /// A group of buttons with gray captions, one of which is on. Its cells are its child buttons with
 /// a "tag" property; one whose "transparent" property is true keeps its colour. Tab enters at the
-/// cell that is on, and leaves the group next; a click does not take the focus.
+/// cell that is on, and the next Tab leaves the group. A click does not take the focus.
 class KelGrayTextMatrix : public QWidget, public RadioMatrix {
     Q_OBJECT
 

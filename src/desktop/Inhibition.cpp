@@ -76,7 +76,7 @@ std::vector<Inhibition> inhibitions(const QDBusConnection& session, const QDBusC
 }
 
 void connectPortalResponse(QDBusConnection session, QObject& receiver, const char* slot) {
-    // Of any sender: finding out which one the portal is would wait for the bus.
+    // From any sender: finding out which one is the portal would wait for the bus.
     session.connect({}, {}, portalRequest, QStringLiteral("Response"), &receiver, slot);
 }
 

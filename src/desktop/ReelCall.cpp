@@ -24,7 +24,7 @@ QDBusMessage messageTo(const QString& method) {
 
 QDBusMessage notification(std::uint64_t reel) {
     constexpr uchar critical = 2;
-    constexpr int never = 0; // does it expire by itself
+    constexpr int never = 0; // as the time after which it expires
     const QVariantMap hints{{QStringLiteral("urgency"), QVariant::fromValue(critical)},
                             {QStringLiteral("sound-name"), QStringLiteral("message-attention")},
                             {QStringLiteral("desktop-entry"), applicationId}};
@@ -55,7 +55,7 @@ ReelCall::ReelCall(QWidget& window, const StripeRun& run, const QDBusConnection&
 void ReelCall::call(std::uint64_t reel) {
     QApplication::alert(&m_window);
     m_isCalling = true;
-    constexpr int anyTime = std::numeric_limits<int>::max(); // what is shown late must be closed
+    constexpr int anyTime = std::numeric_limits<int>::max(); // even a late one must be closed
     auto* watcher =
         new QDBusPendingCallWatcher(m_session.asyncCall(notification(reel), anyTime), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, ofCall = ++m_calls] {
@@ -66,7 +66,7 @@ void ReelCall::call(std::uint64_t reel) {
         if (m_isCalling && ofCall == m_calls)
             m_notification = shown.toUInt();
         else
-            close(m_session, shown.toUInt()); // it was answered sooner
+            close(m_session, shown.toUInt()); // the run went on before it was shown
     });
 }
 

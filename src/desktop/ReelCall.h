@@ -26,7 +26,7 @@ private:
 
     QWidget& m_window;
     QDBusConnection m_session;
-    std::uint64_t m_calls = 0; ///< how many there were; an odd answer is that of an earlier one
+    std::uint64_t m_calls = 0; ///< number of calls so far; tells which call an answer is to
     bool m_isCalling = false;
     uint m_notification = 0; ///< 0: none, or not known so far
 };

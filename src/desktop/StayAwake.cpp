@@ -65,7 +65,7 @@ void StayAwake::ask(std::size_t service) {
         ask(service + 1);
         return;
     }
-    constexpr int anyTime = std::numeric_limits<int>::max(); // what is promised late is taken too
+    constexpr int anyTime = std::numeric_limits<int>::max(); // a late promise counts, too
     auto* reply = new QDBusPendingCallWatcher(asked.bus.asyncCall(asked.request, anyTime), this);
     auto* patience = new QTimer(reply);
     patience->setSingleShot(true);

@@ -25,7 +25,7 @@ public:
     /// The file's name at the last retitle(), up to its first full stop.
     const QString& fileTitle() const { return m_fileTitle; }
     void retitle();
-    /// What failed the last time that the list met its file.
+    /// What failed when the list was last read from or written to its file.
     FileTrouble fileTrouble() const { return m_fileTrouble; }
 
     /// Empties the list and detaches it from its file.

@@ -15,7 +15,7 @@ namespace vexa {
 /// has no such array, or exceeds the MemoryBudget.
 std::optional<BatchItems> listInFile(const QString& path);
 
-/// The same, where no list is as good as an empty one.
+/// The same, but an empty list if the file has none.
 BatchItems readListFile(const QString& path);
 
 /// Replaces the file atomically. On failure, returns false and leaves it unchanged.

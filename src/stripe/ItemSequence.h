@@ -24,11 +24,11 @@ public:
 
     /// In the order of the run.
     const BatchItems& items() const;
-    /// Of the item that was found last; another may stand there by now, or none.
+    /// The position in items() of the last item returned. By now it may hold another item, or none.
     std::uint64_t row() const { return m_list.curItem(); }
-    /// The item that next() will find; null when there is none.
+    /// The item that next() would return; null if there is none.
     BatchItemRef upcoming() const;
-    /// Another value whenever items() has changed.
+    /// Takes a new value whenever items() changes.
     using Revision = std::pair<std::uint64_t, bool>;
     Revision revision() const { return {m_list.revision(), isAll()}; }
 

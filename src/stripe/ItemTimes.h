@@ -11,19 +11,20 @@
 
 namespace vexa {
 
-/// How long an item takes; nothing where it would never end.
+/// How long an item takes; empty if it would never end.
 std::optional<ClockTime> timeOf(const BatchItem& item);
 
-/// What the items of a list take from each row on to the last, added up once: asking costs nothing.
+/// How long a list takes from each row to its end. Added up once, so that asking costs nothing.
 class ItemTimes {
 public:
     ItemTimes() = default;
     explicit ItemTimes(const BatchItems& items);
 
     std::size_t count() const { return m_rows.size(); }
-    /// Without the pauses; nothing where one of them would never end. Below count().
+    /// The time from a row below count(), without pauses. Empty if one of the items would never
+    /// end.
     std::optional<ClockTime> from(std::size_t row) const;
-    /// How often the reel changes on the way from this row's item to the last one.
+    /// How often the reel changes between this row's item and the last one.
     std::size_t reelChangesAfter(std::size_t row) const { return m_rows[row].reelChangesAfter; }
 
 private:
@@ -35,11 +36,11 @@ private:
     std::vector<Row> m_rows;
 };
 
-/// What a run of a list comes to.
+/// The totals of a run of a list.
 struct ListTotal {
     std::size_t items = 0;
-    std::size_t reels = 0; ///< how many different ones
-    /// With the pauses between the items; nothing where one of them would never end.
+    std::size_t reels = 0; ///< number of different ones
+    /// With the pauses between the items; empty if one of the items would never end.
     std::optional<RunLoop::Seconds> time;
 };
 ListTotal totalOf(const BatchItems& items, RunLoop::Seconds pauseBetweenItems);

@@ -14,7 +14,7 @@ public:
     /// False after invalidation, or after a single shot has fired.
     virtual bool isValid() const = 0;
     virtual void invalidate() = 0;
-    /// Until it fires next; 0 where that is due, or will not come.
+    /// The time until it next fires; 0 if it is due, or will not fire again.
     virtual std::chrono::duration<double> timeLeft() const = 0;
 };
 

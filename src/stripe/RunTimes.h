@@ -36,7 +36,7 @@ private:
 
     const StripeRun& m_run;
     ItemTimes m_times;
-    std::optional<ItemSequence::Revision> m_revision; ///< of the items that they are of
+    std::optional<ItemSequence::Revision> m_revision; ///< of the items in m_times
 };
 
 } // namespace vexa

@@ -23,7 +23,7 @@ struct StripePlan {
     double delayInSeconds = 0; ///< from the end of an item to the start of the next
     bool pauseForReelChange = false;
 
-    /// The delay as a timer takes it: what is less than nothing is nothing.
+    /// The delay for a timer; 0 if it is negative.
     RunLoop::Seconds pauseBetweenItems() const {
         return RunLoop::Seconds(std::max(0.0, delayInSeconds));
     }

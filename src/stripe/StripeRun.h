@@ -40,8 +40,8 @@ public:
     bool hasReachedStop() const {
         return m_clock.hasTicked() && m_clock.now() >= m_progress.currentStop;
     }
-    /// Time until the pause between two items ends, even if Play interrupts it; nothing outside
-    /// one.
+    /// Time until the pause between two items ends, even if Play has interrupted it. Empty if there
+    /// is no pause.
     std::optional<RunLoop::Seconds> pauseLeft() const;
     /// The item that waits for its reel; null if none does.
     const BatchItemRef& awaited() const { return m_awaited; }

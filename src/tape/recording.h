@@ -23,8 +23,7 @@ public:
     /// The number of samples per channel, as stated in the file.
     std::uint64_t length() const;
 
-    /// Reads the next samples, interleaved by channel, as many as fit. Fewer than one per channel,
-    /// so none, at the end.
+    /// Reads the next samples, interleaved by channel, as many as fit. None at the end.
     std::span<const float> read(std::span<float> room);
 
     /// Why reading stopped before the end of what was recorded; empty if it did not. libsndfile

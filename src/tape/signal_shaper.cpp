@@ -30,7 +30,7 @@ constexpr float leastAveragePower = 0.17F;
 /// Cells over which the power is averaged. That is about one word.
 constexpr float averaged = 32;
 
-/// Counts as no more than this in the average, which so falls soon after timecode.
+/// The most that a cell counts in the average, so that this falls soon after timecode ends.
 constexpr float mostPower = 0.3F;
 
 /// Samples this close to the middle become silence, so that noise just before timecode has no
@@ -38,7 +38,7 @@ constexpr float mostPower = 0.3F;
 constexpr std::uint8_t rest = 24;
 constexpr std::uint8_t lowestRest = silence - rest;
 
-/// Samples of a cell for which the processor does the same at once.
+/// Number of samples that the processor handles at once.
 constexpr std::size_t lanes = 4;
 using Lanes [[gnu::vector_size(lanes * sizeof(float))]] = float;
 

@@ -24,14 +24,14 @@ public:
     /// Whether the last output is silence throughout.
     bool isSilent() const { return m_isSilent; }
 
-    /// How many samples the output lags behind: so many are needed after the last one.
+    /// How many samples the output lags behind. As many must follow the last one.
     std::size_t lag() const { return m_cellSize * (considered - 1 - middle); }
 
     /// The last level that was removed as DC.
     float mean() const { return m_mean; }
 
-    /// Half the range from the lowest to the highest sample around a cell, the most in the last
-    /// output.
+    /// The greatest peak of the cells in the last output: half the range from the lowest to the
+    /// highest sample around a cell.
     float peak() const { return m_peak; }
 
 private:

@@ -35,8 +35,8 @@ std::uint64_t number(std::span<const unsigned char> bytes, std::endian order) {
     return value;
 }
 
-/// Whether it stands for an unknown length. Recorders that cannot go back to the head state about
-/// the most that 31 or 32 bits can hold.
+/// Whether it stands for an unknown length. Recorders that cannot go back to the header write
+/// about the largest number of 31 or 32 bits there.
 bool isPlaceholder(std::uint64_t size) {
     constexpr std::uint64_t near = 0x1000;
     constexpr std::uint64_t of31Bits = 0x80000000;

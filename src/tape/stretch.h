@@ -11,7 +11,7 @@ namespace vexa {
 /// Consecutive frames inside a stretch that cannot be read, while time continues.
 struct Hole {
     double begin = 0;             ///< in samples of the recording
-    std::uint64_t firstFrame = 0; ///< from the first of the stretch
+    std::uint64_t firstFrame = 0; ///< counted from the first of the stretch
     std::uint64_t frames = 0;
 };
 

@@ -16,7 +16,7 @@ constexpr double longestHole = 1; // seconds
 /// The maximum deviation of a word from its time, in frames.
 constexpr double tolerance = 0.5;
 
-/// A word is alone if there is no other for this part of its length, before and after it.
+/// A word is alone if no other is within this part of its length, before or after it.
 constexpr double loneliness = 0.5;
 
 double length(const TapeWord& word) { return word.end - word.begin; }

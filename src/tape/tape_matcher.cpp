@@ -77,8 +77,8 @@ private:
                passage.end - passage.begin < aSecond;
     }
 
-    /// Whether no frame of the passage was read. Such is the pause between two rows whose times go
-    /// on as if it was a hole.
+    /// Whether no frame of the passage was read. A pause between two rows looks like such a hole,
+    /// if the next row's times go on as if frames had passed.
     bool isUnread(const Passage& passage) const {
         return std::ranges::any_of(stretchOf(passage, m_tapes).holes, [&](const Hole& hole) {
             return hole.firstFrame <= passage.begin && passage.end <= hole.firstFrame + hole.frames;

@@ -31,8 +31,8 @@ LtcUserBits userBits(const LTCFrame& frame) {
     return bits;
 }
 
-/// The length of bits, as the decoder has followed it in the second half of a word; in the first
-/// half it may still have had to find it.
+/// The lengths of bits that the decoder measured in the second half of a word. In the first half it
+/// may still have been searching.
 std::span<const float> bitLengths(const LTCFrameExt& frame) {
     return std::span(frame.biphase_tics).last(LTC_FRAME_BIT_COUNT / 2);
 }
