@@ -1,7 +1,7 @@
 // jack_receive NAME [ALIAS]: prints each message that arrives at the JACK port NAME:in as a line
 // "F0 7D 42", until standard input ends. The first line, "ready", confirms that the port exists.
-// The last, "irregular 0", counts the periods that did not follow the previous one in time: there,
-// the server may have skipped this client, and what it would have received is lost. Waits for a
+// The last, "irregular 0", counts the periods that did not follow the previous one in time. The
+// server may have skipped this client there, and lost what it would have received. Waits for a
 // server that is starting. With an alias, the port counts as hardware. It is a separate program, as
 // thread sanitizers do not see how the server synchronizes its clients.
 

@@ -1,5 +1,5 @@
 """Checks for the compiler flags that end the program on memory errors, including those that Debian
-requires of its packages: in a build by hand, and in one with Debian's flags. SOURCE is the project,
+requires of its packages. Checks a build by hand, and one with Debian's flags. SOURCE is the project,
 CMAKE its tool."""
 
 import os

@@ -13,8 +13,8 @@
 
 namespace vexa::test {
 
-/// A service of one object, as a program on the bus. It notes each call as its method and what the
-/// reader makes of its arguments; the method of that name is answered, unless held, the others not.
+/// A service of one object, as a program on the bus. It notes each call: its method, and what the
+/// reader makes of its arguments. Only one method is answered, and not while it is held.
 class BusService final : public QDBusVirtualObject {
 public:
     using Reader = std::function<std::string(const QDBusMessage& call)>;
@@ -40,14 +40,14 @@ public:
         return true;
     }
 
-    /// What has been called, once there is that much.
+    /// The calls so far, once there are that many.
     const std::vector<std::string>& calls(std::size_t count) {
         while (m_calls.size() < count)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return m_calls;
     }
     void hold() { m_isHeld = true; }
-    /// The call that is held; those after it are answered at once again.
+    /// Answers the held call. Later calls are answered at once again.
     void answer(const QVariant& answer) {
         m_bus.send(m_request.createReply(answer));
         m_isHeld = false;
