@@ -37,7 +37,7 @@ std::string tapeText(const TapeContents& tape) {
                 std::to_string(tape.channels);
     text += '\n';
     if (!tape.readError.empty())
-        text += "  cannot be read beyond its end here: " + tape.readError + '\n';
+        text += "  incomplete: " + tape.readError + '\n';
     if (tape.stretches.empty())
         return text + "  no timecode\n\n";
     Rows rows{
@@ -50,7 +50,7 @@ std::string tapeText(const TapeContents& tape) {
                         std::to_string(stretch.unread)});
     text += tableText(rows);
     if (tape.stretchesBeyond > 0)
-        text += "... and " + std::to_string(tape.stretchesBeyond) + " stretches more\n";
+        text += "... and " + std::to_string(tape.stretchesBeyond) + " more stretches\n";
     return text + '\n';
 }
 

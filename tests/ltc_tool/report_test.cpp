@@ -95,6 +95,7 @@ TEST_F(Report, WithoutTimecodeNothingIsGood) {
 TEST_F(Report, ARecordingThatCannotBeReadToItsEndIsNotGood) {
     m_findings.tapes[0].readError = "broken";
     EXPECT_FALSE(isGood(m_findings));
+    EXPECT_NE(reportText(m_findings).find("  incomplete: broken\n"), std::string::npos);
 }
 
 TEST_F(Report, RowsThatCannotBeOnATapeAreNotGood) {
