@@ -219,8 +219,8 @@ QString helpText() {
              "  --help             show this text and exit\n"
              "  --version          show the version and exit\n"
              "\n"
-             "The exit status of check is 0 when all is good, 1 when it has found faults. Of\n"
-             "both, 2 means that the arguments are wrong.\n");
+             "Exit status: 0 if all is good; 1 if check found faults or no timecode, or render\n"
+             "left something out; 2 if the arguments are wrong or a file cannot be read.\n");
 }
 
 } // namespace vexa::ltc_tool
