@@ -65,10 +65,8 @@ void VexaBatchStripeData::addItems(BatchItems items) {
 
 /// The item itself, or a copy if the list contains it. The list must be in order.
 BatchItemRef VexaBatchStripeData::ownRowFor(const BatchItemRef& item) const {
-    // Clang 14, which builds the fuzz targets, cannot search the range that std::ranges returns.
-    const auto [first, last] =
-        std::equal_range(m_batchList.begin(), m_batchList.end(), item, comesBefore);
-    const bool isHeld = std::find(first, last, item) != last;
+    const auto equivalent = std::ranges::equal_range(m_batchList, item, comesBefore);
+    const bool isHeld = std::ranges::find(equivalent, item) != equivalent.end();
     return isHeld ? std::make_shared<BatchItem>(*item) : item;
 }
 
