@@ -33,10 +33,10 @@ DesktopRequests::DesktopRequests(QWidget& window, Vexa_RemoteAppDelegate& contro
 
 void DesktopRequests::bringToFront(const QByteArray& token, const QByteArray& startupId) {
     const bool isWayland = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-    const auto leave = token.isEmpty() && isWayland ? attentionToken() : token;
+    const auto permission = token.isEmpty() && isWayland ? attentionToken() : token;
     // On Wayland, Qt reads the permission to come to the front from this variable.
-    if (!leave.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", leave);
+    if (!permission.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", permission);
     m_window.setWindowState(m_window.windowState() & ~Qt::WindowMinimized);
     m_window.show();
     m_window.raise();
