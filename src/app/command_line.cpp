@@ -48,7 +48,7 @@ const QCommandLineOption rowsOption{QStringLiteral("rows"),
                                     QStringLiteral("rows")};
 const QCommandLineOption progressOption{
     QStringLiteral("progress"),
-    QStringLiteral("How to tell of the progress: text or json, an object a line."),
+    QStringLiteral("How to show the progress: text, or json with one object per line."),
     QStringLiteral("form")};
 const QCommandLineOption logOption{
     QStringLiteral("log"),
@@ -59,7 +59,7 @@ const QCommandLineOption importOption{
     QStringLiteral("Add the rows of a file to a list: CSV, TSV, or a CMX 3600 edit list."),
     QStringLiteral("file")};
 const QCommandLineOption toOption{
-    QStringLiteral("to"), QStringLiteral("The list to import into; made where there is none."),
+    QStringLiteral("to"), QStringLiteral("The list to import into; created if it does not exist."),
     QStringLiteral("list")};
 const QCommandLineOption timesOption{
     QStringLiteral("times"),

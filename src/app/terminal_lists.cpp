@@ -61,7 +61,7 @@ int importInTerminal(const CommandLine& line) {
         return refuse(line.importFile, read.fault);
     if (read.assumedRate && !line.rate)
         return refuse(line.importFile,
-                      QStringLiteral("it does not tell the frame rate; add --rate"));
+                      QStringLiteral("it does not state the frame rate; add --rate"));
     return addToList(read, line);
 }
 

@@ -72,7 +72,7 @@ class Lists(unittest.TestCase):
         edits = self.file("evening.edl", EDITS)
         done = self.run_import(edits)
         self.assertEqual((done.returncode, done.stdout), (2, ""))
-        self.assertIn("it does not tell the frame rate; add --rate\n", done.stderr)
+        self.assertIn("it does not state the frame rate; add --rate\n", done.stderr)
         self.assertFalse(os.path.exists(self.list))
         self.assertEqual(self.run_import(edits, "--rate", "24", "--times", "record").returncode, 0)
         self.assertEqual(program.run("--check", self.list).stdout, "reel 7: items 1, 10:00 in all\n")
