@@ -37,7 +37,8 @@ bool comesBefore(const Place& a, const Place& b) {
     return a.row < b.row;
 }
 
-ClockTime timeOrNone(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
+/// Zero if the item would never end.
+ClockTime timeOrZero(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
 
 ClockTime timeOfTape(std::uint64_t minutes) {
     constexpr auto longest = std::chrono::duration_cast<std::chrono::minutes>(ClockTime::max());
@@ -93,7 +94,7 @@ private:
         if (frameRateForCode(item->rate).code != frameRateForCode(reel.first->rate).code)
             add(Fault::rateChanges, row, reel.first);
         const bool wasTooLong = reel.time > m_tape;
-        reel.time += timeOrNone(*item);
+        reel.time += timeOrZero(*item);
         if (!wasTooLong && reel.time > m_tape)
             add(Fault::reelTooLong, row);
     }
@@ -129,7 +130,7 @@ private:
     std::vector<Finding> m_findings;
 };
 
-QString text(const std::string& latin1) { return QString::fromStdString(latin1); }
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 QString timeText(PackedTimecode time) { return text(timecodeText(unpack(time))); }
 
@@ -180,7 +181,7 @@ std::vector<ReelTotal> reelTotals(const BatchItems& items) {
         auto& total = totals[item->reel];
         total.reel = item->reel;
         ++total.rows;
-        total.time += timeOrNone(*item);
+        total.time += timeOrZero(*item);
     }
     std::vector<ReelTotal> inOrder;
     inOrder.reserve(totals.size());
