@@ -4,9 +4,8 @@ import subprocess
 import unittest
 
 from support import desktop
-from support.batch_list import BatchList
 from support.cases import DeviceTest
-from support.items import Item, items_in
+from support.items import Item
 from support.waiting import eventually
 
 ONE = Item(1, "one", "01:00:00:00", "01:10:00:00", "25 fps", "MTC")
@@ -30,8 +29,7 @@ def put_on_clipboard(text):
 
 class Rows(DeviceTest):
     def open_rows(self, *items):
-        window, batch, path = self.open_list(list(items))
-        return window, batch, path
+        return self.open_list(items)
 
     def test_are_cut_pasted_and_taken_back(self):
         window, batch, _ = self.open_rows(ONE, TWO, THREE)
