@@ -4,7 +4,6 @@
 
 #include <QPainter>
 
-#include <array>
 #include <optional>
 #include <utility>
 

@@ -7,7 +7,6 @@
 #include <alsa/asoundlib.h>
 
 #include <optional>
-#include <span>
 
 namespace vexa {
 

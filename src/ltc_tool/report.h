@@ -2,7 +2,6 @@
 
 #include "tape/tape_check.h"
 
-#include <span>
 #include <string>
 #include <vector>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QRectF>
-#include <QString>
 
 #include <array>
 #include <cstddef>

@@ -2,7 +2,6 @@
 
 #include "timecode/frame_number.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
