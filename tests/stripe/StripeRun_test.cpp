@@ -1,5 +1,6 @@
 #include "StripeRig.h"
 #include "stripe/transport_state.h"
+#include "timecode/frame_number.h"
 
 #include <gmock/gmock.h>
 
@@ -53,6 +54,20 @@ TEST_F(Run, WithoutAStopTimeItRunsThroughMidnight) {
     tick();
     EXPECT_EQ(run.currentTime(), 0u);
     EXPECT_EQ(run.progress().phase, Phase::running);
+}
+
+TEST_F(Run, ADayLaterTheClockHasShownEveryTimeOfTheDay) {
+    for (const auto& rate : frameRates) {
+        setStripe("12:00:00:00", nullptr, rate.code);
+        run.play(From::startTime);
+        const auto first = frameNumber({12, 0, 0, 0}, rate);
+        for (std::uint64_t frame = 1; frame <= framesADay(rate); ++frame) {
+            tick();
+            ASSERT_EQ(run.currentTime(), pack(timeOfFrame(first + frame, rate))) << rate.name;
+        }
+        EXPECT_EQ(run.currentTime(), packed("12:00:00:00"));
+        run.stop();
+    }
 }
 
 TEST_F(Run, AtItsEndTheGeneratorIsStoppedTwice) {
