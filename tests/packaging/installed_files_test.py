@@ -4,6 +4,7 @@ tree, CMAKE its tool, ID the application ID."""
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import tempfile
 import unittest
@@ -83,14 +84,41 @@ class InstalledFiles(unittest.TestCase):
     def test_completion(self):
         for program in PROGRAMS:
             with self.subTest(program=program):
-                file = self.share / "bash-completion" / "completions" / program
                 path = self.prefix / "bin" / program
-                script = f"""compopt() {{ :; }}; source {file}
-                    COMP_WORDS=({path} --); COMP_CWORD=1
-                    _vexa {path} -- {path}; echo "${{COMPREPLY[@]}}"; complete -p {program}"""
-                completed = run("bash", "-c", script)
-                self.assertEqual(options(completed), options(run(path, "--help")))
-                self.assertIn(f"complete -F _vexa {program}", completed)
+                self.assertEqual(self.completions(program, "--"), options(run(path, "--help")))
+
+    def test_completion_of_values(self):
+        (self.prefix / "lists" / "older").mkdir(parents=True)
+        for name in ("list.vexaB", "cues.csv"):
+            (self.prefix / "lists" / name).touch()
+        for program, option, values in (
+            ("vexa-remote", "--midi", {"alsa", "jack", "none"}),
+            ("vexa-remote", "--rate", {"24fps", "25fps", "30fps", "30df"}),
+            ("vexa-remote", "--type", {"MTC", "DTL", "FSK"}),
+            ("vexa-remote", "--progress", {"text", "json"}),
+            ("vexa-remote", "--times", {"source", "record"}),
+            ("vexa-remote", "--import", {"list.vexaB", "cues.csv", "older"}),
+            ("vexa-remote", "--to", {"list.vexaB", "older"}),
+            ("vexa-remote", "--tape", set()),
+            ("vexa-generator", "--midi", {"alsa", "jack"}),
+            ("vexa-generator", "--log", {"list.vexaB", "cues.csv", "older"}),
+            ("vexa-ltc", "--bits", {"16", "24"}),
+            ("vexa-ltc", "--to", {"older"}),
+        ):
+            with self.subTest(program=program, option=option):
+                completed = self.completions(program, option, "", folder="lists")
+                self.assertEqual(completed, values)
+
+    def completions(self, program, *words, folder="."):
+        """What the last word completes to in this folder of the installed tree."""
+        file = self.share / "bash-completion" / "completions" / program
+        line = [str(self.prefix / "bin" / program), *words]
+        call = ["_vexa", line[0], line[-1], line[-2]]
+        script = f"""compopt() {{ :; }}; source {file}; complete -p {program} >/dev/null || exit
+            cd {self.prefix / folder} || exit
+            COMP_WORDS=({shlex.join(line)}); COMP_CWORD={len(line) - 1}
+            {shlex.join(call)}; echo "${{COMPREPLY[@]}}" """
+        return set(run("bash", "-c", script).split())
 
     def test_samples(self):
         samples = self.share / "doc" / "vexa-remote" / "examples"
