@@ -97,10 +97,4 @@ Moment JackClient::epoch() {
     return std::chrono::steady_clock::now() - std::chrono::microseconds(jack_get_time());
 }
 
-void silenceJack() {
-    const auto ignore = [](const char*) {};
-    jack_set_error_function(ignore);
-    jack_set_info_function(ignore);
-}
-
 } // namespace vexa

@@ -2,6 +2,7 @@
 
 #include "generator/output_options.h"
 #include "generator/unit.h"
+#include "jack_server/opened_on_jack.h"
 
 #include <jack/jack.h>
 
@@ -69,25 +70,13 @@ private:
     std::unique_ptr<jack_client_t, CloseClient> m_client;
 };
 
-/// Keeps the library from writing to the terminal.
-void silenceJack();
-
 /// A client on the running server; null if no server runs. Does not start one.
 template<typename Client>
 std::unique_ptr<Client> openedOnJack(const OutputOptions& options) {
-    silenceJack();
-    // A busy server can miss its own signal that a client has come or joined, and refuses the
-    // client five seconds later. A second attempt has the same chances as the first.
-    jack_status_t status{};
-    for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
-        auto* const handle = jack_client_open(generatorName, JackNoStartServer, &status);
-        if (!handle)
-            continue;
+    return openedOnJack(generatorName, [&](jack_client_t* handle) {
         auto client = std::make_unique<Client>(handle, options);
-        if (client->activate())
-            return client;
-    }
-    return nullptr;
+        return client->activate() ? std::move(client) : nullptr;
+    });
 }
 
 } // namespace vexa

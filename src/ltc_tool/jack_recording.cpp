@@ -1,5 +1,6 @@
 #include "ltc_tool/jack_recording.h"
 
+#include "jack_server/opened_on_jack.h"
 #include "ltc_tool/interruption.h"
 #include "ltc_tool/output.h"
 #include "tape/tape_error.h"
@@ -23,25 +24,22 @@ using namespace std::chrono_literals;
 /// An input that passes samples from JACK's thread to ours. Neither waits for the other.
 class JackInput {
 public:
-    JackInput() {
-        jack_set_error_function([](const char*) {});
-        jack_set_info_function([](const char*) {});
-        m_client.reset(jack_client_open("vexa-ltc", JackNoStartServer, nullptr));
-        if (!m_client)
-            throw TapeError("no JACK server is running");
-        m_port = jack_port_register(m_client.get(), "LTC", JACK_DEFAULT_AUDIO_TYPE,
-                                    JackPortIsInput | JackPortIsTerminal, 0);
+    explicit JackInput(jack_client_t* client)
+        : m_port(jack_port_register(client, "LTC", JACK_DEFAULT_AUDIO_TYPE,
+                                    JackPortIsInput | JackPortIsTerminal, 0)),
+          m_client(client) {
         constexpr std::size_t seconds = 10;
         m_samples.reset(jack_ringbuffer_create(seconds * sampleRate() * sizeof(float)));
-        jack_on_shutdown(m_client.get(), [](void* self) { of(self).m_isGone = true; }, this);
-        jack_set_process_callback(m_client.get(), process, this);
-        if (!m_port || !m_samples || jack_activate(m_client.get()) != 0)
-            throw TapeError("JACK does not take another input");
+        jack_on_shutdown(client, [](void* self) { of(self).m_isGone = true; }, this);
+        jack_set_process_callback(client, process, this);
     }
 
     ~JackInput() { m_client.reset(); }
     JackInput(const JackInput&) = delete;
     JackInput& operator=(const JackInput&) = delete;
+
+    /// Lets the server call process(). Returns false on failure.
+    bool activate() { return m_port && m_samples && jack_activate(m_client.get()) == 0; }
 
     std::uint32_t sampleRate() const { return jack_get_sample_rate(m_client.get()); }
     std::string name() const { return jack_port_name(m_port); }
@@ -83,26 +81,39 @@ private:
     std::atomic<bool> m_isGone = false;
     std::atomic<bool> m_hasLost = false;
     std::unique_ptr<jack_ringbuffer_t, Close> m_samples;
-    jack_port_t* m_port = nullptr;
+    jack_port_t* m_port;
     std::unique_ptr<jack_client_t, Close> m_client;
 };
+
+std::unique_ptr<JackInput> openInput() {
+    bool hasServer = false;
+    auto opened = openedOnJack("vexa-ltc", [&](jack_client_t* client) {
+        hasServer = true;
+        auto input = std::make_unique<JackInput>(client);
+        return input->activate() ? std::move(input) : nullptr;
+    });
+    if (!opened)
+        throw TapeError(hasServer ? "JACK does not take another input"
+                                  : "no JACK server is running");
+    return opened;
+}
 
 } // namespace
 
 TapeContents listenToJack(const std::string& source) {
-    JackInput input;
+    const auto input = openInput();
     if (!source.empty())
-        input.connect(source);
+        input->connect(source);
     TapeContents contents;
-    contents.name = input.name();
-    contents.sampleRate = input.sampleRate();
+    contents.name = input->name();
+    contents.sampleRate = input->sampleRate();
     ChannelReader reader(contents.sampleRate);
     complain("listening at " + contents.name + "; interrupt to end");
     std::array<float, 4096> room;
     while (true) {
-        const auto block = input.read(room);
+        const auto block = input->read(room);
         if (block.empty()) {
-            if (wasInterrupted() || input.isGone())
+            if (wasInterrupted() || input->isGone())
                 break;
             std::this_thread::sleep_for(20ms); // JACK's thread must not wake us: that could block
             continue;
@@ -115,9 +126,9 @@ TapeContents listenToJack(const std::string& source) {
     reader.finish();
     contents.stretches = reader.stretches();
     contents.stretchesBeyond = reader.stretchesBeyond();
-    if (input.isGone())
+    if (input->isGone())
         contents.readError = "the JACK server has ended";
-    else if (input.hasLost())
+    else if (input->hasLost())
         contents.readError = "sound came faster than it could be read";
     return contents;
 }

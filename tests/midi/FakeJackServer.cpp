@@ -27,6 +27,9 @@ struct State {
     std::deque<Change> changes;        ///< requested, not yet in force
     int delay = 0;                     ///< of changes, in periods
     bool hasLooked = false;            ///< the client, since the last period
+    bool hasEnded = false;
+    int refusals = 0; ///< of clients, still to come
+    int attempts = 0; ///< to open a client
     std::map<std::string, std::vector<std::string>> arrived;
     std::deque<std::vector<jack_midi_data_t>> events; ///< in the output's buffer
 
@@ -118,11 +121,16 @@ void FakeJackServer::runPeriod() {
 void FakeJackServer::end() {
     std::unique_lock lock{current->mutex};
     current->process = nullptr;
+    current->hasEnded = true;
     const auto shutdown = current->shutdown;
     lock.unlock();
     if (shutdown)
         shutdown(current->argument);
 }
+
+void FakeJackServer::refuseClients(int count) { current->refusals = count; }
+
+int FakeJackServer::attempts() const { return current->attempts; }
 
 std::vector<std::string> FakeJackServer::arrived(const std::string& port) const {
     const std::lock_guard lock{current->mutex};
@@ -137,8 +145,16 @@ extern "C" {
 void jack_set_error_function(void (*)(const char*)) {}
 void jack_set_info_function(void (*)(const char*)) {}
 
-jack_client_t* jack_client_open(const char*, jack_options_t, jack_status_t*, ...) {
-    return handle<jack_client_t>();
+jack_client_t* jack_client_open(const char*, jack_options_t, jack_status_t* status, ...) {
+    const std::lock_guard lock{current->mutex};
+    ++current->attempts;
+    const bool isRefused = current->refusals > 0;
+    current->refusals -= isRefused;
+    const int failure = current->hasEnded ? JackFailure | JackServerFailed
+                        : isRefused       ? JackFailure
+                                          : 0;
+    *status = static_cast<jack_status_t>(failure);
+    return failure ? nullptr : handle<jack_client_t>();
 }
 
 int jack_client_close(jack_client_t*) {

@@ -30,6 +30,11 @@ public:
     /// Ends, and tells the client.
     void end();
 
+    /// Refuses the next clients, as a busy server does.
+    void refuseClients(int count);
+    /// How many times a client has tried to open.
+    int attempts() const;
+
     /// Makes the call on another thread while periods run. Returns its result.
     template<class Call>
     auto running(Call call) {

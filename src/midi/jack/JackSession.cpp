@@ -1,5 +1,6 @@
 #include "midi/jack/JackSession.h"
 
+#include "jack_server/opened_on_jack.h"
 #include "midi/MidiDriver.h"
 
 #include <jack/midiport.h>
@@ -16,25 +17,13 @@ using namespace std::chrono_literals;
 constexpr std::size_t queueBytes = 65536;
 constexpr auto longestPeriod = 5s; // a server waits this long for a slow client
 
-void ignoreMessage(const char*) {}
-
 } // namespace
 
 std::unique_ptr<JackSession> JackSession::open() {
-    jack_set_error_function(ignoreMessage);
-    jack_set_info_function(ignoreMessage);
-    // A busy server can miss its own signal that a client has come or joined, and refuses the
-    // client five seconds later. A second attempt has the same chances as the first.
-    jack_status_t status{};
-    for (int attempts = 0; attempts < 3 && !(status & JackServerFailed); ++attempts) {
-        auto* client = jack_client_open(midiClientName, JackNoStartServer, &status);
-        if (!client)
-            continue;
+    return openedOnJack(midiClientName, [](jack_client_t* client) {
         std::unique_ptr<JackSession> session(new JackSession(client));
-        if (session->m_output && jack_activate(client) == 0)
-            return session;
-    }
-    return nullptr;
+        return session->m_output && jack_activate(client) == 0 ? std::move(session) : nullptr;
+    });
 }
 
 JackSession::JackSession(jack_client_t* client)
