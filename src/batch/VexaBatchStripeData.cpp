@@ -185,7 +185,7 @@ void VexaBatchStripeData::setObjectValue(const QString& value, QStringView colum
 }
 
 QString VexaBatchStripeData::timecodeStringFromBCDNumber(std::uint64_t number) {
-    return QString::fromLatin1(timecodeText(unpack(static_cast<PackedTimecode>(number))));
+    return QString::fromLatin1(timecodeText(number));
 }
 
 } // namespace vexa

@@ -37,9 +37,6 @@ bool comesBefore(const Place& a, const Place& b) {
     return a.row < b.row;
 }
 
-/// Zero if the item would never end.
-ClockTime timeOrZero(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
-
 ClockTime timeOfTape(std::uint64_t minutes) {
     constexpr auto longest = std::chrono::duration_cast<std::chrono::minutes>(ClockTime::max());
     const auto count = static_cast<std::uint64_t>(longest.count());
@@ -132,7 +129,7 @@ private:
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-QString timeText(PackedTimecode time) { return text(timecodeText(unpack(time))); }
+QString timeText(PackedTimecode time) { return text(timecodeText(time)); }
 
 QString refusalText(PackedTimecode time, std::uint64_t rate) {
     return timeText(time) + QStringLiteral(": ") +

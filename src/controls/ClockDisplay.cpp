@@ -19,7 +19,7 @@ constexpr int secondOfQuiet = 1000; // ms
 } // namespace
 
 ClockDisplay::ClockDisplay(QWidget* parent)
-    : QWidget(parent), m_text(QString::fromStdString(timecodeText({}))) {
+    : QWidget(parent), m_text(QString::fromStdString(timecodeText(Timecode{}))) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
@@ -29,7 +29,7 @@ void ClockDisplay::setBcdValue(std::uint64_t value) {
     if (time == m_time)
         return;
     m_time = time;
-    const auto before = std::exchange(m_text, QString::fromStdString(timecodeText(unpack(time))));
+    const auto before = std::exchange(m_text, QString::fromStdString(timecodeText(time)));
     const TimecodeWell well(rect(), TimecodeWell::Digits::fillHeight);
     for (qsizetype i = 0; i < m_text.size(); ++i)
         if (m_text[i] != before[i])

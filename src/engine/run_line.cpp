@@ -17,9 +17,7 @@ namespace {
 
 const QString separator = QStringLiteral(" · ");
 
-QString timeText(std::uint64_t packed) {
-    return QString::fromStdString(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
-}
+QString timeText(std::uint64_t packed) { return QString::fromStdString(timecodeText(packed)); }
 
 /// For example "25 fps MTC"; FSK carries no rate.
 QString codes(const StripeSettings& settings) {

@@ -46,9 +46,7 @@ private:
     QString m_text;
 };
 
-QString timeText(std::uint64_t packed) {
-    return latin1(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
-}
+QString timeText(std::uint64_t packed) { return latin1(timecodeText(packed)); }
 
 } // namespace
 

@@ -22,7 +22,7 @@ std::string ageText(DestinationStatus::Clock::duration age) {
 std::string messageText(const DestinationStatus::Sent& sent) {
     if (sent.message == Message::stop)
         return "stop";
-    return (sent.message == Message::start ? "start " : "setup ") + timecodeText(unpack(sent.time));
+    return (sent.message == Message::start ? "start " : "setup ") + timecodeText(sent.time);
 }
 
 std::string statusText(const DestinationStatus& status, DestinationStatus::Clock::time_point now) {

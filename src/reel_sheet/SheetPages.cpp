@@ -25,14 +25,9 @@ constexpr qreal boxSize = 9;
 const QColor ruleColor(0xb0, 0xb0, 0xb0);
 const QColor groundColor(0xe8, 0xe8, 0xe8);
 
-QString timeText(std::uint64_t packed) {
-    return QString::fromLatin1(timecodeText(unpack(static_cast<PackedTimecode>(packed))));
-}
+QString timeText(std::uint64_t packed) { return QString::fromLatin1(timecodeText(packed)); }
 
 QString lengthText(ClockTime time) { return QString::fromLatin1(durationText(time)); }
-
-/// Zero if the item would never end.
-ClockTime lengthOf(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
 
 /// A tick box, centred at this height.
 void paintBox(QPainter& painter, qreal left, qreal middle) {
@@ -62,7 +57,7 @@ void SheetPages::addReel(Rows reel) {
     const qreal room = m_size.height() - headHeight - columnTitlesHeight - footHeight;
     ClockTime time{};
     for (const auto& row : reel)
-        time += lengthOf(row.item);
+        time += timeOrZero(row.item);
     std::size_t first = 0;
     qreal used = 0;
     for (std::size_t i = 0; i < reel.size(); ++i) {
@@ -146,7 +141,7 @@ void SheetPages::paintRow(QPainter& painter, const ReelSheet::Row& row, qreal to
     paintSheetText(painter, title.topLeft(), item.title, title.width());
     paintCell(painter, cell(SheetColumn::start), timeText(item.start));
     paintCell(painter, cell(SheetColumn::stop), timeText(item.stop));
-    paintCell(painter, cell(SheetColumn::length), lengthText(lengthOf(item)));
+    paintCell(painter, cell(SheetColumn::length), lengthText(timeOrZero(item)));
     paintCell(painter, cell(SheetColumn::rate),
               QString::fromLatin1(frameRateForCode(item.rate).name));
     paintCell(painter, cell(SheetColumn::sync), QString::fromLatin1(syncTypeName(item.type)));

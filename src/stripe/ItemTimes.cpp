@@ -14,6 +14,8 @@ std::optional<ClockTime> timeOf(const BatchItem& item) {
     return frameTime(rate) * static_cast<std::int64_t>(*frames);
 }
 
+ClockTime timeOrZero(const BatchItem& item) { return timeOf(item).value_or(ClockTime::zero()); }
+
 ItemTimes::ItemTimes(const BatchItems& items) : m_rows(items.size()) {
     Row after{};
     for (std::size_t row = items.size(); row-- > 0;) {

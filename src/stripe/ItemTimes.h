@@ -13,6 +13,8 @@ namespace vexa {
 
 /// How long an item takes; empty if it would never end.
 std::optional<ClockTime> timeOf(const BatchItem& item);
+/// The same, but zero if it would never end.
+ClockTime timeOrZero(const BatchItem& item);
 
 /// How long a list takes from each row to its end. Added up once, so that asking costs nothing.
 class ItemTimes {

@@ -25,6 +25,10 @@ std::string timecodeText(const Timecode& time) {
     return text;
 }
 
+std::string timecodeText(std::uint64_t packed) {
+    return timecodeText(unpack(static_cast<PackedTimecode>(packed)));
+}
+
 bool isDropped(const Timecode& time) {
     return time.minutes % 10 != 0 && time.seconds == 0 && time.frames < 2;
 }

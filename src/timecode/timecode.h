@@ -32,6 +32,8 @@ PackedTimecode pack(const Timecode& time);
 /// "hh:mm:ss:ff", two digits per field, colons at every rate. A field above 99 has a character
 /// beyond '9' as its tens digit.
 std::string timecodeText(const Timecode& time);
+/// Of a packed time, as items and settings hold it. Ignores all but the 32 lowest bits.
+std::string timecodeText(std::uint64_t packed);
 
 /// Whether drop-frame counting (SMPTE ST 12-1) skips this number: frames 00 and 01 at the start of
 /// every minute, except minutes 00, 10, 20, 30, 40 and 50.

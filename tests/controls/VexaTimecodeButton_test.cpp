@@ -135,7 +135,7 @@ TEST_P(Validation, WritesFieldsAsItGoesAndStopsAtTheFirstBadOne) {
     button.setState(1);
     type(given.digits);
     EXPECT_EQ(button.handleKey(QStringLiteral("\r")), given.accepted);
-    EXPECT_EQ(timecodeText(unpack(button.bcdValue())), given.fieldsAfter);
+    EXPECT_EQ(timecodeText(button.bcdValue()), given.fieldsAfter);
     EXPECT_EQ(button.state(), given.accepted ? 0 : 1);
     EXPECT_EQ(title(), given.accepted ? given.fieldsAfter : "01:02:03:04");
     EXPECT_EQ(committed(), tc(given.accepted ? given.fieldsAfter : "01:00:00:00"));

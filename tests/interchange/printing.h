@@ -12,12 +12,9 @@ namespace vexa::test {
 
 /// "2: 7 Part one 01:00:00:00-01:10:00:00 25 fps MTC": line, reel and so on.
 inline std::string rowText(const ReadRows::Row& row) {
-    const auto time = [](std::uint64_t packed) {
-        return timecodeText(unpack(static_cast<PackedTimecode>(packed)));
-    };
     return std::to_string(row.line) + ": " + std::to_string(row.reel) + ' ' +
-           row.title.toStdString() + ' ' + time(row.settings.startTime) + '-' +
-           time(row.settings.stopTime) + ' ' +
+           row.title.toStdString() + ' ' + timecodeText(row.settings.startTime) + '-' +
+           timecodeText(row.settings.stopTime) + ' ' +
            std::string(frameRateForCode(row.settings.frameRate).name) + ' ' +
            std::string(syncTypeName(row.settings.syncType));
 }

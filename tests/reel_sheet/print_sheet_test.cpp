@@ -87,7 +87,7 @@ TEST_P(PaperSizes, HoldAThousandRowsUnderAHeadOnEachPage) {
     const auto text = printed.join(u' ');
     for (std::uint64_t row = 0; row < 1000; ++row)
         EXPECT_TRUE(text.contains(u"Row <%1> %2"_s.arg(row).arg(
-            QString::fromStdString(timecodeText(unpack(pack({row % 24, row / 24, 0, 0})))))))
+            QString::fromStdString(timecodeText({row % 24, row / 24, 0, 0})))))
             << row;
     EXPECT_GT(printed.size(), 10);
     for (qsizetype page = 0; page < printed.size(); ++page) {

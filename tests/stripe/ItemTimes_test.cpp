@@ -33,6 +33,11 @@ TEST(TimeOf, AnItemIsOfItsFramesAtItsRate) {
     EXPECT_EQ(timeOf(*endless), std::nullopt);
 }
 
+TEST(TimeOrZero, IsZeroForAnItemThatNeverEnds) {
+    EXPECT_EQ(timeOrZero(*hourOf24), 1h);
+    EXPECT_EQ(timeOrZero(*endless), 0s);
+}
+
 TEST(ItemTimes, AreAddedUpFromEachRowToTheLast) {
     const ItemTimes times({hourOf24, tenMinutesOf30Drop, oneFrameOf25});
     ASSERT_EQ(times.count(), 3u);

@@ -17,9 +17,7 @@ namespace vexa::test {
 inline std::uint64_t tc(const char* text) { return pack(timecodeFromText(text).value()); }
 
 /// The text on a display.
-inline std::string shown(const PlainDisplay& display) {
-    return timecodeText(unpack(display.bcdValue()));
-}
+inline std::string shown(const PlainDisplay& display) { return timecodeText(display.bcdValue()); }
 
 /// The generator's frames as text.
 inline const std::string stopFrame = "F0 7D 42 00 00 00 00 00 F7";

@@ -54,10 +54,15 @@ TEST(Timecode, PackedValuesCompareAsTimes) {
 }
 
 TEST(Timecode, PrintsTwoDigitsAField) {
-    EXPECT_EQ(timecodeText(unpack(0x01020304)), "01:02:03:04");
-    EXPECT_EQ(timecodeText(unpack(0x17000000)), "23:00:00:00");
-    EXPECT_EQ(timecodeText({}), "00:00:00:00");
+    EXPECT_EQ(timecodeText({1, 2, 3, 4}), "01:02:03:04");
+    EXPECT_EQ(timecodeText({23, 0, 0, 0}), "23:00:00:00");
+    EXPECT_EQ(timecodeText(Timecode{}), "00:00:00:00");
     EXPECT_EQ(timecodeText({0, 0, 0, 99}), "00:00:00:99");
+}
+
+TEST(Timecode, PrintsAPackedTimeWithoutTheBitsAboveIt) {
+    EXPECT_EQ(timecodeText(0x01020304), "01:02:03:04");
+    EXPECT_EQ(timecodeText(0xFF'17000000), "23:00:00:00");
 }
 
 TEST(Timecode, PrintsAFieldOver99WithACharacterBeyond9) {
