@@ -29,7 +29,7 @@ void renderHour(const std::string& name, int bits) {
     row.rate = &frameRateForCode(rate::fps25);
     RenderOptions options;
     options.format.bits = bits;
-    options.existing = Existing::Replace;
+    options.existing = Existing::replace;
     render({name, {row}}, folder(), options, [](double) {});
 }
 

@@ -86,7 +86,7 @@ const std::vector<Option>& options() {
          {},
          q("replace files that exist"),
          ofRender,
-         [](Line& line, Text, Text) { line.options.existing = Existing::Replace; }},
+         [](Line& line, Text, Text) { line.options.existing = Existing::replace; }},
         {q("--rows"), q("ROWS"), q("of the list, such as 1,3-5 (default: all)"), ofBoth,
          [](Line& line, Text name, Text value) { line.rows = rowsFrom(name, value); }},
         {q("--jack"),
@@ -116,9 +116,9 @@ const std::vector<Option>& options() {
 
 Action actionFrom(const QString& word) {
     if (word == QLatin1String("render"))
-        return Action::Render;
+        return Action::render;
     if (word == QLatin1String("check"))
-        return Action::Check;
+        return Action::check;
     throw Refusal{QStringLiteral("the first argument is render or check, not \"%1\"").arg(word)};
 }
 
@@ -126,7 +126,7 @@ Action actionFrom(const QString& word) {
 void takeOption(CommandLine& line, QStringList& arguments) {
     const auto argument = arguments.takeFirst();
     const auto name = argument.section(QLatin1Char('='), 0, 0);
-    const auto command = line.action == Action::Render ? ofRender : ofCheck;
+    const auto command = line.action == Action::render ? ofRender : ofCheck;
     const auto found = std::ranges::find(options(), name, &Option::name);
     if (found == options().end())
         throw Refusal{QStringLiteral("unknown option \"%1\"").arg(name)};
@@ -172,7 +172,7 @@ CommandLine readCommandLine(const QStringList& arguments) {
     if (arguments.contains(q("--help")) || arguments.contains(q("-h")))
         return line;
     if (arguments.contains(q("--version"))) {
-        line.action = Action::Version;
+        line.action = Action::version;
         return line;
     }
     if (arguments.isEmpty())
@@ -189,7 +189,7 @@ CommandLine readCommandLine(const QStringList& arguments) {
         else
             line.files += rest.takeFirst();
     }
-    line.action == Action::Render ? checkRender(line) : checkCheck(line);
+    line.action == Action::render ? checkRender(line) : checkCheck(line);
     return line;
 }
 

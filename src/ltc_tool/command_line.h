@@ -14,9 +14,9 @@ namespace vexa::ltc_tool {
 
 /// The user's command.
 struct CommandLine {
-    enum class Action { Render, Check, Help, Version };
+    enum class Action { render, check, help, version };
 
-    Action action = Action::Help;
+    Action action = Action::help;
     QStringList files;          ///< arguments that are no option's value
     std::set<std::size_t> rows; ///< of the list, from 0; empty for all
 

@@ -14,15 +14,15 @@ namespace {
 int run(const vexa::ltc_tool::CommandLine& line) {
     using namespace vexa::ltc_tool;
     switch (line.action) {
-    case CommandLine::Action::Help:
+    case CommandLine::Action::help:
         std::fputs(qUtf8Printable(helpText()), stdout);
         return status::good;
-    case CommandLine::Action::Version:
+    case CommandLine::Action::version:
         std::puts("vexa-ltc " VEXA_VERSION);
         return status::good;
     default:
         noteInterruptions();
-        return line.action == CommandLine::Action::Render ? runRender(line) : runCheck(line);
+        return line.action == CommandLine::Action::render ? runRender(line) : runCheck(line);
     }
 }
 

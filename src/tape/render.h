@@ -14,7 +14,7 @@ struct RenderOptions {
     WaveFormat format;
     double level = -18; ///< of the peaks, in dBFS: lowestLevel to 0
     double pause = 0;   ///< seconds between rows of a file, 0.05 at least
-    Existing existing = Existing::Keep;
+    Existing existing = Existing::keep;
 };
 
 /// Called now and then with the finished part of a file, from 0 to 1. If it throws, the file is

@@ -44,7 +44,7 @@ private:
         const auto late = first.numbers.begin - rangeOf(m_row).begin;
         if (late == 0 || !hasRate(first.passage))
             return;
-        auto& fault = add(Kind::Late, first.passage, first.passage.begin);
+        auto& fault = add(Kind::late, first.passage, first.passage.begin);
         fault.frames = late;
         fault.from = firstOf(first.passage, m_tapes);
     }
@@ -53,7 +53,7 @@ private:
         const auto early = rangeOf(m_row).end - last.numbers.end;
         if (early == 0 || !hasRate(last.passage))
             return;
-        auto& fault = add(Kind::Early, last.passage, last.passage.end);
+        auto& fault = add(Kind::early, last.passage, last.passage.end);
         fault.frames = early;
         fault.to = lastOf(last.passage, m_tapes);
     }
@@ -65,12 +65,12 @@ private:
                                              stretchOf(after.passage, m_tapes),
                                              m_tapes[recording].sampleRate, recording));
         } else if (before.numbers.end < after.numbers.begin) {
-            auto& fault = add(Kind::Missing, after.passage, after.passage.begin);
+            auto& fault = add(Kind::missing, after.passage, after.passage.begin);
             fault.frames = after.numbers.begin - before.numbers.end;
             fault.from = timeOfFrame(before.numbers.end, *m_row.rate);
             fault.to = timeOfFrame(after.numbers.begin - 1, *m_row.rate);
         } else if (before.numbers.end > after.numbers.begin) {
-            auto& fault = add(Kind::Back, after.passage, after.passage.begin);
+            auto& fault = add(Kind::back, after.passage, after.passage.begin);
             fault.frames = before.numbers.end - after.numbers.begin;
             fault.from = firstOf(after.passage, m_tapes);
         }
@@ -79,7 +79,7 @@ private:
     void addWithin(const Passage& passage) {
         const auto& stretch = stretchOf(passage, m_tapes);
         if (!hasRate(passage)) {
-            auto& fault = add(Kind::Rate, passage, passage.begin);
+            auto& fault = add(Kind::rate, passage, passage.begin);
             fault.rate = stretch.rate;
             fault.from = firstOf(passage, m_tapes);
         }
@@ -94,7 +94,7 @@ private:
     }
 
     void addRunOn(const Passage& passage) {
-        add(Kind::RunOn, passage, passage.begin).frames = passage.end - passage.begin;
+        add(Kind::runOn, passage, passage.begin).frames = passage.end - passage.begin;
     }
 
     bool hasRate(const Passage& passage) const {

@@ -54,7 +54,7 @@ std::string number(double value, const char* unit) {
 
 TapeFault unreadFault(const Stretch& stretch, const Hole& hole, std::size_t recording) {
     const auto first = frameNumber(stretch.first, *stretch.rate) + hole.firstFrame;
-    TapeFault fault{Kind::Unread, recording, hole.begin};
+    TapeFault fault{Kind::unread, recording, hole.begin};
     fault.frames = hole.frames;
     fault.from = timeOfFrame(first, *stretch.rate);
     fault.to = timeOfFrame(first + hole.frames - 1, *stretch.rate);
@@ -66,7 +66,7 @@ std::optional<TapeFault> speedFault(const Stretch& stretch, const TapeContents& 
     const double uncertain = exactness * tape.sampleRate / (stretch.end - stretch.begin);
     if (std::abs(stretch.speed) <= tolerance + uncertain)
         return {};
-    TapeFault fault{Kind::Speed, recording, stretch.begin};
+    TapeFault fault{Kind::speed, recording, stretch.begin};
     fault.from = stretch.first;
     fault.amount = stretch.speed;
     return fault;
@@ -78,10 +78,10 @@ bool followsAtOnce(const Stretch& before, const Stretch& after, std::uint32_t sa
 
 TapeFault junctionFault(const Stretch& before, const Stretch& after, std::uint32_t sampleRate,
                         std::size_t recording) {
-    TapeFault fault{Kind::Pause, recording, before.end};
+    TapeFault fault{Kind::pause, recording, before.end};
     const auto& rate = *before.rate;
     if (after.rate != &rate) {
-        fault.kind = Kind::Rate;
+        fault.kind = Kind::rate;
         fault.rate = after.rate;
         fault.from = after.first;
         return fault;
@@ -89,10 +89,10 @@ TapeFault junctionFault(const Stretch& before, const Stretch& after, std::uint32
     const auto way = signedDistance(before.last, after.first, rate);
     fault.from = after.first;
     if (way < 1) {
-        fault.kind = Kind::Back;
+        fault.kind = Kind::back;
         fault.frames = static_cast<std::uint64_t>(1 - way);
     } else if (way > 1) {
-        fault.kind = Kind::Missing;
+        fault.kind = Kind::missing;
         fault.frames = static_cast<std::uint64_t>(way - 1);
         fault.from = advanced(before.last, 1, rate);
         fault.to = frameBefore(after.first, rate);
@@ -100,7 +100,7 @@ TapeFault junctionFault(const Stretch& before, const Stretch& after, std::uint32
     const double excess = (after.begin - before.end) / sampleRate -
                           static_cast<double>(fault.frames) * rate.frameInterval;
     if (way == 1 || (way > 1 && excess > rate.frameInterval / 2)) {
-        fault.kind = Kind::Pause;
+        fault.kind = Kind::pause;
         fault.from = after.first;
         fault.amount = excess;
     }
@@ -127,26 +127,26 @@ std::vector<TapeFault> faultsOf(std::span<const TapeContents> tapes, double spee
 
 std::string text(const TapeFault& fault) {
     switch (fault.kind) {
-    case Kind::Unread:
+    case Kind::unread:
         return framesText(fault, "unread");
-    case Kind::Missing:
+    case Kind::missing:
         return framesText(fault, "missing");
-    case Kind::Back:
+    case Kind::back:
         return "back by " + framesText(fault.frames) + ", to " + timecodeText(fault.from);
-    case Kind::Pause:
+    case Kind::pause:
         return "stands still for " + number(fault.amount, "s") + " before " +
                timecodeText(fault.from) +
                (fault.frames > 0 ? ", without " + framesText(fault.frames) : "");
-    case Kind::Late:
+    case Kind::late:
         return "begins " + framesText(fault.frames) + " late, at " + timecodeText(fault.from);
-    case Kind::Early:
+    case Kind::early:
         return "ends " + framesText(fault.frames) + " early, after " + timecodeText(fault.to);
-    case Kind::Rate:
+    case Kind::rate:
         return std::string(fault.rate->name) + " from " + timecodeText(fault.from) + " on";
-    case Kind::Speed:
+    case Kind::speed:
         return number(std::abs(fault.amount) * 100, "%") +
                (fault.amount > 0 ? " too fast" : " too slow");
-    case Kind::RunOn:
+    case Kind::runOn:
         break;
     }
     return "runs on for " + framesText(fault.frames);

@@ -15,15 +15,15 @@ namespace vexa {
 /// A fault and its place. The kind decides which fields are used.
 struct TapeFault {
     enum class Kind {
-        Unread,  ///< unreadable frames, while time continues
-        Missing, ///< frames missing from the tape: the numbers jump forwards
-        Back,    ///< the numbers jump back by that many frames
-        Pause,   ///< the numbers continue after some time without timecode
-        Late,    ///< a row's first frames are missing
-        Early,   ///< a row's last frames are missing
-        Rate,    ///< differs from the row's
-        Speed,
-        RunOn, ///< reported, but not a fault: frames after the end of a row
+        unread,  ///< unreadable frames, while time continues
+        missing, ///< frames missing from the tape: the numbers jump forwards
+        back,    ///< the numbers jump back by that many frames
+        pause,   ///< the numbers continue after some time without timecode
+        late,    ///< a row's first frames are missing
+        early,   ///< a row's last frames are missing
+        rate,    ///< differs from the row's
+        speed,
+        runOn, ///< reported, but not a fault: frames after the end of a row
     };
 
     Kind kind;
@@ -35,7 +35,7 @@ struct TapeFault {
     double amount = 0; ///< a pause in seconds, or a speed as in Stretch
     const FrameRate* rate = nullptr;
 
-    bool isFault() const { return kind != Kind::RunOn; }
+    bool isFault() const { return kind != Kind::runOn; }
 };
 
 /// The fault for a hole.

@@ -80,7 +80,7 @@ public:
         if (m_error != 0)
             fail(m_error);
         const auto name = m_path.filename();
-        if (!(m_existing == Existing::Replace ? m_file->takePlaceOf(name.c_str())
+        if (!(m_existing == Existing::replace ? m_file->takePlaceOf(name.c_str())
                                               : m_file->takeFreePlace(name.c_str())))
             fail(errno);
     }
@@ -91,7 +91,7 @@ private:
         struct stat status{};
         if (fstatat(m_folder, m_path.filename().c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
             return;
-        if (m_existing == Existing::Keep)
+        if (m_existing == Existing::keep)
             fail(EEXIST);
         if (S_ISDIR(status.st_mode))
             fail(EISDIR);

@@ -20,7 +20,7 @@ struct WaveLabel {
     std::uint64_t expectedLength = 0; ///< in samples; selects RF64 above 4 GiB
 };
 
-enum class Existing { Keep, Replace };
+enum class Existing { keep, replace };
 
 /// Writes a broadcast WAV file of one channel. The file appears under its name only when finished;
 /// if abandoned, it leaves nothing behind. It is not synced to disk, as a file lost in a power

@@ -14,7 +14,7 @@ CommandLine accepted(const QString& words) { return readCommandLine(words.split(
 TEST(LtcCommandLine, RendersAList) {
     const auto line = accepted(u"render a.vexaB --to tapes --reels --rows 1,3 --level=-10.5 "
                                "--clock 96000 --bits 16 --pause 2.5 --force"_s);
-    EXPECT_EQ(line.action, CommandLine::Action::Render);
+    EXPECT_EQ(line.action, CommandLine::Action::render);
     EXPECT_EQ(line.files, QStringList(u"a.vexaB"_s));
     EXPECT_EQ(line.folder, u"tapes"_s);
     EXPECT_TRUE(line.filePerReel);
@@ -23,7 +23,7 @@ TEST(LtcCommandLine, RendersAList) {
     EXPECT_EQ(line.options.format.sampleRate, 96000U);
     EXPECT_EQ(line.options.format.bits, 16);
     EXPECT_EQ(line.pause, 2.5);
-    EXPECT_EQ(line.options.existing, Existing::Replace);
+    EXPECT_EQ(line.options.existing, Existing::replace);
 }
 
 TEST(LtcCommandLine, HasDefaults) {
@@ -34,7 +34,7 @@ TEST(LtcCommandLine, HasDefaults) {
     EXPECT_EQ(line.options.format.sampleRate, 48000U);
     EXPECT_EQ(line.options.format.bits, 24);
     EXPECT_FALSE(line.pause);
-    EXPECT_EQ(line.options.existing, Existing::Keep);
+    EXPECT_EQ(line.options.existing, Existing::keep);
 }
 
 TEST(LtcCommandLine, RendersASingleStripe) {
@@ -48,7 +48,7 @@ TEST(LtcCommandLine, RendersASingleStripe) {
 
 TEST(LtcCommandLine, ChecksRecordings) {
     const auto line = accepted(u"check --csv --channel 2 --speed 0.2 a.vexaB b.wav -- --c.wav"_s);
-    EXPECT_EQ(line.action, CommandLine::Action::Check);
+    EXPECT_EQ(line.action, CommandLine::Action::check);
     EXPECT_TRUE(line.csv);
     EXPECT_EQ(line.channel, 2);
     EXPECT_EQ(line.speedTolerance, 0.2);
@@ -57,9 +57,9 @@ TEST(LtcCommandLine, ChecksRecordings) {
 }
 
 TEST(LtcCommandLine, ShowsHelpAndVersion) {
-    EXPECT_EQ(accepted(u"--help"_s).action, CommandLine::Action::Help);
-    EXPECT_EQ(accepted(u"check --nonsense --help"_s).action, CommandLine::Action::Help);
-    EXPECT_EQ(accepted(u"--version"_s).action, CommandLine::Action::Version);
+    EXPECT_EQ(accepted(u"--help"_s).action, CommandLine::Action::help);
+    EXPECT_EQ(accepted(u"check --nonsense --help"_s).action, CommandLine::Action::help);
+    EXPECT_EQ(accepted(u"--version"_s).action, CommandLine::Action::version);
 }
 
 TEST(LtcCommandLine, RefusesWhatItCannotDo) {

@@ -69,7 +69,7 @@ TEST_F(Report, TellsOfARowThatIsWhole) {
 TEST_F(Report, TellsOfFaultsAndOfWhatIsOnNoRow) {
     m_rows[0].start = {1, 0, 2, 0};
     compareWithRows();
-    m_findings.verdict.rows[0].faults = {{TapeFault::Kind::Unread, 0, 96000, {1, 0, 3, 0}, {}, 1}};
+    m_findings.verdict.rows[0].faults = {{TapeFault::Kind::unread, 0, 96000, {1, 0, 3, 0}, {}, 1}};
     EXPECT_FALSE(isGood(m_findings));
     const auto text = reportText(m_findings);
     EXPECT_NE(text.find("Row 3:\n    0:00:02.000  1 frame unread, 01:00:03:00\n"),
@@ -81,7 +81,7 @@ TEST_F(Report, TellsOfFaultsAndOfWhatIsOnNoRow) {
 }
 
 TEST_F(Report, ShowsTheFirstOfManyFaults) {
-    m_findings.faults.assign(30, {TapeFault::Kind::Unread, 0, 0, {1, 0, 3, 0}, {}, 1});
+    m_findings.faults.assign(30, {TapeFault::Kind::unread, 0, 0, {1, 0, 3, 0}, {}, 1});
     EXPECT_FALSE(isGood(m_findings));
     EXPECT_NE(reportText(m_findings).find("    ... and 10 more\n"), std::string::npos);
 }

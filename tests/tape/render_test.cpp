@@ -45,7 +45,7 @@ TEST_F(Render, IsReadFrameByFrameAtEveryRateAndClock) {
                 const auto tape = row(start, timeOfFrame(first + 70, rate), rate.code);
                 RenderOptions options;
                 options.format.sampleRate = clock;
-                options.existing = Existing::Replace;
+                options.existing = Existing::replace;
                 renderTo("a.wav", {tape}, options);
                 EXPECT_EQ(wordsIn("a.wav", clock), wordsOf(tape)) << clock << ' ' << rate.name;
             }
@@ -72,7 +72,7 @@ TEST_F(Render, BeginsWithTheFirstWordAndSaysWhen) {
     };
     for (const auto& each : cases) {
         RenderOptions options;
-        options.existing = Existing::Replace;
+        options.existing = Existing::replace;
         const auto& rate = frameRateForCode(each.rate);
         renderTo("a.wav", {row(each.start, advanced(each.start, 3, rate), each.rate)}, options);
         EXPECT_EQ(startTimeOf("a.wav"), each.samples) << timecodeText(each.start) << rate.name;
@@ -102,7 +102,7 @@ TEST_F(Render, PausesFromTheEndOfARowToTheNext) {
 
 TEST_F(Render, EveryWordOfARowIsReadAfterTheShortestPause) {
     RenderOptions options;
-    options.existing = Existing::Replace;
+    options.existing = Existing::replace;
     for (const auto& before : frameRates)
         for (const auto& after : frameRates) {
             const auto a = row({1, 0, 0, 0}, {1, 0, 1, 0}, before.code);
@@ -139,7 +139,7 @@ TEST_F(Render, HasItsLevel) {
     for (const double level : {0.0, -18.0, -60.0}) {
         RenderOptions options;
         options.level = level;
-        options.existing = Existing::Replace;
+        options.existing = Existing::replace;
         renderTo("a.wav", {row({1, 0, 0, 0}, {1, 0, 0, 5}, rate::fps25)}, options);
         float peak = 0;
         for (const float sample : samplesOf(path("a.wav")))

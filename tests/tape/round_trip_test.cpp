@@ -22,7 +22,7 @@ protected:
         RenderOptions options;
         options.format.sampleRate = clock;
         options.pause = pause;
-        options.existing = Existing::Replace;
+        options.existing = Existing::replace;
         renderTo("a.wav", rows, options);
         const auto verdict = compare(rows, std::vector{contentsOf("a.wav")}, speedTolerance);
         std::vector<std::string> texts;

@@ -35,7 +35,7 @@ protected:
 TEST_F(WaveFileTest, HoldsItsSamplesAndItsLabel) {
     constexpr std::uint64_t startTime = 0x1'2345'6789;
     WaveFile file(path("a.wav"), {96000, 16}, {std::string(300, 'x'), startTime, 2},
-                  Existing::Keep);
+                  Existing::keep);
     file.write(std::array{0.5F, -1.0F});
     file.finish();
 
@@ -61,29 +61,29 @@ TEST_F(WaveFileTest, HoldsItsSamplesAndItsLabel) {
 
 TEST_F(WaveFileTest, IsSeenWhenItIsFinished) {
     {
-        WaveFile file(path("a.wav"), {}, {}, Existing::Keep);
+        WaveFile file(path("a.wav"), {}, {}, Existing::keep);
         file.write(std::array{0.5F});
         EXPECT_FALSE(exists(path("a.wav")));
     }
     EXPECT_EQ(entries(), 0U);
-    write(Existing::Keep);
+    write(Existing::keep);
     EXPECT_TRUE(exists(path("a.wav")));
     EXPECT_EQ(entries(), 1U);
 }
 
 TEST_F(WaveFileTest, ReplacesAnotherOnlyWhereItMay) {
-    write(Existing::Keep);
+    write(Existing::keep);
     const auto before = bytes(path("a.wav"));
     const auto name = '"' + path("a.wav").string() + '"';
-    EXPECT_EQ(faultOf([&] { write(Existing::Keep, 20); }), name + " exists already");
+    EXPECT_EQ(faultOf([&] { write(Existing::keep, 20); }), name + " exists already");
     EXPECT_EQ(bytes(path("a.wav")), before);
-    write(Existing::Replace, 20);
+    write(Existing::replace, 20);
     EXPECT_NE(bytes(path("a.wav")), before);
     EXPECT_EQ(entries(), 1U);
 }
 
 TEST_F(WaveFileTest, DoesNotReplaceOneThatCameMeanwhile) {
-    WaveFile file(path("a.wav"), {}, {}, Existing::Keep);
+    WaveFile file(path("a.wav"), {}, {}, Existing::keep);
     file.write(std::array{0.5F});
     std::ofstream(path("a.wav")) << "another's";
     EXPECT_NE(faultOf([&] { file.finish(); }), "none");
@@ -92,7 +92,7 @@ TEST_F(WaveFileTest, DoesNotReplaceOneThatCameMeanwhile) {
 
 TEST_F(WaveFileTest, TellsWhyItCannotBeWritten) {
     const auto fault = [&](const std::string& name) {
-        return faultOf([&] { WaveFile(path(name), {}, {}, Existing::Replace); });
+        return faultOf([&] { WaveFile(path(name), {}, {}, Existing::replace); });
     };
     EXPECT_EQ(fault("none/a.wav"),
               "cannot write \"" + path("none/a.wav").string() + "\": No such file or directory");
@@ -102,13 +102,13 @@ TEST_F(WaveFileTest, TellsWhyItCannotBeWritten) {
 
 TEST_F(WaveFileTest, OnAFullDiskLeavesNothing) {
     const FileSizeLimit limit(100'000);
-    EXPECT_EQ(faultOf([&] { write(Existing::Keep, 100'000); }),
+    EXPECT_EQ(faultOf([&] { write(Existing::keep, 100'000); }),
               "cannot write \"" + path("a.wav").string() + "\": File too large");
     EXPECT_EQ(entries(), 0U);
 }
 
 TEST_F(WaveFileTest, HasNoLimitOfFourGibibytes) {
-    WaveFile file(path("a.wav"), {48000, 24}, {"", 0, 1ULL << 31}, Existing::Keep);
+    WaveFile file(path("a.wav"), {48000, 24}, {"", 0, 1ULL << 31}, Existing::keep);
     file.write(std::array{0.5F});
     file.finish();
     EXPECT_EQ(bytes(path("a.wav")).substr(0, 4), "RF64");
