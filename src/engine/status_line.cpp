@@ -15,7 +15,7 @@ QString listTotal(const StatusSituation& now) {
     QStringList parts{counted(now.items, QStringLiteral("item")),
                       counted(now.reels, QStringLiteral("reel"))};
     if (now.time)
-        parts += QString::fromStdString(timeLeftText(*now.time));
+        parts += QString::fromStdString(durationText(*now.time));
     return parts.join(QStringLiteral(" · "));
 }
 

@@ -48,6 +48,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"oneItem",
                          with([](auto& now) { now.items = now.reels = 1; }),
                          {u"1 item · 1 reel · 1:14:20"_s, false}},
+                    Case{"aMinuteOfDropFrameNumbers", // 1800 frames
+                         with([](auto& now) {
+                             now.items = now.reels = 1;
+                             now.time = 1800 * RunLoop::Seconds(600) / 17982;
+                         }),
+                         {u"1 item · 1 reel · 1:00"_s, false}},
                     Case{"anItemThatNeverEnds",
                          with([](auto& now) { now.time.reset(); }),
                          {u"12 items · 2 reels"_s, false}},
