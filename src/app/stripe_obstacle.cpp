@@ -38,7 +38,7 @@ Obstacle obstacleInList(const CommandLine& line) {
     if (!file.exists())
         return isWrong(QStringLiteral("does not exist"));
     if (!file.isFile())
-        return isWrong(QStringLiteral("is no file"));
+        return isWrong(QStringLiteral("is not a file"));
     if (!file.isReadable())
         return isWrong(QStringLiteral("cannot be read"));
     const auto items = readListFile(line.file).size();

@@ -54,7 +54,7 @@ Timecode timeFrom(const QString& option, const QString& text) {
     const auto time = timecodeFromText(text.toStdString());
     if (!time)
         throw Refusal{
-            QStringLiteral("%1: \"%2\" is no time of the form hh:mm:ss:ff").arg(option, text)};
+            QStringLiteral("%1: \"%2\" is not a time of the form hh:mm:ss:ff").arg(option, text)};
     return *time;
 }
 
@@ -77,7 +77,8 @@ std::set<std::size_t> rowsFrom(const QString& option, const QString& text) {
         const auto last = part.section(QLatin1Char('-'), -1, -1).toUInt(&isLast);
         if (!isFirst || !isLast || first < 1 || last < first || last > mostRows ||
             part.count(QLatin1Char('-')) > 1)
-            throw Refusal{QStringLiteral("%1: \"%2\" are no rows such as 1,3-5").arg(option, text)};
+            throw Refusal{
+                QStringLiteral("%1: \"%2\" is not a list of rows such as 1,3-5").arg(option, text)};
         for (auto row = first; row <= last; ++row)
             rows.insert(row - 1);
     }

@@ -139,7 +139,7 @@ void VexaTimecodeButton::paste() {
     const bool hasAllDigits = std::ranges::count_if(text, isAsciiDigit) == digitCount;
     const auto written = hasAllDigits ? timeFromText(text) : std::nullopt;
     if (!written) {
-        showPlainToolTip(*this, tr("“%1” is no time").arg(text.left(longestQuote)));
+        showPlainToolTip(*this, tr("“%1” is not a time").arg(text.left(longestQuote)));
         return;
     }
     if (!isChecked())

@@ -94,7 +94,7 @@ private:
         if (!written && cell.isEmpty())
             refuse(QStringLiteral("no %1 time").arg(QLatin1String(name)));
         else if (!written)
-            refuse(QStringLiteral("“%1” is no time").arg(cell.left(longestQuote)));
+            refuse(QStringLiteral("“%1” is not a time").arg(cell.left(longestQuote)));
         return written.value_or(WrittenTime{});
     }
 
@@ -104,8 +104,8 @@ private:
         const auto cell = m_columns.cell(m_cells, column).trimmed();
         const auto value = reading(cell);
         if (!value && !cell.isEmpty())
-            refuse(
-                QStringLiteral("“%1” is no %2").arg(cell.left(longestQuote), QLatin1String(name)));
+            refuse(QStringLiteral("“%1” is not a %2")
+                       .arg(cell.left(longestQuote), QLatin1String(name)));
         return value;
     }
 

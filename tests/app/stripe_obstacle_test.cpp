@@ -75,7 +75,7 @@ TEST_F(StripeOfList, IsAFileThatIsNoList) {
     writeList(0);
     EXPECT_EQ(fault(), "is not a batch list, or is empty");
     line.file = folder.path();
-    EXPECT_EQ(fault(), "is no file");
+    EXPECT_EQ(fault(), "is not a file");
 }
 
 TEST_F(StripeOfList, IsARowThatIsNotThere) {

@@ -22,7 +22,7 @@ std::string refusalOf(Read read) {
 TEST(OptionValues, TimesNeedTheirForm) {
     EXPECT_EQ(timeFrom(u"--start"_s, u"01:02:03:99"_s), (Timecode{1, 2, 3, 99}));
     EXPECT_EQ(refusalOf([] { timeFrom(u"--start"_s, u"1:2:3"_s); }),
-              "--start: \"1:2:3\" is no time of the form hh:mm:ss:ff");
+              "--start: \"1:2:3\" is not a time of the form hh:mm:ss:ff");
 }
 
 TEST(OptionValues, CodesHaveTheNamesThatTheOperatorReads) {
@@ -37,7 +37,7 @@ TEST(OptionValues, CodesHaveTheNamesThatTheOperatorReads) {
 TEST(OptionValues, RowsAreCountedFromOne) {
     EXPECT_EQ(rowsFrom(u"--rows"_s, u"1,3-5,4"_s), (std::set<std::size_t>{0, 2, 3, 4}));
     EXPECT_EQ(refusalOf([] { rowsFrom(u"--rows"_s, u"0"_s); }),
-              "--rows: \"0\" are no rows such as 1,3-5");
+              "--rows: \"0\" is not a list of rows such as 1,3-5");
 }
 
 } // namespace

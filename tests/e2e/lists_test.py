@@ -39,7 +39,7 @@ class Lists(unittest.TestCase):
         done = self.run_import(self.file("cues.csv", CUES))
         self.assertEqual((done.returncode, done.stdout),
                          (1, "Rows added: 2; lines skipped: 1\n"))
-        self.assertEqual(done.stderr, "vexa-remote: line 4: “soon” is no time: soon\n")
+        self.assertEqual(done.stderr, "vexa-remote: line 4: “soon” is not a time: soon\n")
         done = program.run("--check", self.list)
         self.assertEqual((done.returncode, done.stderr), (1, ""))
         self.assertEqual(done.stdout, "row 2, reel 7, Part two: overlaps “Part one”, which ends at "

@@ -85,18 +85,17 @@ TEST_P(RefusedRows, AreNamedWithAReason) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, RefusedRows,
-    testing::Values(RefusedRow{u"My show", "no start time"},
-                    RefusedRow{u"2,b,01:00:00:00", "no stop time"},
-                    RefusedRow{u"2,b,soon,01:10:00:00", "“soon” is no time"},
-                    RefusedRow{u"2,b,01:00:00:25,01:10:00:00,25,MTC",
-                               "start time: no frame 25 at 25 fps"},
-                    RefusedRow{u"2,b,01:00:00:00,24:10:00:00,25,MTC", "stop time: no hour 24"},
-                    RefusedRow{u"2,b,01:01:00:00,01:10:00:00,29.97,MTC",
-                               "start time: no frame 0 in second 0 of minute 1 at 30 df"},
-                    RefusedRow{u"two,b,01:00:00:00,01:10:00:00,25,MTC", "“two” is no reel number"},
-                    RefusedRow{u"2,b,01:00:00:00,01:10:00:00,23.976,MTC",
-                               "“23.976” is no frame rate that can be striped"},
-                    RefusedRow{u"2,b,01:00:00:00,01:10:00:00,25,LTC", "“LTC” is no sync type"}));
+    testing::Values(
+        RefusedRow{u"My show", "no start time"}, RefusedRow{u"2,b,01:00:00:00", "no stop time"},
+        RefusedRow{u"2,b,soon,01:10:00:00", "“soon” is not a time"},
+        RefusedRow{u"2,b,01:00:00:25,01:10:00:00,25,MTC", "start time: no frame 25 at 25 fps"},
+        RefusedRow{u"2,b,01:00:00:00,24:10:00:00,25,MTC", "stop time: no hour 24"},
+        RefusedRow{u"2,b,01:01:00:00,01:10:00:00,29.97,MTC",
+                   "start time: no frame 0 in second 0 of minute 1 at 30 df"},
+        RefusedRow{u"two,b,01:00:00:00,01:10:00:00,25,MTC", "“two” is not a reel number"},
+        RefusedRow{u"2,b,01:00:00:00,01:10:00:00,23.976,MTC",
+                   "“23.976” is not a frame rate that can be striped"},
+        RefusedRow{u"2,b,01:00:00:00,01:10:00:00,25,LTC", "“LTC” is not a sync type"}));
 
 TEST(DelimitedRows, ShowTheBeginningOfALineThatIsRefused) {
     const auto rows = read(u"a\t"_s + QString(100'000, u'x') + u"\n"_s);
