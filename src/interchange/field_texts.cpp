@@ -42,8 +42,8 @@ std::optional<std::uint64_t> takeField(QStringView& text) {
 std::optional<bool> dropFrameNamed(QStringView suffix) {
     constexpr std::array drop{u"df", u"d", u"drop", u"dropframe"};
     constexpr std::array noDrop{u"ndf", u"nd", u"nondrop", u"nondropframe"};
-    const auto isIn = [suffix](const auto& names) {
-        return std::ranges::any_of(names, [&](const auto* name) { return suffix == name; });
+    const auto isIn = [suffix](const auto& list) {
+        return std::ranges::any_of(list, [&](const auto* name) { return suffix == name; });
     };
     if (isIn(drop))
         return true;

@@ -13,7 +13,7 @@ namespace {
 constexpr double longestHole = 1; // seconds
 
 /// The maximum deviation of a word from its time, in frames.
-constexpr double tolerance = 0.5;
+constexpr double mostDisplacement = 0.5;
 
 /// A word is alone if no other is within this part of its length, before or after it.
 constexpr double loneliness = 0.5;
@@ -46,7 +46,7 @@ StretchFinder::Step StretchFinder::step(const TapeWord& from, Rates rates,
         if (!rates[rate.code])
             continue;
         const auto frames = distance(from.time, to.time, rate);
-        if (frames == 0 || std::abs(elapsed - static_cast<double>(frames)) >= tolerance)
+        if (frames == 0 || std::abs(elapsed - static_cast<double>(frames)) >= mostDisplacement)
             continue;
         step.rates.set(rate.code);
         step.frames = frames; // frames that fit the time are equal at all rates
