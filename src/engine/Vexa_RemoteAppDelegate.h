@@ -101,6 +101,8 @@ public:
     /// During undo, puts the items back; otherwise deletes the rows.
     void undoRedoRemoveFromBatchList(const BatchItems& items, const RowIndexes& rows,
                                      const QString& actionName);
+    void undoRedoUseBatchStriping(bool useBatch, const QString& actionName);
+    void undoRedoBatchMode(std::uint64_t mode, const QString& actionName);
 
     // row_edits.cpp: each of these is one Undo, of items added, deleted or both
     /// Takes the rows of these items out of the list and adds the others, which are then selected.
@@ -113,10 +115,6 @@ public:
     void replaceRowBySettings();
     /// Opens the panel for an item that begins where the last row ends.
     void addNext();
-
-    // batch_editing.cpp
-    void undoRedoUseBatchStriping(bool useBatch, const QString& actionName);
-    void undoRedoBatchMode(std::uint64_t mode, const QString& actionName);
 
     // document_commands.cpp
     void newDocument();
