@@ -15,11 +15,20 @@ namespace vexa {
 
 namespace {
 
-using Display = std::unique_ptr<wl_display, decltype(&wl_display_disconnect)>;
+template<auto destroy>
+struct Destroy {
+    void operator()(auto* object) const { destroy(object); }
+};
+
+using Display = std::unique_ptr<wl_display, Destroy<wl_display_disconnect>>;
+using Registry = std::unique_ptr<wl_registry, Destroy<wl_registry_destroy>>;
+using Callback = std::unique_ptr<wl_callback, Destroy<wl_callback_destroy>>;
+using Activation = std::unique_ptr<xdg_activation_v1, Destroy<xdg_activation_v1_destroy>>;
+using Token = std::unique_ptr<xdg_activation_token_v1, Destroy<xdg_activation_token_v1_destroy>>;
 
 /// The compositor's answers so far.
 struct Answers {
-    xdg_activation_v1* activation = nullptr;
+    Activation activation;
     bool isComplete = false; ///< all globals are known
     QByteArray token;
 };
@@ -27,8 +36,8 @@ struct Answers {
 void noteGlobal(void* data, wl_registry* registry, std::uint32_t name, const char* interface,
                 std::uint32_t) {
     if (std::strcmp(interface, xdg_activation_v1_interface.name) == 0)
-        static_cast<Answers*>(data)->activation = static_cast<xdg_activation_v1*>(
-            wl_registry_bind(registry, name, &xdg_activation_v1_interface, 1));
+        static_cast<Answers*>(data)->activation.reset(static_cast<xdg_activation_v1*>(
+            wl_registry_bind(registry, name, &xdg_activation_v1_interface, 1)));
 }
 void noteRemoval(void*, wl_registry*, std::uint32_t) {}
 void noteEnd(void* data, wl_callback*, std::uint32_t) {
@@ -66,21 +75,23 @@ bool exchange(wl_display* display, const IsDone& isDone, const QElapsedTimer& ti
 } // namespace
 
 QByteArray attentionToken(std::chrono::milliseconds patience) {
-    const Display display(wl_display_connect(nullptr), wl_display_disconnect);
+    const Display display(wl_display_connect(nullptr));
     if (!display)
         return {};
     QElapsedTimer timer;
     timer.start();
-    Answers answers; // the compositor's objects end with the connection
-    wl_registry_add_listener(wl_display_get_registry(display.get()), &registryListener, &answers);
-    wl_callback_add_listener(wl_display_sync(display.get()), &endListener, &answers);
+    Answers answers;
+    const Registry registry(wl_display_get_registry(display.get()));
+    wl_registry_add_listener(registry.get(), &registryListener, &answers);
+    const Callback end(wl_display_sync(display.get()));
+    wl_callback_add_listener(end.get(), &endListener, &answers);
     const auto isComplete = [&] { return answers.isComplete; };
     if (!exchange(display.get(), isComplete, timer, patience) || !answers.activation)
         return {};
-    auto* token = xdg_activation_v1_get_activation_token(answers.activation);
-    xdg_activation_token_v1_add_listener(token, &tokenListener, &answers);
-    xdg_activation_token_v1_set_app_id(token, applicationId.toUtf8().constData());
-    xdg_activation_token_v1_commit(token);
+    const Token token(xdg_activation_v1_get_activation_token(answers.activation.get()));
+    xdg_activation_token_v1_add_listener(token.get(), &tokenListener, &answers);
+    xdg_activation_token_v1_set_app_id(token.get(), applicationId.toUtf8().constData());
+    xdg_activation_token_v1_commit(token.get());
     const auto hasToken = [&] { return !answers.token.isEmpty(); };
     exchange(display.get(), hasToken, timer, patience);
     return answers.token;
