@@ -17,7 +17,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "e2e"))
 from support.destination_words import claimed_messages  # noqa: E402
 
 STOP = "F0 7D 42 00 00 00 00 00 F7"
-RUN_SECONDS = 280
+RUN_SECONDS = 560
 RESTARTED = ["usb/order", "usb/same_serial_number", "usb/serial_number"]
 
 binaries, work = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
