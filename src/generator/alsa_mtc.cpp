@@ -48,11 +48,12 @@ snd_seq_real_time_t AlsaMtc::queueTime(Moment moment) const {
     return realTime(moment - m_queue.epoch());
 }
 
-void AlsaMtc::announce(const Timecode& time, const FrameRate& rate) {
+void AlsaMtc::announce(const Timecode& time, const FrameRate& rate, Moment moment) {
     auto message = mtcFullFrame(time, rate);
     auto full = event();
     snd_seq_ev_set_sysex(&full, message.size(), message.data());
-    snd_seq_ev_set_direct(&full);
+    const auto due = queueTime(moment);
+    snd_seq_ev_schedule_real(&full, m_queue.id(), 0, &due);
     snd_seq_event_output_direct(m_sequencer, &full);
 }
 

@@ -33,8 +33,8 @@ public:
     /// The sequencer and the queue must outlive this.
     AlsaMtc(snd_seq_t* sequencer, int port, const AlsaQueue& queue);
 
-    /// Sends a full frame.
-    void announce(const Timecode& time, const FrameRate& rate);
+    /// Sends a full frame at a moment, after the quarter frames that are due before it.
+    void announce(const Timecode& time, const FrameRate& rate, Moment moment);
 
     /// Starts the quarter frames of a run at a moment; fill() queues them.
     void start(const Timecode& first, const FrameRate& rate, Moment moment);

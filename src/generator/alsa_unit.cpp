@@ -191,9 +191,9 @@ void AlsaUnit::take(const SysEx& message, Moment arrival, Listener& listener) {
     listener.happened(report);
 }
 
-void AlsaUnit::act(const SetupFrame& setup, Moment) {
+void AlsaUnit::act(const SetupFrame& setup, Moment arrival) {
     if (setup.mode.sync == sync::mtc)
-        m_mtc->announce(setup.time, frameRateForCode(*setup.mode.rate));
+        m_mtc->announce(setup.time, frameRateForCode(*setup.mode.rate), arrival + delay);
 }
 
 void AlsaUnit::act(const StartFrame&, Moment arrival) {
