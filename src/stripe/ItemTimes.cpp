@@ -35,14 +35,19 @@ std::optional<ClockTime> ItemTimes::from(std::size_t row) const {
 }
 
 ListTotal totalOf(const BatchItems& items, RunLoop::Seconds pauseBetweenItems) {
-    if (items.empty())
-        return {.time = RunLoop::Seconds(0)};
     std::unordered_set<std::uint64_t> reels;
-    for (const auto& item : items)
+    ClockTime time{};
+    bool isEndless = false;
+    for (const auto& item : items) {
         reels.insert(item->reel);
-    ListTotal total{items.size(), reels.size(), ItemTimes(items).from(0)};
-    if (total.time)
-        *total.time += pauseBetweenItems * static_cast<double>(items.size() - 1);
+        const auto itemTime = timeOf(*item);
+        time += itemTime.value_or(ClockTime{});
+        isEndless = isEndless || !itemTime;
+    }
+    const auto pauses = items.empty() ? 0.0 : static_cast<double>(items.size() - 1);
+    ListTotal total{items.size(), reels.size(), {}};
+    if (!isEndless)
+        total.time = time + pauseBetweenItems * pauses;
     return total;
 }
 

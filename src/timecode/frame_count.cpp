@@ -28,12 +28,12 @@ std::optional<std::uint64_t> framesUntil(std::uint64_t now, std::uint64_t stop,
     const auto next = advanced(static_cast<PackedTimecode>(now), 1, rate);
     if (next >= stop)
         return 1;
-    const auto stopTime = unpack(static_cast<PackedTimecode>(stop));
-    const bool comesWithinTheDay =
-        stop <= UINT32_MAX && framesBefore(stopTime, rate) < framesADay(rate);
-    if (!isValid(unpack(next), rate) || !comesWithinTheDay)
+    if (stop > UINT32_MAX || !isValid(unpack(next), rate))
         return {};
-    return 1 + framesBefore(stopTime, rate) - framesBefore(unpack(next), rate);
+    const auto beforeStop = framesBefore(unpack(static_cast<PackedTimecode>(stop)), rate);
+    if (beforeStop >= framesADay(rate))
+        return {};
+    return 1 + beforeStop - framesBefore(unpack(next), rate);
 }
 
 } // namespace vexa

@@ -37,7 +37,7 @@ std::string refusal(const Timecode& time, const FrameRate& rate) {
     const auto none = [](std::string_view unit, std::uint64_t value) {
         return "no " + std::string(unit) + ' ' + std::to_string(value);
     };
-    const auto atRate = " at " + std::string(rate.name);
+    const auto atRate = [&] { return " at " + std::string(rate.name); };
     if (time.hours > 23)
         return none("hour", time.hours);
     if (time.minutes > 59)
@@ -45,10 +45,10 @@ std::string refusal(const Timecode& time, const FrameRate& rate) {
     if (time.seconds > 59)
         return none("second", time.seconds);
     if (time.frames >= static_cast<std::uint64_t>(rate.frameCount))
-        return none("frame", time.frames) + atRate;
+        return none("frame", time.frames) + atRate();
     if (rate.dropFrame && isDropped(time))
         return none("frame", time.frames) + " in second 0 of minute " +
-               std::to_string(time.minutes) + atRate;
+               std::to_string(time.minutes) + atRate();
     return {};
 }
 
