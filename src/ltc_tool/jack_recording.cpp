@@ -93,8 +93,8 @@ std::unique_ptr<JackInput> openInput() {
         return input->activate() ? std::move(input) : nullptr;
     });
     if (!opened)
-        throw TapeError(hasServer ? "JACK does not take another input"
-                                  : "no JACK server is running");
+        throw TapeError(hasServer ? "the JACK server does not take another input"
+                                  : "no JACK server answers");
     return opened;
 }
 

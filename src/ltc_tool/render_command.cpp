@@ -1,5 +1,6 @@
 #include "ltc_tool/render_command.h"
 
+#include "arguments/option_values.h"
 #include "defaults/user_defaults.h"
 #include "ltc_tool/interruption.h"
 #include "ltc_tool/list_rows.h"
@@ -8,6 +9,7 @@
 #include "text/printable.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -78,6 +80,8 @@ std::vector<TapeRow> withSignal(std::vector<TapeRow> rows) {
 }
 
 int renderList(const CommandLine& line, const RenderOptions& options) {
+    if (!QFileInfo(line.folder).isDir())
+        throw Refusal{QStringLiteral("\"%1\" is not a folder").arg(line.folder)};
     const auto all = listRows(line.files.constFirst(), line.rows);
     const auto rows = withSignal(all);
     bool isGood = rows.size() == all.size();

@@ -138,6 +138,7 @@ class Rendering(TapeTest):
             (("render", self.folder / "none", "--to", "."), "does not exist"),
             (("render", "/dev/null", "--to", "."), "is not a batch list, or is empty"),
             (("render", self.list, "--to", ".", "--rows", "9"), "there is no row 9"),
+            (("render", self.list, "--to", self.folder / "none"), "is not a folder"),
             (("check", self.folder / "none.wav"), "No such file or directory"),
         ):
             done = run(*arguments)
