@@ -1,4 +1,4 @@
-#include "support/ControllerRig.h"
+#include "engine/BatchListTest.h"
 
 #include <gmock/gmock.h>
 
@@ -17,33 +17,16 @@ BatchItemRef item(std::uint64_t reel, const QString& title) {
         BatchItem{reel, title, tc("01:00:00:00"), tc("01:10:00:00"), rate::fps25, sync::dtl, 90});
 }
 
-struct RowEdits : testing::Test {
+struct RowEdits : BatchListTest {
     RowEdits() {
         list().addItems({item(1, u"one"_s), item(2, u"two"_s), item(3, u"three"_s)});
         controller.handleBatchControlEnabling();
     }
 
-    void select(const RowIndexes& rows) {
-        rig.ui.batchTable.selectRows(rows);
-        controller.tableViewSelectionDidChange();
-    }
     void undoIt() {
         undo.endEvent();
         controller.undo();
     }
-    /// A list counts as saved even if it cannot be written.
-    void countAsSaved() { controller.saveDocumentWithURL(u"/nowhere/list.vexaB"_s); }
-    VexaBatchStripeData& list() { return controller.batchStripeData(); }
-    std::vector<std::string> titles() {
-        std::vector<std::string> titles;
-        for (const auto& each : list().batchList())
-            titles.push_back(each->title.toStdString());
-        return titles;
-    }
-
-    ControllerRig rig;
-    Vexa_RemoteAppDelegate& controller = rig.controller;
-    UndoManager& undo = controller.undoManager();
 };
 
 TEST_F(RowEdits, AreOneUndoUnderTheirName) {
