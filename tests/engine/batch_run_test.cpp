@@ -1,4 +1,4 @@
-#include "support/ControllerRig.h"
+#include "engine/BatchRunTest.h"
 
 #include <gmock/gmock.h>
 
@@ -9,31 +9,7 @@ using testing::IsEmpty;
 
 namespace {
 
-struct BatchRun : testing::Test {
-    BatchRun() {
-        controller.setStartTime(tc("09:00:00:00"), tc("10:00:00:00"), {});
-        controller.handleFrameRateMenuItems(rate::fps24);
-        controller.handleSyncTypeMenuItems(sync::dtl);
-    }
-
-    /// Three items of three frames, an hour apart, on these reels.
-    void addThreeItems(std::uint64_t reel1, std::uint64_t reel2, std::uint64_t reel3) {
-        auto& list = controller.batchStripeData();
-        list.addItemWithReel(reel1, QStringLiteral("one"),
-                             {tc("01:00:00:00"), tc("01:00:00:03"), rate::fps25, sync::mtc});
-        list.addItemWithReel(reel2, QStringLiteral("two"),
-                             {tc("02:00:00:00"), tc("02:00:00:03"), rate::fps30, sync::dtl});
-        list.addItemWithReel(reel3, QStringLiteral("three"),
-                             {tc("03:00:00:00"), tc("03:00:00:03"), rate::fps30Drop, sync::mtc});
-        controller.handleBatchControlEnabling();
-        controller.setUseBatch(true);
-    }
-
-    void endPause() { rig.runLoop.advance(RunLoop::Seconds(controller.delayInSeconds())); }
-
-    ControllerRig rig;
-    Vexa_RemoteAppDelegate& controller = rig.controller;
-};
+using BatchRun = BatchRunTest;
 
 TEST_F(BatchRun, BeginsWithTheFirstItemsOwnSettings) {
     addThreeItems(1, 1, 2);
@@ -78,115 +54,6 @@ TEST_F(BatchRun, TheNextItemStartsWithoutAnotherStop) {
     EXPECT_EQ(shown(rig.ui.currentTimeButton), "02:00:00:01");
 }
 
-TEST_F(BatchRun, ThePlayAndPauseCellsBlinkInThePauseBeginningWithPause) {
-    addThreeItems(1, 1, 2);
-    rig.press(transport::playing);
-    rig.tick(3);
-    std::vector<std::uint64_t> cells;
-    for (int i = 0; i < 9; ++i) {
-        rig.runLoop.advance(RunLoop::Seconds(0.5));
-        cells.push_back(rig.ui.transportMatrix.selectedTag());
-    }
-    EXPECT_THAT(cells, ElementsAre(2, 1, 2, 1, 2, 1, 2, 1, 2));
-    rig.runLoop.advance(RunLoop::Seconds(0.5));
-    EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::playing);
-    EXPECT_EQ(controller.currentTime(), tc("02:00:00:00"));
-}
-
-TEST_F(BatchRun, EveryPauseBeginsItsBlinkingWithPause) {
-    controller.setDelayInSeconds(0.7); // one blink: the other cell is next
-    addThreeItems(1, 1, 1);
-    rig.press(transport::playing);
-    for (int item = 0; item < 2; ++item) {
-        rig.tick(3);
-        rig.runLoop.advance(RunLoop::Seconds(0.6));
-        EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::paused) << item;
-        rig.runLoop.advance(RunLoop::Seconds(0.1));
-    }
-}
-
-TEST_F(BatchRun, AnotherReelIsAskedForOnce) {
-    addThreeItems(1, 1, 2);
-    rig.press(transport::playing);
-    rig.tick(3);
-    endPause();
-    EXPECT_THAT(rig.alerts.shown, IsEmpty());
-    rig.tick(3);
-    endPause();
-    ASSERT_EQ(rig.alerts.shown.size(), 1u);
-    EXPECT_EQ(rig.alerts.shown[0].message, QStringLiteral("Time to change reels"));
-    EXPECT_EQ(rig.alerts.shown[0].information,
-              QStringLiteral("Please load reel 2, then hit Continue"));
-    EXPECT_THAT(rig.alerts.shown[0].buttons, ElementsAre(QStringLiteral("Continue")));
-    EXPECT_EQ(controller.currentReel(), 2u);
-}
-
-TEST_F(BatchRun, WhileTheAlertIsUpNothingIsSentAndTicksAreLost) {
-    addThreeItems(1, 2, 2);
-    rig.press(transport::playing);
-    rig.tick(3);
-    rig.midi.takeBytes();
-    rig.alerts.whileShown = [this] {
-        EXPECT_TRUE(controller.waitingForReelChange());
-        EXPECT_THAT(rig.midi.takeBytes(), IsEmpty());
-        EXPECT_EQ(shown(rig.ui.currentTimeButton), "01:00:00:03");
-    };
-    endPause();
-    EXPECT_EQ(rig.alerts.shown.size(), 1u);
-    EXPECT_FALSE(controller.waitingForReelChange());
-    EXPECT_EQ(rig.midi.takeBytes().size(), 2u);
-}
-
-TEST_F(BatchRun, AnAlertTakenDownUnansweredEndsTheRun) {
-    addThreeItems(1, 2, 2);
-    rig.press(transport::playing);
-    rig.tick(3);
-    rig.midi.takeSent();
-    rig.alerts.answers = {alertUnanswered};
-    endPause();
-    EXPECT_THAT(rig.midi.takeBytes(), ElementsAre(stopFrame));
-    EXPECT_EQ(controller.transportState(), transport::stopped);
-    EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::stopped);
-    EXPECT_THAT(rig.runLoop.liveIntervals(), IsEmpty());
-}
-
-TEST_F(BatchRun, AStopWhileTheAlertIsUpKeepsTheNextItemFromStarting) {
-    addThreeItems(1, 2, 2);
-    rig.press(transport::playing);
-    rig.tick(3);
-    rig.midi.takeSent();
-    rig.alerts.whileShown = [this] { rig.press(transport::stopped); };
-    endPause();
-    for (const auto& bytes : rig.midi.takeBytes())
-        EXPECT_EQ(bytes, stopFrame);
-    EXPECT_EQ(controller.transportState(), transport::stopped);
-    EXPECT_THAT(rig.runLoop.liveIntervals(), IsEmpty());
-}
-
-TEST_F(BatchRun, ReelsAreNotAskedForWhenThePreferenceIsOff) {
-    controller.setPauseForReelChange(false);
-    addThreeItems(1, 1, 2);
-    rig.press(transport::playing);
-    for (int item = 0; item < 2; ++item) {
-        rig.tick(3);
-        endPause();
-    }
-    EXPECT_THAT(rig.alerts.shown, IsEmpty());
-    EXPECT_EQ(controller.currentReel(), 1u);
-}
-
-TEST_F(BatchRun, ALargeReelNumberIsAskedForAsItStands) {
-    addThreeItems(1, 1, 4000000000);
-    rig.press(transport::playing);
-    for (int item = 0; item < 2; ++item) {
-        rig.tick(3);
-        endPause();
-    }
-    ASSERT_EQ(rig.alerts.shown.size(), 1u);
-    EXPECT_EQ(rig.alerts.shown[0].information,
-              QStringLiteral("Please load reel 4000000000, then hit Continue"));
-}
-
 TEST_F(BatchRun, AfterTheLastItemTheClockEndsTheRunAndTheSettingsComeBack) {
     addThreeItems(1, 1, 1);
     rig.press(transport::playing);
@@ -206,31 +73,6 @@ TEST_F(BatchRun, AfterTheLastItemTheClockEndsTheRunAndTheSettingsComeBack) {
     EXPECT_EQ(controller.syncType(), sync::dtl);
     EXPECT_EQ(rig.ui.frameRateMatrix.cellOn(), rate::fps24);
     EXPECT_EQ(shown(rig.ui.startTimeButton), "09:00:00:00");
-}
-
-TEST_F(BatchRun, WithNoDelayTheNextItemStartsOnTheNextPassWithoutABlink) {
-    controller.setDelayInSeconds(0);
-    addThreeItems(1, 1, 1);
-    rig.press(transport::playing);
-    rig.tick(3);
-    EXPECT_EQ(controller.currentTime(), tc("01:00:00:03"));
-    rig.runLoop.advance(RunLoop::Seconds(0));
-    EXPECT_EQ(controller.currentTime(), tc("02:00:00:00"));
-    EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::playing);
-}
-
-TEST_F(BatchRun, StopInThePauseEndsTheBlinkAndTheNextItemNeverStarts) {
-    addThreeItems(1, 1, 2);
-    rig.press(transport::playing);
-    rig.tick(3);
-    rig.runLoop.advance(RunLoop::Seconds(0.6));
-    rig.press(transport::stopped);
-    rig.midi.takeBytes();
-    EXPECT_THAT(rig.runLoop.liveIntervals(), IsEmpty());
-    rig.runLoop.advance(RunLoop::Seconds(60));
-    EXPECT_THAT(rig.midi.takeBytes(), IsEmpty());
-    EXPECT_EQ(rig.ui.transportMatrix.selectedTag(), transport::stopped);
-    EXPECT_EQ(controller.transportState(), transport::stopped);
 }
 
 TEST_F(BatchRun, PauseThenPlayStartsAgainAtTheFirstItem) {
@@ -314,110 +156,6 @@ TEST_F(BatchRun, AnEmptySelectionEndsAtItsFirstTick) {
     EXPECT_EQ(controller.itemsToStripe(), 0u);
 }
 
-TEST_F(BatchRun, MarksTheItemUnderWayAndTheFinishedOnesAndKeepsTheSelection) {
-    addThreeItems(1, 1, 1);
-    const auto items = controller.batchStripeData().batchList();
-    const auto marks = [&] {
-        std::vector<StripeMark> shown;
-        for (const auto& item : items)
-            shown.push_back(rig.ui.batchTable.mark(item));
-        return shown;
-    };
-    using enum StripeMark;
-    rig.ui.batchTable.selectRows({2});
-    rig.press(transport::playing);
-    EXPECT_THAT(marks(), ElementsAre(underWay, none, none));
-    rig.tick(3);
-    EXPECT_THAT(marks(), ElementsAre(finished, none, none));
-    endPause();
-    EXPECT_THAT(marks(), ElementsAre(finished, underWay, none));
-    rig.press(transport::paused);
-    EXPECT_THAT(marks(), ElementsAre(finished, stoppedHere, none));
-
-    rig.press(transport::playing);
-    EXPECT_THAT(marks(), ElementsAre(underWay, none, none)) << "a run begins afresh";
-    for (int item = 0; item < 3; ++item) {
-        rig.tick(3);
-        endPause();
-    }
-    EXPECT_EQ(controller.transportState(), transport::stopped);
-    EXPECT_THAT(marks(), ElementsAre(finished, finished, finished));
-    EXPECT_EQ(rig.ui.batchTable.selectedRowIndexes(), RowIndexes{2});
-}
-
-TEST_F(BatchRun, MarksTheItemThatWouldHaveComeNextWhereItStopsInAPause) {
-    addThreeItems(1, 1, 2);
-    const auto items = controller.batchStripeData().batchList();
-    rig.press(transport::playing);
-    rig.tick(3);
-    rig.press(transport::stopped);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[0]), StripeMark::finished);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::stoppedHere);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::none);
-}
-
-TEST_F(BatchRun, MarksTheItemWhoseReelWasNotLoaded) {
-    addThreeItems(1, 2, 2);
-    const auto items = controller.batchStripeData().batchList();
-    rig.alerts.answers = {alertUnanswered};
-    rig.press(transport::playing);
-    rig.tick(3);
-    endPause();
-    ASSERT_EQ(controller.transportState(), transport::stopped);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::stoppedHere);
-}
-
-TEST_F(BatchRun, AnItemIsFinishedAlsoWhereItsReelHadToBeLoaded) {
-    addThreeItems(1, 1, 2);
-    const auto items = controller.batchStripeData().batchList();
-    rig.press(transport::playing);
-    for (int item = 0; item < 3; ++item) {
-        rig.tick(3);
-        endPause();
-    }
-    ASSERT_EQ(controller.transportState(), transport::stopped);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::finished);
-}
-
-TEST_F(BatchRun, ARunThatPlayBeginsAnewDidNotStopAnywhere) {
-    addThreeItems(1, 1, 1);
-    const auto items = controller.batchStripeData().batchList();
-    rig.press(transport::playing);
-    rig.tick(3);
-    endPause();
-    rig.press(transport::playing);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[0]), StripeMark::underWay);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::none);
-}
-
-TEST_F(BatchRun, ARunThatEndsByItselfDidNotStopAnywhere) {
-    addThreeItems(1, 1, 1);
-    const auto items = controller.batchStripeData().batchList();
-    rig.press(transport::playing);
-    rig.tick(3);
-    controller.batchStripeData().deleteIndexedItems({1, 2});
-    endPause();
-    ASSERT_EQ(controller.transportState(), transport::stopped);
-    for (const auto& item : {items[1], items[2]})
-        EXPECT_EQ(rig.ui.batchTable.mark(item), StripeMark::none);
-}
-
-TEST_F(BatchRun, ARunBeginsWithoutTheMarksOfTheOneBefore) {
-    addThreeItems(1, 1, 1);
-    rig.press(transport::playing);
-    for (int item = 0; item < 3; ++item) {
-        rig.tick(3);
-        endPause();
-    }
-    ASSERT_EQ(controller.transportState(), transport::stopped);
-    const auto& items = controller.batchStripeData().batchList();
-    ASSERT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::finished);
-    rig.press(transport::playing);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[0]), StripeMark::underWay);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[1]), StripeMark::none);
-    EXPECT_EQ(rig.ui.batchTable.mark(items[2]), StripeMark::none);
-}
-
 TEST_F(BatchRun, EveryChangeOfTheSettingsIsTold) {
     struct Codes {
         std::uint64_t rate, type;
@@ -436,15 +174,6 @@ TEST_F(BatchRun, EveryChangeOfTheSettingsIsTold) {
     endPause();
     rig.tick(3);
     EXPECT_EQ(told, (Codes{rate::fps24, sync::dtl})) << "the ones that come back";
-}
-
-TEST_F(BatchRun, AStripeOutsideTheListMarksNothing) {
-    addThreeItems(1, 1, 1);
-    controller.setUseBatch(false);
-    rig.press(transport::playing);
-    rig.tick(3);
-    for (const auto& item : controller.batchStripeData().batchList())
-        EXPECT_EQ(rig.ui.batchTable.mark(item), StripeMark::none);
 }
 
 } // namespace
