@@ -1,15 +1,12 @@
-#include "controls/VexaBatchTableHeader.h"
-#include "controls/VexaBatchTableView.h"
-#include "support/CleanDefaults.h"
+#include "controls/BatchTableTest.h"
 
-#include <QHelpEvent>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
-#include <QToolTip>
 #include <gtest/gtest.h>
+
+#include <optional>
 
 using namespace vexa;
 using namespace Qt::StringLiterals;
@@ -17,56 +14,7 @@ using namespace vexa::test;
 
 namespace {
 
-void setUp(VexaBatchTableView& table) {
-    table.setColumnIdentifiers({item_key::reel, item_key::title, item_key::start, item_key::stop,
-                                item_key::rate, item_key::type});
-    table.installHeader();
-    table.setIntercellSpacing(5.0, 2.0);
-    table.resize(760, 300);
-}
-
-struct TableView : testing::Test {
-    TableView() {
-        setUp(table);
-        addRows(3);
-        table.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&table));
-    }
-    void addRows(std::uint64_t count) {
-        for (std::uint64_t row = 0; row < count; ++row)
-            list.addItemWithReel(list.numItems(), u"item"_s, {0, 0, 0, 0});
-        table.reloadData();
-    }
-    QPoint middleOf(int row, int column) {
-        return table.visualRect(table.model()->index(row, column)).center();
-    }
-    bool isInView(int row) {
-        return table.viewport()->rect().contains(table.visualRect(table.model()->index(row, 0)));
-    }
-    void scrollTo(const BatchItemRef& item) {
-        table.scrollToItem(item);
-        QCoreApplication::processEvents();
-    }
-    void click(int row, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, modifiers, middleOf(row, 2));
-    }
-    void doubleClick(int row, int column) {
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, middleOf(row, column));
-        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, middleOf(row, column));
-    }
-    /// Replaces the text of the open editor and commits it.
-    void type(const QString& text) {
-        QTest::keyClicks(editor(), text);
-        QTest::keyClick(editor(), Qt::Key_Return);
-        QCoreApplication::processEvents();
-    }
-    QLineEdit* editor() { return table.viewport()->findChild<QLineEdit*>(); }
-
-    const CleanDefaults defaults;
-    VexaBatchStripeData list{nullptr};
-    VexaBatchTableView table;
-    QSignalSpy deletions{&table, &VexaBatchTableView::vexarowsdeleted};
-};
+using TableView = BatchTableTest;
 
 TEST_F(TableView, SelectsSeveralWholeRows) {
     QSignalSpy selections(&table, &VexaBatchTableView::selectionDidChange);
@@ -81,6 +29,14 @@ TEST_F(TableView, SelectsSeveralWholeRows) {
     EXPECT_FALSE(table.hasSelectedRows());
     table.selectAll();
     EXPECT_EQ(table.selectedRowIndexes(), (RowIndexes{0, 1, 2}));
+}
+
+TEST_F(TableView, KnowsTheOnlySelectedRow) {
+    EXPECT_EQ(table.onlySelectedRow(), std::nullopt);
+    click(1);
+    EXPECT_EQ(table.onlySelectedRow(), 1u);
+    click(2, Qt::ControlModifier);
+    EXPECT_EQ(table.onlySelectedRow(), std::nullopt);
 }
 
 TEST_F(TableView, AReloadLeavesNoRowSelectedAndTheViewWhereItIs) {
@@ -138,66 +94,6 @@ TEST_F(TableView, WithoutASelectionTheDeleteKeysAreNotTaken) {
     EXPECT_FALSE(table.handleKey(u"\x7f"_s));
     EXPECT_FALSE(table.handleDelete());
     EXPECT_EQ(deletions.count(), 0);
-}
-
-TEST_F(TableView, ADoubleClickEditsATitleAndNothingElse) {
-    for (const int column : {0, 2, 3, 4, 5}) {
-        doubleClick(1, column);
-        EXPECT_EQ(editor(), nullptr) << column;
-    }
-    doubleClick(1, 1);
-    ASSERT_NE(editor(), nullptr);
-    EXPECT_EQ(editor()->text(), u"item"_s);
-    QTest::keyClick(editor(), Qt::Key_Backspace);
-    QTest::keyClick(editor(), Qt::Key_Backspace);
-    type(u"A reel"_s);
-    EXPECT_EQ(list.batchList()[1]->title, u"A reel"_s);
-    EXPECT_EQ(list.batchList()[0]->title, u"item"_s);
-    EXPECT_EQ(deletions.count(), 0);
-}
-
-TEST_F(TableView, TheEditKeyEditsTheTitleFromAnyColumn) {
-    table.setCurrentIndex(table.model()->index(2, 4));
-    QTest::keyClick(&table, Qt::Key_F2);
-    ASSERT_NE(editor(), nullptr);
-    type(u"last"_s);
-    EXPECT_EQ(list.batchList()[2]->title, u"last"_s);
-}
-
-TEST_F(TableView, MarksLeaveATitleThatIsBeingTypedAsItIs) {
-    doubleClick(1, 1);
-    ASSERT_NE(editor(), nullptr);
-    const auto item = list.batchList()[1];
-    const auto mark = [&] {
-        table.markItem(item, StripeMark::underWay);
-        table.markItem(item, StripeMark::finished);
-        table.clearMarks();
-    };
-    mark();
-    EXPECT_EQ(editor()->selectedText(), u"item"_s) << "what is typed still replaces it";
-    QTest::keyClicks(editor(), u"A reel"_s);
-    mark();
-    EXPECT_EQ(editor()->text(), u"A reel"_s);
-    QTest::keyClick(editor(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(editor(), Qt::Key_Backspace);
-    mark();
-    EXPECT_EQ(editor()->text(), QString());
-    type(u"B"_s);
-    EXPECT_EQ(item->title, u"B"_s);
-}
-
-TEST_F(TableView, TheTitleThatIsBeingTypedCanBeTakenAtAnyTime) {
-    table.commitEditing();
-    for (const int column : {1, 4}) {
-        table.setCurrentIndex(table.model()->index(2, column));
-        QTest::keyClick(&table, Qt::Key_F2);
-        ASSERT_NE(editor(), nullptr);
-        QTest::keyClicks(editor(), u"column %1"_s.arg(column));
-        table.commitEditing();
-        EXPECT_EQ(list.batchList()[2]->title, u"column %1"_s.arg(column));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_EQ(editor(), nullptr);
-    }
 }
 
 TEST_F(TableView, TheKeyboardGoesOnFromTheRowItWasMovedTo) {
@@ -259,130 +155,6 @@ TEST_F(TableView, TheRowThatComesUnderWayIsBroughtIntoView) {
     table.reloadData();
     table.markItem(item, StripeMark::underWay);
     EXPECT_EQ(table.selectedRowIndexes(), RowIndexes());
-}
-
-TEST_F(TableView, ColumnsAreApartByTheIntercellSpacing) {
-    const auto* header = qobject_cast<VexaBatchTableHeader*>(table.horizontalHeader());
-    ASSERT_NE(header, nullptr);
-    EXPECT_EQ(header->spacing(), 5);
-    EXPECT_EQ(header->columnWidth(0), header->sectionSize(0) - 5);
-    const int content = table.rowHeight(0) - 2;
-    table.setIntercellSpacing(5.9, 10.0);
-    EXPECT_EQ(header->spacing(), 5) << "cut off towards zero";
-    EXPECT_EQ(table.rowHeight(0), content + 10);
-}
-
-TEST_F(TableView, AWidthThatTheOperatorGaveAColumnLasts) {
-    auto* header = table.horizontalHeader();
-    const int before = header->sectionSize(2);
-    const QPoint edge(header->sectionViewportPosition(3) - 1, header->height() / 2);
-    QTest::mousePress(header->viewport(), Qt::LeftButton, {}, edge);
-    QTest::mouseMove(header->viewport(), edge + QPoint(20, 0));
-    QTest::mouseMove(header->viewport(), edge + QPoint(60, 0));
-    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge + QPoint(60, 0));
-    EXPECT_EQ(header->sectionSize(2), before + 60);
-
-    VexaBatchTableView next;
-    setUp(next);
-    EXPECT_EQ(next.horizontalHeader()->sectionSize(2), before + 60);
-    EXPECT_EQ(next.horizontalHeader()->sectionSize(3), header->sectionSize(3));
-}
-
-TEST_F(TableView, TheTitlesTakeTheWidthThatIsLeft) {
-    const auto* header = table.horizontalHeader();
-    for (const int width : {500, 900}) {
-        table.resize(width, 300);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(header->length(), table.viewport()->width());
-    }
-}
-
-class FontScale : public testing::TestWithParam<int> {};
-
-TEST_P(FontScale, LeavesRoomForWhatTheColumnsAreMadeFor) {
-    const CleanDefaults clean;
-    VexaBatchTableView table;
-    auto font = table.font();
-    font.setPointSizeF(GetParam() * QFontInfo(font).pointSizeF());
-    table.setFont(font);
-    setUp(table);
-    font.setBold(true); // as in the row in progress
-    const QFontMetrics metrics(font);
-    auto* header = dynamic_cast<VexaBatchTableHeader*>(table.horizontalHeader());
-    const auto room = [&](int column) { return header->columnWidth(column); };
-    EXPECT_GE(room(0), metrics.horizontalAdvance(u"999999999"_s) + BatchRowDelegate::signWidth);
-    EXPECT_GE(room(2), metrics.horizontalAdvance(u"00:00:00:00"_s));
-    EXPECT_GE(room(3), metrics.horizontalAdvance(u"00:00:00:00"_s));
-    EXPECT_GE(room(4), metrics.horizontalAdvance(u"30 fps"_s));
-}
-
-INSTANTIATE_TEST_SUITE_P(Fonts, FontScale, testing::Values(1, 2, 3));
-
-TEST(TableWidths, OnesThatMakeNoSenseAreBounded) {
-    const CleanDefaults clean;
-    {
-        QSettings settings(QSettings::IniFormat, QSettings::UserScope, u"vexa-remote"_s,
-                           u"vexa-remote"_s);
-        settings.setValue(u"columnwidth/vexareel"_s, -5);
-        settings.setValue(u"columnwidth/vexastop"_s, 1e12);
-        settings.setValue(u"columnwidth/vexastart"_s, u"wide"_s);
-    }
-    VexaBatchTableView table;
-    setUp(table);
-    auto* header = table.horizontalHeader();
-    EXPECT_EQ(header->sectionSize(0), header->minimumSectionSize());
-    EXPECT_EQ(header->sectionSize(3), 4000);
-    EXPECT_EQ(header->sectionSize(2), header->minimumSectionSize());
-}
-
-TEST_F(TableView, TypingFindsATitle) {
-    list.addItemWithReel(9, u"Overture"_s, {0, 0, 0, 0});
-    table.reloadData();
-    table.moveKeyboardTo({0});
-    table.keyboardSearch(u"ov"_s);
-    EXPECT_EQ(table.onlySelectedRow(), 3u);
-}
-
-TEST_F(TableView, ShowsDurationsWhereTheOperatorWantsThem) {
-    const CleanDefaults clean;
-    list.batchList()[0]->stop = 0x00010203;
-    const int columns = table.model()->columnCount();
-    const int width = table.columnWidth(2);
-    click(1);
-    table.setShowsDurations(true);
-    ASSERT_EQ(table.model()->columnCount(), columns + 1);
-    EXPECT_EQ(table.model()->headerData(columns, Qt::Horizontal).toString(), u"Duration"_s);
-    EXPECT_EQ(table.model()->index(0, columns).data().toString(), u"1:02"_s);
-    EXPECT_FALSE(table.model()->flags(table.model()->index(0, columns)) & Qt::ItemIsEditable);
-    EXPECT_EQ(table.onlySelectedRow(), 1u);
-    EXPECT_EQ(table.columnWidth(2), width);
-
-    VexaBatchTableView another;
-    setUp(another);
-    EXPECT_EQ(another.model()->columnCount(), columns + 1);
-    table.setShowsDurations(false);
-    EXPECT_EQ(table.model()->columnCount(), columns);
-}
-
-TEST_F(TableView, KnowsTheOnlySelectedRow) {
-    EXPECT_EQ(table.onlySelectedRow(), std::nullopt);
-    click(1);
-    EXPECT_EQ(table.onlySelectedRow(), 1u);
-    click(2, Qt::ControlModifier);
-    EXPECT_EQ(table.onlySelectedRow(), std::nullopt);
-}
-
-TEST_F(TableView, ATitleThatDoesNotFitHasAToolTip) {
-    const auto toolTipAt = [this](int row) {
-        const auto cell = middleOf(row, 1);
-        QHelpEvent help(QEvent::ToolTip, cell, table.viewport()->mapToGlobal(cell));
-        QApplication::sendEvent(table.viewport(), &help);
-        return QToolTip::text();
-    };
-    list.batchList()[0]->title = u"A title of many words "_s.repeated(9);
-    EXPECT_EQ(toolTipAt(1), QString());
-    EXPECT_TRUE(toolTipAt(0).startsWith(u"A title of many"_s));
-    QToolTip::hideText();
 }
 
 TEST_F(TableView, TabLeavesTheTable) {
