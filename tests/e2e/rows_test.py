@@ -17,16 +17,6 @@ def setUpModule():
     desktop.start()
 
 
-def clipboard():
-    return subprocess.run(["xclip", "-selection", "clipboard", "-o"], capture_output=True,
-                          encoding="utf-8", timeout=10).stdout
-
-
-def put_on_clipboard(text):
-    subprocess.run(["xclip", "-selection", "clipboard"], input=text, encoding="utf-8", check=True,
-                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-
-
 class Rows(DeviceTest):
     def open_rows(self, *items):
         return self.open_list(items)
@@ -36,7 +26,7 @@ class Rows(DeviceTest):
         batch.select(1)
         window.keys("ctrl+x")
         batch.await_items([ONE, THREE])
-        eventually("the row is on the clipboard", lambda: 'say ""hm""' in clipboard())
+        eventually("the row is on the clipboard", lambda: 'say ""hm""' in desktop.copied_text())
         self.assertEqual(window.menu("Edit")[0], "Undo Cut")
         window.keys("ctrl+v")
         batch.await_items([ONE, TWO, THREE])
@@ -51,25 +41,26 @@ class Rows(DeviceTest):
     def test_come_from_a_spreadsheet(self):
         window, batch, _ = self.open_rows(ONE)
         batch.select(0)
-        put_on_clipboard("Title\tTape\tIn\tOut\tRate\tSync\n日本\t3\t1:00:00:00\t1:10:00:00\t24\tdtl\n")
-        window.keys("ctrl+v")
-        batch.await_items([ONE, THREE])
+        with desktop.clipboard("Title\tTape\tIn\tOut\tRate\tSync\n"
+                               "日本\t3\t1:00:00:00\t1:10:00:00\t24\tdtl\n"):
+            window.keys("ctrl+v")
+            batch.await_items([ONE, THREE])
 
     def test_that_cannot_be_taken_are_named_and_the_rest_can_be_taken(self):
         window, batch, _ = self.open_rows(ONE)
         batch.select(0)
-        put_on_clipboard("soon\n3\t日本\t01:00:00:00\t01:10:00:00\t24\tDTL\n")
-        window.keys("ctrl+v")
-        window.await_title("Paste")
-        eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
-        window.keys("Escape")
-        window.await_title("Paste", there=False)
-        batch.await_items([ONE])
-        window.keys("ctrl+v")
-        window.await_title("Paste")
-        eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
-        window.keys("Return")
-        batch.await_items([ONE, THREE])
+        with desktop.clipboard("soon\n3\t日本\t01:00:00:00\t01:10:00:00\t24\tDTL\n"):
+            window.keys("ctrl+v")
+            window.await_title("Paste")
+            eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
+            window.keys("Escape")
+            window.await_title("Paste", there=False)
+            batch.await_items([ONE])
+            window.keys("ctrl+v")
+            window.await_title("Paste")
+            eventually("the panel has read", lambda: window.is_enabled("Add Rows"))
+            window.keys("Return")
+            batch.await_items([ONE, THREE])
 
     def test_that_are_too_many_are_not_pasted(self):
         window, batch, _ = self.open_rows(ONE)
@@ -78,9 +69,9 @@ class Rows(DeviceTest):
             window.keys("ctrl+v")
             window.await_alert("What is on the clipboard is too long for a list.")
         window.answer("OK")
-        put_on_clipboard("\t".join(THREE.row))
-        window.keys("ctrl+v")
-        batch.await_items([ONE, THREE])
+        with desktop.clipboard("\t".join(THREE.row)):
+            window.keys("ctrl+v")
+            batch.await_items([ONE, THREE])
 
     def test_of_an_endless_edit_list_are_not_imported(self):
         window, batch, path = self.open_rows(ONE)
@@ -103,11 +94,12 @@ class Rows(DeviceTest):
     def test_times_are_copied_and_pasted(self):
         window = self.open_window()
         window.focus("Start time")
-        put_on_clipboard("01020304")
-        window.keys("ctrl+v", "Return")
-        window.await_shown("Start time", "01:02:03:04")
+        with desktop.clipboard("01020304"):
+            window.keys("ctrl+v", "Return")
+            window.await_shown("Start time", "01:02:03:04")
         window.keys("ctrl+c")
-        eventually("the time is on the clipboard", lambda: clipboard() == "01:02:03:04")
+        eventually("the time is on the clipboard",
+                   lambda: desktop.copied_text() == "01:02:03:04")
 
     def test_become_the_settings_and_settings_rows(self):
         window, batch, _ = self.open_rows(ONE, TWO)
@@ -158,9 +150,9 @@ class Rows(DeviceTest):
         window.await_title("Check List")
         self.assertTrue(window.is_shown("Nothing to report."))
         window.await_active("Check List")
-        put_on_clipboard("\t".join(overlapping.row))
-        window.choose("Edit", "Paste")
-        batch.await_items([ONE, overlapping, TWO])
+        with desktop.clipboard("\t".join(overlapping.row)):
+            window.choose("Edit", "Paste")
+            batch.await_items([ONE, overlapping, TWO])
         finding = "Row 2, “two” overlaps “one”, which ends at 01:10:00:00"
         eventually("the panel names it", lambda: window.is_shown(finding))
         window.keys("Tab", "Down", "Return")

@@ -10,7 +10,7 @@ import tempfile
 from gi.repository import Gio, GLib
 
 from support.processes import Child
-from support.waiting import eventually
+from support.waiting import PATIENCE, eventually
 
 BUS_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
@@ -92,21 +92,23 @@ def _has_window_manager():
     return asked.returncode == 0
 
 
+def copied_text():
+    """What is on the clipboard."""
+    asked = ["xclip", "-out", "-selection", "clipboard"]
+    answer = subprocess.run(asked, capture_output=True, check=False, timeout=PATIENCE)
+    return answer.stdout.decode()
+
+
 @contextlib.contextmanager
 def clipboard(text):
     """Makes this the text that another program has copied, meanwhile."""
-
-    def is_held():
-        asked = ["xclip", "-out", "-selection", "clipboard"]
-        return subprocess.run(asked, capture_output=True, check=False).stdout == text.encode()
-
     with tempfile.NamedTemporaryFile(prefix="vexa-e2e-clipboard-") as file:
         file.write(text.encode())
         file.flush()
         copying = ["xclip", "-quiet", "-selection", "clipboard", file.name]
         owner = Child(*copying, stderr=subprocess.DEVNULL)
         try:
-            eventually("the text is on the clipboard", is_held)
+            eventually("the text is on the clipboard", lambda: copied_text() == text)
             yield
         finally:
             owner.stop()
