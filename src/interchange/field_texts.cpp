@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
+#include <string_view>
 
 namespace vexa {
 
@@ -38,6 +40,10 @@ std::optional<std::uint64_t> takeField(QStringView& text) {
     return length == 1 || length == 2 ? std::optional(value) : std::nullopt;
 }
 
+QLatin1String latin1(std::string_view text) {
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
 /// Recognizes the counting mode after a rate's number: whether it is drop-frame.
 std::optional<bool> dropFrameNamed(QStringView suffix) {
     constexpr std::array drop{u"df", u"d", u"drop", u"dropframe"};
@@ -60,6 +66,20 @@ QString plainRate(QStringView text) {
             plain += letter.toLower();
     plain.remove(QLatin1String("fps"));
     return plain;
+}
+
+/// The code of the rate with that name, as the program itself writes it.
+std::optional<std::uint64_t> rateNamed(QStringView text) {
+    const auto* const row = std::ranges::find_if(frameRates, [text](const FrameRate& rate) {
+        return text.compare(latin1(rate.name), Qt::CaseInsensitive) == 0;
+    });
+    return row == frameRates.end() ? std::nullopt : std::optional(row->code);
+}
+
+/// Whether people call the rate by that number: 30000/1001 is 29.97, and 30 if it drops frames.
+bool isCalled(const FrameRate& rate, double number) {
+    const double exact = static_cast<double>(rate.frames) / static_cast<double>(rate.seconds);
+    return number == std::round(exact * 100) / 100 || (rate.dropFrame && number == rate.frameCount);
 }
 
 } // namespace
@@ -95,6 +115,8 @@ std::optional<std::uint64_t> rateFromText(QStringView text) {
     constexpr qsizetype longest = 40;
     if (text.size() > longest)
         return {};
+    if (const auto code = rateNamed(text.trimmed()))
+        return code;
     const auto plain = plainRate(text);
     const auto* const firstLetter =
         std::ranges::find_if(plain, [](QChar letter) { return letter.isLetter(); });
@@ -105,10 +127,8 @@ std::optional<std::uint64_t> rateFromText(QStringView text) {
     const auto drop = suffix.isEmpty() ? std::optional(number == 29.97) : dropFrameNamed(suffix);
     if (!isNumber || !drop)
         return {};
-    if (*drop)
-        return number == 30 || number == 29.97 ? std::optional(rate::fps30Drop) : std::nullopt;
-    const auto row = std::ranges::find_if(frameRates, [number](const FrameRate& rate) {
-        return !rate.dropFrame && rate.frameCount == number;
+    const auto row = std::ranges::find_if(frameRates, [&](const FrameRate& rate) {
+        return rate.dropFrame == *drop && isCalled(rate, number);
     });
     return row == frameRates.end() ? std::nullopt : std::optional(row->code);
 }
@@ -116,8 +136,7 @@ std::optional<std::uint64_t> rateFromText(QStringView text) {
 std::optional<std::uint64_t> syncTypeFromText(QStringView text) {
     for (std::uint64_t code = 0; code < sync::count; ++code) {
         const auto name = syncTypeName(code);
-        if (text.trimmed().compare(QLatin1String(name.data(), static_cast<qsizetype>(name.size())),
-                                   Qt::CaseInsensitive) == 0)
+        if (text.trimmed().compare(latin1(name), Qt::CaseInsensitive) == 0)
             return code;
     }
     return {};

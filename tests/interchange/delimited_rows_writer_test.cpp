@@ -1,4 +1,5 @@
 #include "interchange/delimited_rows.h"
+#include "timecode/frame_rate.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +57,7 @@ TEST(DelimitedText, IsReadBackAsItWas) {
          {u""_s, u" blanks "_s, u"a,b;c\td"_s, u"\""_s, u"\"\"\""_s, u"line\nbreak"_s, u"\r\n"_s,
           u"=1+1"_s, u"'=1"_s, u"'"_s, u"日本語"_s, u"שלום ‏"_s, u"🎬"_s, u"Start"_s,
           u"sep=;"_s, QString(u"\0"_s), u"\uFEFFmark"_s})
-        items.push_back(item(items.size(), title, items.size() % 4));
+        items.push_back(item(items.size(), title, items.size() % rate::count));
     for (const auto delimiter : {u',', u';', u'\t'})
         expectBack(items, delimiter);
 }
@@ -77,7 +78,7 @@ TEST(DelimitedText, IsReadBackWhateverTheTitles) {
         QString title;
         for (auto length = random() % 8; length > 0; --length)
             title += letters[static_cast<qsizetype>(random() % letters.size())];
-        items.push_back(item(random(), title, random() % 4));
+        items.push_back(item(random(), title, random() % rate::count));
     }
     for (const auto delimiter : {u',', u';', u'\t'})
         expectBack(items, delimiter);

@@ -68,6 +68,11 @@ INSTANTIATE_TEST_SUITE_P(
                     CodeCase{u"25 eggs", {}}, CodeCase{u"30 df 30", {}},
                     CodeCase{u"-25-", rate::fps25}, CodeCase{u"nan", {}}, CodeCase{u"2.5e1", {}}));
 
+TEST(RateFromText, ReadsEveryNameOfTheTable) {
+    for (const auto& rate : frameRates)
+        EXPECT_EQ(rateFromText(QString::fromUtf8(rate.name)), rate.code);
+}
+
 class WrittenReels : public testing::TestWithParam<CodeCase> {};
 
 TEST_P(WrittenReels, AreRead) { EXPECT_EQ(reelFromText(GetParam().text), GetParam().code); }
