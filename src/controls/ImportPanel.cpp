@@ -129,10 +129,13 @@ void ImportPanel::show(const ReadRows& rows) {
 
 /// The last column, which says what becomes of a line, takes the remaining width.
 void ImportPanel::setColumnWidths() {
-    const auto wide = {
-        QStringLiteral("500000"),      QStringLiteral("00000"),       QString(24, u'n'),
-        QStringLiteral("00:00:00:00"), QStringLiteral("00:00:00:00"), QStringLiteral("30 fps"),
-        QStringLiteral("MTC")};
+    const auto wide = {QStringLiteral("500000"),
+                       QStringLiteral("00000"),
+                       QString(24, u'n'),
+                       QStringLiteral("00:00:00:00"),
+                       QStringLiteral("00:00:00:00"),
+                       QString::fromUtf8(longestRateName()),
+                       QStringLiteral("MTC")};
     constexpr int padding = 14;
     int column = 0;
     for (const auto& text : wide)

@@ -4,6 +4,7 @@
 #include "controls/edge_colors.h"
 #include "controls/key_characters.h"
 #include "defaults/user_defaults.h"
+#include "timecode/frame_rate.h"
 
 #include <QAction>
 #include <QApplication>
@@ -27,7 +28,7 @@ int standardWidth(const QString& column, QFont font) {
         {item_key::title, QString(32, u'n')},
         {item_key::start, QStringLiteral("00:00:00:00")},
         {item_key::stop, QStringLiteral("00:00:00:00")},
-        {item_key::rate, QStringLiteral("30 fps")},
+        {item_key::rate, QString::fromUtf8(longestRateName())},
         {item_key::type, QStringLiteral("MTC")},
         {BatchTableModel::duration, QStringLiteral("00:00:00")}};
     font.setBold(true);

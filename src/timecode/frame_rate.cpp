@@ -1,5 +1,7 @@
 #include "timecode/frame_rate.h"
 
+#include <algorithm>
+
 namespace vexa {
 
 namespace {
@@ -16,6 +18,11 @@ static_assert(eachStandsAtItsCode());
 
 const FrameRate& frameRateForCode(std::uint64_t code) {
     return frameRates[code < frameRates.size() ? code : rate::fps30];
+}
+
+std::string_view longestRateName() {
+    const auto letters = [](const FrameRate& rate) { return rate.name.size(); };
+    return std::ranges::max_element(frameRates, {}, letters)->name;
 }
 
 } // namespace vexa

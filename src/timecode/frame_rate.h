@@ -51,4 +51,7 @@ inline constexpr std::uint64_t count = frameRates.size();
 
 const FrameRate& frameRateForCode(std::uint64_t code);
 
+/// The name with the most letters, for the width of a column.
+std::string_view longestRateName();
+
 } // namespace vexa

@@ -33,8 +33,13 @@ INSTANTIATE_TEST_SUITE_P(
                     RateCase{1, "25 fps", 25.0, 1.0 / 25, false, 25, 1},
                     RateCase{2, "30 fps", 30.0, 1.0 / 30, false, 30, 1},
                     RateCase{3, "30 df", 30.0, 0.033366700033366704, true, 30000, 1001},
-                    RateCase{4, "30 fps", 30.0, 1.0 / 30, false, 30, 1},
+                    RateCase{rate::count, "30 fps", 30.0, 1.0 / 30, false, 30, 1},
                     RateCase{UINT64_MAX, "30 fps", 30.0, 1.0 / 30, false, 30, 1}));
+
+TEST(FrameRate, NoNameHasMoreLettersThanTheLongest) {
+    for (const auto& rate : frameRates)
+        EXPECT_LE(rate.name.size(), longestRateName().size());
+}
 
 TEST(FrameRate, TheDropFrameIntervalIsThatOf2997) {
     EXPECT_DOUBLE_EQ(frameRateForCode(rate::fps30Drop).frameInterval, 1 / 29.97);
