@@ -66,8 +66,7 @@ const std::vector<Option>& options() {
          [](Line& line, Text name, Text value) { line.start = timeFrom(name, value); }},
         {q("--stop"), q("TIME"), q("the frame after its last"), ofRender,
          [](Line& line, Text name, Text value) { line.stop = timeFrom(name, value); }},
-        {q("--rate"), q("RATE"), q("\"24 fps\", \"25 fps\", \"30 fps\" (default) or \"30 df\""),
-         ofRender,
+        {q("--rate"), q("RATE"), oneOf(quoted(rateNames())) + q(" (default: 30 fps)"), ofRender,
          [](Line& line, Text name, Text value) { line.rate = rateCodeFrom(name, value); }},
         {q("--level"), q("DBFS"), q("the peak level, -60 to 0 (default: -18)"), ofRender,
          [](Line& line, Text name, Text value) {

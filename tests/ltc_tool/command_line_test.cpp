@@ -62,6 +62,11 @@ TEST(LtcCommandLine, ShowsHelpAndVersion) {
     EXPECT_EQ(accepted(u"--version"_s).action, CommandLine::Action::version);
 }
 
+TEST(LtcCommandLine, HelpNamesEveryRate) {
+    for (const auto& name : quoted(rateNames()))
+        EXPECT_TRUE(helpText().contains(name)) << name.toStdString();
+}
+
 TEST(LtcCommandLine, RefusesWhatItCannotDo) {
     const struct {
         QString words;
