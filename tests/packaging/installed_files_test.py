@@ -32,6 +32,12 @@ def options(text):
     return set(re.findall(r"--[a-z]+", text))
 
 
+def values(help_text, option):
+    """The values that an option's help lists after a colon."""
+    listed = re.search(rf"{option} <[a-z]+>\s+[\w\s]+: ([^.]+)\.", help_text)[1]
+    return {value.strip('"') for value in re.split(r",\s+|\s+or\s+", listed)}
+
+
 class InstalledFiles(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -87,14 +93,24 @@ class InstalledFiles(unittest.TestCase):
                 path = self.prefix / "bin" / program
                 self.assertEqual(self.completions(program, "--"), options(run(path, "--help")))
 
+    def test_values_in_the_help_are_in_the_manual_page_and_completed(self):
+        help_text = run(self.prefix / "bin" / "vexa-remote", "--help")
+        page = run("man", "-E", "UTF-8", "-l", self.share / "man" / "man1" / "vexa-remote.1")
+        for option in ("--midi", "--rate", "--type"):
+            with self.subTest(option=option):
+                listed = values(help_text, option)
+                self.assertGreater(len(listed), 2)
+                self.assertEqual([value for value in listed if value not in page], [])
+                self.assertEqual(
+                    self.completions("vexa-remote", option, ""),
+                    {value.replace(" ", "") for value in listed},
+                )
+
     def test_completion_of_values(self):
         (self.prefix / "lists" / "older").mkdir(parents=True)
         for name in ("list.vexaB", "cues.csv"):
             (self.prefix / "lists" / name).touch()
         for program, option, values in (
-            ("vexa-remote", "--midi", {"alsa", "jack", "none"}),
-            ("vexa-remote", "--rate", {"24fps", "25fps", "30fps", "30df"}),
-            ("vexa-remote", "--type", {"MTC", "DTL", "FSK"}),
             ("vexa-remote", "--progress", {"text", "json"}),
             ("vexa-remote", "--times", {"source", "record"}),
             ("vexa-remote", "--import", {"list.vexaB", "cues.csv", "older"}),
