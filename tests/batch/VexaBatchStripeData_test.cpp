@@ -1,4 +1,5 @@
 #include "batch/VexaBatchStripeData.h"
+#include "timecode/frame_rate.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -267,7 +268,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Cell{u"vexarate"_s, {0, {}, 0, 0, 1, 9, 0}, u"25 fps"_s},
                     Cell{u"vexarate"_s, {0, {}, 0, 0, 2, 9, 0}, u"30 fps"_s},
                     Cell{u"vexarate"_s, {0, {}, 0, 0, 3, 9, 0}, u"30 df"_s},
-                    Cell{u"vexarate"_s, {0, {}, 0, 0, 4, 9, 0}, u"30 fps"_s},
+                    Cell{u"vexarate"_s, {0, {}, 0, 0, rate::count, 9, 0}, u"30 fps"_s},
                     Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 0, 0}, u"MTC"_s},
                     Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 1, 0}, u"DTL"_s},
                     Cell{u"vexatype"_s, {0, {}, 0, 0, 9, 2, 0}, u"FSK"_s},

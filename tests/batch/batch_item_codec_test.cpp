@@ -36,7 +36,7 @@ PropertyList string(const QString& value) { return PropertyList(value); }
 Entries ordinary() {
     return {{u"vexareel"_s, number(1)},  {u"vexatitle"_s, string(u"t"_s)},
             {u"vexastart"_s, number(2)}, {u"vexastop"_s, number(3)},
-            {u"vexarate"_s, number(4)},  {u"vexatype"_s, number(5)},
+            {u"vexarate"_s, number(40)}, {u"vexatype"_s, number(5)},
             {u"vexaid"_s, number(6)}};
 }
 
@@ -64,7 +64,7 @@ QString row(const BatchItemRef& item) {
 }
 
 TEST(BatchItemCodec, ReadsAndWritesTheSevenKeys) {
-    const BatchItem fields{1, u"t"_s, 2, 3, 4, 5, 6};
+    const BatchItem fields{1, u"t"_s, 2, 3, 40, 5, 6};
     EXPECT_EQ(elementFromItem(fields), dictionary(ordinary()));
     EXPECT_EQ(*itemFromElement(dictionary(ordinary())), fields);
 }
@@ -122,44 +122,44 @@ INSTANTIATE_TEST_SUITE_P(
     Kinds, OddBatchItem,
     testing::Values(
         OddElement{"no keys", dictionary({}), {}, nothing},
-        OddElement{"no reel", without(item_key::reel), {0, u"t"_s, 2, 3, 4, 5, 6}, u"|t"_s + rest},
-        OddElement{"no title", without(item_key::title), {1, {}, 2, 3, 4, 5, 6}, u"1|"_s + rest},
-        OddElement{"no id", without(item_key::id), {1, u"t"_s, 2, 3, 4, 5, 0}, u"1|t"_s + rest},
+        OddElement{"no reel", without(item_key::reel), {0, u"t"_s, 2, 3, 40, 5, 6}, u"|t"_s + rest},
+        OddElement{"no title", without(item_key::title), {1, {}, 2, 3, 40, 5, 6}, u"1|"_s + rest},
+        OddElement{"no id", without(item_key::id), {1, u"t"_s, 2, 3, 40, 5, 0}, u"1|t"_s + rest},
         OddElement{"a key too many",
                    with(u"note"_s, string(u"keep"_s)),
-                   {1, u"t"_s, 2, 3, 4, 5, 6},
+                   {1, u"t"_s, 2, 3, 40, 5, 6},
                    u"1|t"_s + rest},
         OddElement{"digits for a reel",
                    with(item_key::reel, string(u"12"_s)),
-                   {12, u"t"_s, 2, 3, 4, 5, 6},
+                   {12, u"t"_s, 2, 3, 40, 5, 6},
                    u"12|t"_s + rest},
         OddElement{"words for a reel",
                    with(item_key::reel, string(u"12 b"_s)),
-                   {0, u"t"_s, 2, 3, 4, 5, 6},
+                   {0, u"t"_s, 2, 3, 40, 5, 6},
                    u"12 b|t"_s + rest},
         OddElement{"a negative reel",
                    with(item_key::reel, PropertyList(-2)),
-                   {0xFFFFFFFFFFFFFFFE, u"t"_s, 2, 3, 4, 5, 6},
+                   {0xFFFFFFFFFFFFFFFE, u"t"_s, 2, 3, 40, 5, 6},
                    u"-2|t"_s + rest},
         OddElement{"a real reel",
                    with(item_key::reel, PropertyList(2.5)),
-                   {2, u"t"_s, 2, 3, 4, 5, 6},
+                   {2, u"t"_s, 2, 3, 40, 5, 6},
                    u"2.5|t"_s + rest},
         OddElement{"a reel without bounds",
                    with(item_key::reel, PropertyList(std::numeric_limits<double>::infinity())),
-                   {0, u"t"_s, 2, 3, 4, 5, 6},
+                   {0, u"t"_s, 2, 3, 40, 5, 6},
                    u"inf|t"_s + rest},
         OddElement{"a boolean reel",
                    with(item_key::reel, PropertyList(true)),
-                   {0, u"t"_s, 2, 3, 4, 5, 6},
+                   {0, u"t"_s, 2, 3, 40, 5, 6},
                    u"|t"_s + rest},
         OddElement{"a number for a title",
                    with(item_key::title, number(7)),
-                   {1, u"7"_s, 2, 3, 4, 5, 6},
+                   {1, u"7"_s, 2, 3, 40, 5, 6},
                    u"1|7"_s + rest},
         OddElement{"an array for a title",
                    with(item_key::title, PropertyList(PropertyList::Array())),
-                   {1, {}, 2, 3, 4, 5, 6},
+                   {1, {}, 2, 3, 40, 5, 6},
                    u"1|"_s + rest},
         OddElement{"no dictionary but text", string(u"Reel 5"_s), {}, nothing},
         OddElement{"no dictionary but a number", number(5), {}, nothing},
