@@ -11,6 +11,9 @@
 #include <QAbstractButton>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <string>
+
 namespace vexa::test {
 
 /// The window with its controller, an empty list and no MIDI.
@@ -25,7 +28,9 @@ struct MainWindowTest : testing::Test {
 
     template<typename Widget = QAbstractButton>
     Widget& outlet(const char* name) {
-        return *window.findChild<Widget*>(QString::fromLatin1(name));
+        if (auto* const widget = window.findChild<Widget*>(QString::fromLatin1(name)))
+            return *widget;
+        throw std::out_of_range(std::string("the window has no ") + name);
     }
     void addItems(std::uint64_t count) {
         for (std::uint64_t reel = 1; reel <= count; ++reel)
