@@ -29,8 +29,7 @@ constexpr int interrupted = 130;
 /// The controller, with a terminal in place of the window.
 class TerminalStripe {
 public:
-    TerminalStripe(Vexa_MIDI_Manager& midiManager, ProgressOutput& output)
-        : m_midiManager(midiManager), m_output(output) {
+    explicit TerminalStripe(ProgressOutput& output) : m_output(output) {
         m_controller.applicationDidFinishLaunching();
     }
 
@@ -60,9 +59,6 @@ public:
                                                                                        : atItsEnd);
             },
             Qt::QueuedConnection);
-        // The answer follows everything sent before. The connection is then open, so the generator
-        // starts when the clock does.
-        m_midiManager.destinationList();
         connectOutput();
         m_controller.handleStripeMenuItems(transport::playing);
         return QCoreApplication::exec();
@@ -104,7 +100,6 @@ private:
         });
     }
 
-    Vexa_MIDI_Manager& m_midiManager;
     SilentOutlets m_outlets;
     ProgressOutput& m_output;
     SilentEntry m_clock; // silent: the output gets its frames from the run
@@ -130,7 +125,7 @@ int stripeInTerminal(const CommandLine& line, MidiSystem& system, Vexa_MIDI_Mana
         std::printf("Destination: %s\n",
                     destination ? printable(destinationName(system, destination)).c_str() : "none");
     const auto output = line.progressAsJson ? jsonProgress(midiManager) : textProgress();
-    TerminalStripe stripe(midiManager, *output);
+    TerminalStripe stripe(*output);
     stripe.setUp(line);
     return stripe.run(isExpected ? 0 : noDestination);
 }

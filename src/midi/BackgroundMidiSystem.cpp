@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto openingTime = 8s;   // to reach even a busy MIDI system and read the first list
-constexpr auto answerTime = 250ms; // to read a later list
+constexpr auto answerTime = 250ms; // to read a later list, or to hand over what was sent
 constexpr auto farewellTime = 1s;  // for the last messages
 constexpr auto maintenanceInterval = 2s;
 
@@ -151,6 +151,8 @@ QObject& BackgroundMidiSystem::listener() {
 }
 
 void BackgroundMidiSystem::callWaiting() {
+    if (m_isReached)
+        return; // awaitSent() was faster
     takeAnswerWithin(0s);
     m_isReached = true;
     for (const auto& then : std::exchange(m_waiting, {}))
@@ -273,6 +275,23 @@ void BackgroundMidiSystem::send(MidiObjectRef destination, std::span<const std::
             worker->tell(toTell, [then, delivery] { then(delivery); });
         worker->note(destination, handedOver);
     });
+}
+
+void BackgroundMidiSystem::awaitSent() {
+    if (awaitWorker() && !m_isReached) {
+        callWaiting();
+        awaitWorker();
+    }
+}
+
+/// Returns whether the worker has done in time what was posted before.
+bool BackgroundMidiSystem::awaitWorker() {
+    if (m_passed.valid() && m_passed.wait_for(0s) != std::future_status::ready)
+        return false;
+    const auto passed = std::make_shared<std::promise<void>>();
+    m_worker->post([passed](MidiDriver&) { passed->set_value(); });
+    m_passed = passed->get_future();
+    return m_passed.wait_for(answerTime) == std::future_status::ready;
 }
 
 void BackgroundMidiSystem::whenSeen(Seen seen) {

@@ -44,6 +44,8 @@ public:
     std::size_t numberOfEntities(MidiObjectRef device) override;
     void send(MidiObjectRef destination, std::span<const std::uint8_t> message,
               Delivered then = {}) override;
+    /// Until the destinations are known, also waits for them.
+    void awaitSent() override;
     /// Checks at each message, and every two seconds otherwise. Needs an event loop.
     void whenSeen(Seen seen) override;
 
@@ -59,12 +61,14 @@ private:
     bool takeAnswerWithin(std::chrono::milliseconds time);
     void readPorts();
     void callWaiting();
+    bool awaitWorker();
     const Endpoint* endpoint(MidiObjectRef object) const;
     template<typename Predicate>
     MidiObjectRef onlyListed(Predicate matches) const;
 
     std::shared_ptr<Worker> m_worker;
     std::future<std::vector<MidiPort>> m_answer;  ///< to the last request for the list
+    std::future<void> m_passed;                   ///< when the worker passes the last awaitWorker()
     bool m_isReached = false;                     ///< the first list has arrived, or timed out
     std::vector<std::function<void()>> m_waiting; ///< callbacks for the first list
     std::unique_ptr<QObject> m_listener;          ///< receives calls on the caller's thread

@@ -42,8 +42,8 @@ struct MidiDelivery {
 
 /// The program's view of a MIDI system. Objects form a tree: devices have entities, entities have
 /// endpoints. A program's endpoint has neither entity nor device. Missing properties and objects,
-/// and unknown references, return nothing, never an error. Called on one thread; no call waits for
-/// a device.
+/// and unknown references, return nothing, never an error. Called on one thread; only awaitSent()
+/// waits for a device, and not for long.
 class MidiSystem {
 public:
     virtual ~MidiSystem() = default;
@@ -76,6 +76,11 @@ public:
     /// thread. It is not reported for a reference that never was a destination.
     virtual void send(MidiObjectRef destination, std::span<const std::uint8_t> message,
                       Delivered then = {}) = 0;
+
+    /// Waits until what was sent before has been handed over, a quarter of a second at most. What
+    /// is sent next meets an open connection. If the device hangs, the next call does not wait
+    /// again.
+    virtual void awaitSent() {}
 
     using Seen = std::function<void(MidiObjectRef destination, bool isThere)>;
     /// Reports, on the same thread, when the last message's destination disappears or returns.

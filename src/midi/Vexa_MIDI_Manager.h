@@ -42,6 +42,9 @@ public:
     void sendMessage(std::span<const std::uint8_t> bytes,
                      const std::optional<DestinationStatus::Sent>& as = {});
 
+    /// Waits a moment until what was sent before has been handed over; see MidiSystem.
+    void awaitSent() { m_system.awaitSent(); }
+
     /// The names of all present destinations, in the system's order. Names may be empty or alike.
     /// The positions below refer to this list until the next call, whatever is plugged in or out.
     std::vector<std::string> destinationList();

@@ -274,6 +274,7 @@ class ADayInTheStudio(StudioTest):
         recording = Recording("Vexa Generator:LTC", tape)
         window = Window("--midi", "jack", "--destination", "Vexa Generator", str(items))
         self.addCleanup(window.close)
+        eventually("the generator is reached", lambda: "  stop" in self.text())
         window.press("Batch striping")
         window.press("Play")
         eventually("the list is striped", lambda: self.text().count("stop at") >= len(GOOD),

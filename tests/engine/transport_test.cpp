@@ -6,6 +6,7 @@ using namespace vexa;
 using namespace vexa::test;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -21,6 +22,13 @@ TEST_F(Transport, PlayFromStoppedSendsStopSetupStart) {
                 ElementsAre(stopFrame, frame("01 00 00 00", "05"), frame("01 00 00 00", "7F")));
     EXPECT_EQ(controller.transportState(), transport::playing);
     EXPECT_EQ(shown(rig.ui.currentTimeButton), "01:00:00:00");
+}
+
+TEST_F(Transport, TheSetupWaitsUntilTheStopHasGoneOut) {
+    rig.midi.takeSent();
+    rig.press(transport::playing);
+    EXPECT_EQ(rig.midi.sentWhenAwaited(), 1u);
+    EXPECT_THAT(rig.midi.takeBytes(), SizeIs(3));
 }
 
 TEST_F(Transport, TheClockCountsOneFrameATick) {

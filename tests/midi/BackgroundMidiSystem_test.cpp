@@ -301,6 +301,41 @@ TEST_F(BackgroundMidi, ABlockedDriverDoesNotBlockTheCaller) {
     EXPECT_THAT(world.sent, ElementsAre("usb1/0: 0", "usb1/0: 1", "usb1/0: 2"));
 }
 
+TEST_F(BackgroundMidi, WhatWasSentCanBeAwaited) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    world.hold(true);
+    sendByte(system->destination(0), 1);
+    const std::jthread release([this] { world.hold(false); });
+    system->awaitSent();
+    EXPECT_THAT(world.sent, ElementsAre("usb1/0: 1"));
+}
+
+TEST_F(BackgroundMidi, WhatWaitsForTheSystemCanBeAwaited) {
+    system.reset();
+    world.hold(true);
+    open();
+    system->whenReached([this] { sendByte(system->destination(2), 7); });
+    const std::jthread release([this] { world.hold(false); });
+    system->awaitSent();
+    EXPECT_THAT(world.sent, ElementsAre("program:x: 7"));
+    QCoreApplication::processEvents(); // the thread's own call comes too late
+    EXPECT_THAT(world.sent, ElementsAre("program:x: 7"));
+}
+
+TEST_F(BackgroundMidi, ABlockedDriverIsAwaitedOnceAndOnlyForAMoment) {
+    ASSERT_EQ(system->numberOfDestinations(), 3u);
+    world.hold(true);
+    sendByte(system->destination(0), 1);
+    const auto begin = std::chrono::steady_clock::now();
+    system->awaitSent();
+    const auto once = std::chrono::steady_clock::now();
+    for (int i = 0; i < 100; ++i)
+        system->awaitSent();
+    EXPECT_LT(std::chrono::steady_clock::now() - once, 50 * (once - begin));
+    EXPECT_THAT(world.sent, IsEmpty());
+    world.hold(false);
+}
+
 TEST_F(BackgroundMidi, ReadsTheFirstListAtOnceAndWaitsLongerForIt) {
     system.reset();
     world.readings = 0;

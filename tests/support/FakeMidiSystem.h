@@ -67,6 +67,10 @@ public:
         return bytes;
     }
 
+    void awaitSent() override { m_sentWhenAwaited = m_sent.size(); }
+    /// How many of the messages recorded now had been sent when they were last awaited.
+    std::size_t sentWhenAwaited() const { return m_sentWhenAwaited; }
+
     /// Until reach() is called, the destinations are unknown.
     void beOutOfReach() { m_isReached = false; }
     void reach() {
@@ -147,6 +151,7 @@ private:
     std::vector<MidiObjectRef> m_destinations; ///< present now
     std::vector<MidiObjectRef> m_listed;       ///< present at the last reading
     std::vector<Sent> m_sent;
+    std::size_t m_sentWhenAwaited = 0;
     Seen m_seen;
 };
 
