@@ -1,22 +1,17 @@
 #include "interchange/delimited_rows.h"
 #include "interchange/formula_guard.h"
+#include "interchange/latin1.h"
 #include "timecode/frame_rate.h"
 #include "timecode/sync_type.h"
 #include "timecode/timecode.h"
 
-#include <QLatin1String>
 #include <QStringList>
 
 #include <algorithm>
-#include <string_view>
 
 namespace vexa {
 
 namespace {
-
-QLatin1String latin1(std::string_view text) {
-    return {text.data(), static_cast<qsizetype>(text.size())};
-}
 
 class Writer {
 public:

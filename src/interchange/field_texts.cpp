@@ -1,16 +1,15 @@
 #include "interchange/field_texts.h"
 
+#include "interchange/latin1.h"
 #include "timecode/frame_rate.h"
 #include "timecode/sync_type.h"
 
-#include <QLatin1String>
 #include <QString>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <string_view>
 
 namespace vexa {
 
@@ -38,10 +37,6 @@ std::optional<std::uint64_t> takeField(QStringView& text) {
         value = value * 10 + (text[length++].unicode() - u'0');
     text = text.sliced(length);
     return length == 1 || length == 2 ? std::optional(value) : std::nullopt;
-}
-
-QLatin1String latin1(std::string_view text) {
-    return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
 /// Recognizes the counting mode after a rate's number: whether it is drop-frame.
